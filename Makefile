@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all demo test corpus bench fuzz format check-format tidy setup clean
+.PHONY: all setup build demo test corpus bench fuzz tidy format check-format clean
 
 all: build
 
@@ -10,11 +10,8 @@ setup:
 	@tools/setup.sh
 
 build: setup
-	@cmake --preset $(PRESET) > build-$(PRESET).log 2>&1 || { cat build-$(PRESET).log; rm -f build-$(PRESET).log; exit 1; }
-	@rm -f build-$(PRESET).log
+	cmake --preset $(PRESET) --log-level=WARNING
 	cmake --build $(BUILD) -j2
-
-.PHONY: build
 
 demo: build
 	tools/demo.sh $(BUILD)
@@ -29,10 +26,28 @@ corpus: build
 bench: build
 	bench/run.sh $(BUILD)
 
+# The parser under a fuzzer for a bounded time.
+SECONDS_TO_RUN ?= 300
+fuzz: setup
+	fuzz/run.sh build/fuzz $(SECONDS_TO_RUN)
+
+# The analyser over all sources, with the compile commands of the dev build.
+tidy: setup
+	tools/tidy.sh build/dev
+
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
-check-format:
+check-# The parser under a fuzzer for a bounded time.
+SECONDS_TO_RUN ?= 300
+fuzz: setup
+	fuzz/run.sh build/fuzz $(SECONDS_TO_RUN)
+
+# The analyser over all sources, with the compile commands of the dev build.
+tidy: setup
+	tools/tidy.sh build/dev
+
+format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
 
 clean:
