@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "module/frame/seam.h"
+
+/// A page of the product's option dialog. The constructor makes it known to the dialog, the
+/// destructor takes it out again. The frame calls the operations; the page belongs to its library.
+class KovraOptionPage {
+ public:
+  /// `path`: the page's place in the dialog's tree, parts between backslashes, in UTF-8.
+  explicit KovraOptionPage(const char* path);
+  virtual ~KovraOptionPage();
+  KovraOptionPage(const KovraOptionPage&) = delete;
+  KovraOptionPage& operator=(const KovraOptionPage&) = delete;
+
+  /// Makes the page's window inside the parent, unless it exists. True when it exists.
+  virtual bool CreatePage(CWnd* parent) = 0;
+  virtual bool IsPageCreated() = 0;
+  virtual bool DestroyPage() = 0;
+  virtual HWND PageWindow() = 0;
+  /// Shows the page for a flag above 0, else hides it. Non-zero when it was visible before.
+  virtual int ShowPage(int flag) = 0;
+  /// Stores what the page holds.
+  virtual void ApplyPage() = 0;
+  /// Fills the page from what is stored.
+  virtual void ReloadPage() = 0;
+  /// False keeps the dialog open.
+  virtual bool ValidatePage() = 0;
+  /// Answers the frame's questions by kind; the base answers 0.
+  virtual std::intptr_t PageInfo(int kind, int controlId);
+
+  /// Tells the frame that the page holds changes.
+  void SetModified();
+  bool IsModified() const { return modified_; }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+  bool modified_ = false;
+};
