@@ -1,0 +1,132 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dxf/result.h"
+
+/// What a program that drives the editor calls: documents, bound commands, the keyboard and the
+/// pointer. Points are in the current UCS of the active drawing unless a line says otherwise.
+/// Every error here is one that the user can be shown; nothing has been changed by a refused call.
+namespace kovra::arx::host {
+
+/// Names an open drawing for good; 0 names none.
+using DrawingId = uint32_t;
+
+struct DrawingInfo {
+  DrawingId id = 0;
+  std::filesystem::path file;  ///< empty when it was never saved
+  std::wstring title;
+  bool modified = false;  ///< saving it would write other bytes than the file has
+};
+
+struct SaveOptions {
+  bool backup = true;  ///< keep the former file as NAME.bak
+};
+
+// --- documents ---------------------------------------------------------------------------------
+
+/// Opens and activates. A file that is open already is activated and its id returned.
+Result<DrawingId> openDrawing(const std::filesystem::path& file);
+/// A new empty drawing, activated.
+Result<DrawingId> newDrawing();
+/// To its own file without `file`; a copy elsewhere doesn't change what the drawing is called.
+Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullptr,
+                         SaveOptions options = {});
+/// Cancels the drawing's commands until it is idle, tells the reactors, and drops what wasn't
+/// saved. With a command waiting below the caller the drawing closes as soon as that command has
+/// unwound; with no command it is closed on return.
+Result<void> closeDrawing(DrawingId id);
+/// Refused while activation is disabled, and for a drawing whose prompt lies below another's.
+Result<void> activateDrawing(DrawingId id);
+std::vector<DrawingInfo> drawings();
+/// 0 when no drawing is open.
+DrawingId currentDrawing();
+
+// --- commands ----------------------------------------------------------------------------------
+
+/// Binds a command name (compared without regard to case; without "." or "_") to a function that
+/// runs in the document's command context. A name that is bound or built in already is replaced.
+void bindCommand(std::wstring_view name, std::function<void()> run);
+void unbindCommand(std::wstring_view name);
+
+/// Runs the idle host until there is no more outside input or `stop` says so: commands start here,
+/// and everything they call waits on pumps inside. Never returns with a command running.
+void runIdle(const std::function<bool()>& stop = {});
+
+// --- what waits --------------------------------------------------------------------------------
+
+enum class WaitKind {
+  kNone,       ///< no drawing, or a command is running and waits for nothing
+  kIdle,       ///< a command name is awaited
+  kString,     ///< acedGetString and its kin: text, keyword, number
+  kPoint,      ///< a point prompt
+  kPick,       ///< a prompt for one entity
+  kSelection,  ///< a prompt for a selection set
+  kDrag        ///< a drag or a jig
+};
+
+struct Wait {
+  WaitKind kind = WaitKind::kNone;
+  DrawingId drawing = 0;
+  std::wstring command;     ///< the command that waits; empty at the idle host
+  std::wstring prompt;      ///< as shown
+  bool modalOnTop = false;  ///< a modal dialog or message box has the input instead
+};
+Wait topWait();
+
+/// Sends the cancel key (code 3) to the prompt on top; at the idle host it clears the line.
+/// Returns what was cancelled. Under a modal dialog it does nothing: the dialog is to be answered.
+Wait answerCancel();
+
+/// The refusal of outside input since the last call: an unknown command, text that a prompt asked
+/// again for, a value that a variable refuses. Input that a command sends itself isn't noted.
+std::optional<Error> takeRefusal();
+
+// --- keyboard ----------------------------------------------------------------------------------
+
+/// Characters for the active drawing's command line, as typed: '\n' or '\r' is Enter, code 3
+/// cancels, code 8 is a backspace. They are read by the pump, not here. Refused while a modal
+/// dialog or a message box is on top, and with no drawing.
+Result<void> typeText(std::wstring_view characters);
+/// Whether a plain Enter at the idle host repeats the last command (a terminal) or does nothing (a
+/// script).
+void setEnterRepeats(bool repeats);
+/// False when a terminal shows prompts and what is typed by itself: neither goes to the transcript.
+void setInputShown(bool shown);
+
+// --- pointer -----------------------------------------------------------------------------------
+
+struct PickPoint {
+  double x = 0;
+  double y = 0;
+  double z = 0;
+};
+
+/// Clicks at a point: answers a point prompt, ends a drag, picks at a pick or selection prompt.
+Result<void> clickPoint(PickPoint point);
+/// Moves the cursor there.
+Result<void> moveCursor(PickPoint point);
+/// Clicks on an entity, at a place where a pick gives it; an error if it has none.
+Result<void> pickEntity(uint64_t handle);
+/// What @select and @preselect name.
+struct SelectionArea {
+  PickPoint first;
+  PickPoint second;
+};
+struct SelectionInput {
+  std::optional<SelectionArea> box;  ///< window to the right, crossing to the left
+  std::vector<uint64_t> handles;     ///< in this order
+  bool all = false;
+};
+/// Answers the selection prompt; the prompt goes on until Enter.
+Result<void> select(const SelectionInput& input);
+/// Makes it the implied selection of the active drawing; only at the idle host.
+Result<void> preselect(const SelectionInput& input);
+
+}  // namespace kovra::arx::host
