@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/arx/error_status.h"
+
 class AcApDocManager;
 class AcApDocument;
 class AcApDocumentIterator;
@@ -16,10 +18,6 @@ struct DocumentInput;
 class DocumentList;
 struct DocumentSession;
 }  // namespace kovra::arx
-
-namespace Acad {
-enum ErrorStatus : int;
-}
 
 namespace AcAp {
 /// How a document is locked; values of the platform.
