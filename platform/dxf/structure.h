@@ -1,0 +1,147 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/dxf/record_store.h"
+
+namespace kovra::dxf {
+
+enum class TableKind : std::uint8_t {
+  kVport,
+  kLtype,
+  kLayer,
+  kStyle,
+  kView,
+  kUcs,
+  kAppId,
+  kDimStyle,
+  kBlockRecord,
+};
+inline constexpr std::size_t kTableKinds = 9;
+
+/// Number of a block within its drawing; model space is always kModelSpace.
+using BlockNumber = std::uint32_t;
+inline constexpr BlockNumber kModelSpace = 0;
+inline constexpr BlockNumber kNoBlock = 0xffffffffU;
+
+/// A block definition or a space (model space, a layout).
+struct Block {
+  std::wstring name;                    ///< "*Model_Space" also in files that have no such block
+  RecordIndex blockRecord = kNoRecord;  ///< BLOCK_RECORD table entry, if the file has one
+  RecordIndex begin = kNoRecord;        ///< BLOCK; kNoRecord for spaces of files without it
+  RecordIndex end = kNoRecord;          ///< ENDBLK
+  bool space = false;                   ///< model space or a layout
+  bool inEntities = false;              ///< (also) has its entities in the ENTITIES section
+};
+
+/// A point or vector of a header variable.
+struct HeaderPoint {
+  double x = 0;
+  double y = 0;
+  double z = 0;
+};
+
+/// Header variables, tables, blocks and spaces of a store; follows the store's changes.
+///
+/// Names are wide and compared without regard to case. Iteration skips erased records and costs no
+/// memory per entity.
+class Structure : private StoreListener {
+ public:
+  /// `store` must outlive this.
+  explicit Structure(RecordStore& store);
+  ~Structure() override;
+  Structure(const Structure&) = delete;
+  Structure& operator=(const Structure&) = delete;
+
+  // Header variables. Names have their "$". A variable's value is one group, or a point.
+  /// The record that holds all header variables; kNoRecord if the file has none.
+  RecordIndex headerRecord() const { return header_; }
+  bool hasVariable(std::string_view name) const;
+  std::optional<double> realVariable(std::string_view name) const;
+  std::optional<std::int64_t> integerVariable(std::string_view name) const;
+  std::optional<std::wstring> textVariable(std::string_view name) const;
+  std::optional<HeaderPoint> pointVariable(std::string_view name) const;
+  /// Setting writes the variable's own group; a missing variable is added with `code` (for a point
+  /// the code of x), a missing HEADER section made.
+  void setRealVariable(std::string_view name, int code, double value);
+  void setIntegerVariable(std::string_view name, int code, std::int64_t value);
+  void setTextVariable(std::string_view name, int code, std::wstring_view value);
+  void setPointVariable(std::string_view name, int code, const HeaderPoint& value);
+
+  // Symbol tables
+  /// The TABLE record; kNoRecord if the file has none.
+  RecordIndex tableRecord(TableKind table) const;
+  /// The entry of this name that isn't erased; the first of duplicates. kNoRecord: none.
+  RecordIndex findEntry(TableKind table, std::wstring_view name) const;
+  /// Entries in file order; kNoRecord behind the last.
+  RecordIndex firstEntry(TableKind table) const;
+  RecordIndex nextEntry(RecordIndex entry) const;
+  /// Name of a table entry, a BLOCK or an ATTDEF-like record's group 2, as the table spells it.
+  std::wstring entryName(RecordIndex entry) const;
+  /// Adds an entry at the end of its table, making the table and the section if they are missing.
+  RecordIndex addEntry(TableKind table, const RecordDraft& draft);
+  /// A draft of a new entry with handle, owner and markers by the dialect, and its name; the caller
+  /// appends the rest and passes it to addEntry.
+  void startEntry(TableKind table, std::wstring_view name, int flags, RecordDraft& draft);
+  /// A new layer with a color (1 to 255) and line type Continuous. Returns its record.
+  RecordIndex addLayer(std::wstring_view name, int color);
+  /// A new text style with a fixed height (0: none), width factor and font file.
+  RecordIndex addStyle(std::wstring_view name, double height, double widthFactor,
+                       std::wstring_view font);
+
+  // Blocks and spaces
+  BlockNumber blockCount() const;
+  const Block& block(BlockNumber number) const;
+  /// kNoBlock if there is none.
+  BlockNumber findBlock(std::wstring_view name) const;
+  /// The space that $TILEMODE and the layouts make the active paper space; kNoBlock: none.
+  BlockNumber paperSpace() const;
+  /// The handle of the block record, the owner of its entities; 0: none.
+  std::uint64_t blockHandle(BlockNumber number) const;
+  /// The name of a space for people: "Model", the layout's name; of other blocks the block's name.
+  std::wstring spaceName(BlockNumber number) const;
+  /// The block or space that an entity lies in; for attributes and vertices that of their main
+  /// entity. kNoBlock for what is no entity.
+  BlockNumber blockOf(RecordIndex entity) const;
+
+  // Entities in drawing order, oldest first. Attributes and vertices of another entity aren't
+  // listed; a standalone ATTRIB is.
+  RecordIndex firstEntity(BlockNumber number) const;
+  RecordIndex nextEntity(BlockNumber number, RecordIndex entity) const;
+  /// The record before which a new entity of this block is inserted, so that it is the newest.
+  /// kNoRecord if the block has no such place (then ensureEntities makes one for model space).
+  RecordIndex entityAnchor(BlockNumber number) const;
+  /// entityAnchor; makes the ENTITIES section if the file has none.
+  RecordIndex ensureEntities();
+
+  // Attributes of a block reference
+  /// First attribute of an INSERT that isn't erased; kNoRecord if it has none.
+  RecordIndex firstAttribute(RecordIndex insert) const;
+  RecordIndex nextAttribute(RecordIndex attribute) const;
+  /// The SEQEND of an INSERT or POLYLINE; kNoRecord if there is none.
+  RecordIndex seqEnd(RecordIndex main) const;
+  /// The INSERT that an attribute belongs to; kNoRecord for a standalone one.
+  RecordIndex insertOf(RecordIndex attribute) const;
+
+ private:
+  void afterChange(RecordIndex record) override;
+
+  struct Table {
+    RecordIndex table = kNoRecord;
+    RecordIndex end = kNoRecord;
+    std::unordered_multimap<std::wstring, RecordIndex> byName;  ///< folded names
+  };
+
+  RecordStore& store_;
+  RecordIndex header_ = kNoRecord;
+  std::array<Table, kTableKinds> tables_;
+  std::vector<Block> blocks_;
+};
+
+}  // namespace kovra::dxf
