@@ -1,0 +1,21 @@
+#pragma once
+
+#include "module/frame/seam.h"
+
+/// Look-ups in the layer table of the current database. Failure is a result; nothing is shown.
+namespace kovra {
+
+/// @return 0, or -1 when the table can't be opened or lacks the name
+int GLayerId(const ACHAR* name, AcDbObjectId& id);
+
+/// @return 1 when the table has the name, else 0
+int GLayerExists(const ACHAR* name);
+
+/// Like GLayerId, but the record must open too.
+bool GLayerIdAt(AcDbObjectId& id, const ACHAR* name);
+
+/// Whether a layer is locked; null or an empty name stands for the current layer. False for a
+/// layer that isn't there.
+bool IsLayerLocked(const ACHAR* name);
+
+}  // namespace kovra

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+
+#include "module/frame/seam.h"
+
+namespace kovra {
+
+/// Appends entities to the Model Space on a layer. The entities pass to the database; one that
+/// can't be appended is deleted.
+/// @param database null for that of the current document
+void AppendToModelSpace(AcDbDatabase* database, std::span<AcDbEntity* const> entities,
+                        const ACHAR* layer);
+
+}  // namespace kovra

@@ -1,0 +1,25 @@
+#include "module/frame/reporting.h"
+
+#include <vector>
+
+#include "module/frame/attach.h"
+
+namespace kovra {
+
+CString ResourceText(UINT id, int limit) {
+  std::vector<ACHAR> buffer(static_cast<std::size_t>(limit), ACHAR{});
+  LoadStringW(ResourceModule, id, buffer.data(), limit);
+  return CString(buffer.data());
+}
+
+int ShowMessage(UINT id) {
+  const CString text = ResourceText(id, kMessageBoxLength);
+  return MessageBoxW(nullptr, text.GetString(), L"AutoCAD", MB_TASKMODAL | MB_ICONEXCLAMATION);
+}
+
+void ProjectMessage(UINT id) {
+  const CString text = ResourceText(id, kCommandLineLength);
+  acutPrintf(L"%s", text.GetString());
+}
+
+}  // namespace kovra
