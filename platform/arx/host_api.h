@@ -13,6 +13,9 @@
 /// What a program that drives the editor calls: documents, bound commands, the keyboard and the
 /// pointer. Points are in the current UCS of the active drawing unless a line says otherwise.
 /// Every error here is one that the user can be shown; nothing has been changed by a refused call.
+/// What typed input leads to later (an unknown command, text that a prompt asks again for, a value
+/// that a variable refuses) is noted with Interaction::noteFailure, unless a command gave it
+/// itself.
 namespace kovra::arx::host {
 
 /// Names an open drawing for good; 0 names none.
@@ -83,10 +86,6 @@ Wait topWait();
 /// Sends the cancel key (code 3) to the prompt on top; at the idle host it clears the line.
 /// Returns what was cancelled. Under a modal dialog it does nothing: the dialog is to be answered.
 Wait answerCancel();
-
-/// The refusal of outside input since the last call: an unknown command, text that a prompt asked
-/// again for, a value that a variable refuses. Input that a command sends itself isn't noted.
-std::optional<Error> takeRefusal();
 
 // --- keyboard ----------------------------------------------------------------------------------
 

@@ -1,0 +1,94 @@
+// The base of all database objects, and opening them.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/arx/enums.h"
+#include "platform/arx/error_status.h"
+#include "platform/arx/object_id.h"
+#include "platform/arx/rx_class.h"
+
+class AcDbDatabase;
+namespace kovra::arx {
+class ObjectTable;
+class Groups;
+}  // namespace kovra::arx
+
+/// An object of a drawing: a view of one record's groups. In a database it is either open for read
+/// by any number of openers, who share the one object, or open for write by one; an opener calls
+/// close and then forgets the pointer. Changes reach the record when the writer closes or
+/// downgrades. An object outside a database holds groups of its own, is always readable and
+/// writable, and belongs to whoever made it.
+class AcDbObject : public AcRxObject {
+ public:
+  ACRX_DECLARE_MEMBERS(AcDbObject)
+  ~AcDbObject() override;
+  AcDbObject(const AcDbObject&) = delete;
+  AcDbObject& operator=(const AcDbObject&) = delete;
+
+  /// Null outside a database.
+  AcDbObjectId objectId() const;
+  AcDbObjectId id() const { return objectId(); }
+  /// The block table record of an entity's space or block, the table of a table record, the block
+  /// reference of an attribute.
+  AcDbObjectId ownerId() const;
+  AcDbDatabase* database() const { return database_; }
+  void getAcDbHandle(AcDbHandle& handle) const;
+
+  /// Ends this open. The writer's changes go to the record. eInvalidOpenState outside a database.
+  Acad::ErrorStatus close();
+  /// Ends this open and drops the writer's changes.
+  Acad::ErrorStatus cancel();
+  /// From the only reader to the writer. eWasOpenForRead with other readers, eOnLockedLayer.
+  Acad::ErrorStatus upgradeOpen();
+  /// From the writer to a reader; the changes go to the record.
+  Acad::ErrorStatus downgradeOpen();
+  /// Erases or brings back the object, with what it contains (the attributes of a block reference).
+  Acad::ErrorStatus erase(Adesk::Boolean erasing = true);
+
+  Adesk::Boolean isErased() const;
+  Adesk::Boolean isReadEnabled() const;
+  Adesk::Boolean isWriteEnabled() const;
+  Adesk::Boolean isModified() const { return modified_; }
+  Adesk::Boolean isNewObject() const { return database_ == nullptr; }
+
+ protected:
+  AcDbObject();
+  friend class kovra::arx::ObjectTable;
+
+  /// The record's groups, decoded at the first use.
+  const kovra::arx::Groups& groups() const;
+  /// The groups to change, or null if the object isn't open for write.
+  kovra::arx::Groups* editable();
+  /// Called by a setter that changed something.
+  void setModified() { modified_ = true; }
+  /// Last chance to bring groups in step before changes go to the record.
+  virtual void subClose() {}
+
+ private:
+  mutable std::unique_ptr<kovra::arx::Groups> groups_;
+  AcDbDatabase* database_ = nullptr;
+  AcDbObject* nextInTable_ = nullptr;
+  std::uint32_t record_ = 0;
+  std::uint32_t readers_ = 0;
+  bool writer_ = false;
+  bool modified_ = false;
+};
+
+/// Opens an object. Failures leave the pointer null: eNullObjectId, eWasErased (unless erased ones
+/// may be opened), eWasOpenForWrite, eWasOpenForRead (for write with readers), eOnLockedLayer, and
+/// eNotThatKindOfClass from the form that asks for a class.
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
+Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcRxClass* wanted,
+                                 AcDb::OpenMode mode, bool openErased);
+
+template <class T>
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
+                                 bool openErased = false) {
+  AcDbObject* opened = nullptr;
+  const Acad::ErrorStatus status = acdbOpenObject(opened, id, T::desc(), mode, openErased);
+  object = static_cast<T*>(opened);
+  return status;
+}

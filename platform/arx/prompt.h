@@ -1,0 +1,118 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/arx/geometry.h"
+#include "platform/arx/host_api.h"
+#include "platform/arx/object_id.h"
+
+class AcApDocument;
+
+// The one way in which anything in the editor asks: a question goes out, an answer comes back, from
+// the tokens of acedCommandS or from the pump.
+
+namespace kovra::arx {
+
+/// A character that waits for the command line.
+struct QueuedCharacter {
+  wchar_t character;
+  bool echo;  ///< shown in the transcript when it is accepted
+};
+
+/// What has been typed for a document or sent to it and isn't accepted yet.
+struct DocumentInput {
+  std::deque<QueuedCharacter> queue;  ///< not read yet, first to read in front
+  std::wstring line;                  ///< read by the prompt in progress
+  bool lineShown = true;              ///< all of the line came with echo
+
+  void append(std::wstring_view text, bool echo);
+};
+
+/// Where a blank ends the input.
+enum class Blanks { kAccept, kText, kTextInQuotes };
+
+struct Question {
+  host::WaitKind kind = host::WaitKind::kString;
+  std::wstring prompt;
+  Blanks blanks = Blanks::kAccept;
+  bool takesPoints = false;           ///< a click answers
+  bool takesEntities = false;         ///< a selection answers
+  std::optional<AcGePoint3d> base{};  ///< world point from which ORTHOMODE works
+  bool ortho = true;                  ///< false where ORTHOMODE has no effect
+  std::function<void(const AcGePoint3d&)> cursorMoved{};  ///< told in world coordinates
+};
+
+enum class AnswerKind { kText, kPoint, kEntities, kCancel };
+
+struct Answer {
+  AnswerKind kind = AnswerKind::kCancel;
+  std::wstring text{};                   ///< kText; empty: a plain Enter
+  AcGePoint3d point{};                   ///< kPoint, in world coordinates
+  std::vector<AcDbObjectId> entities{};  ///< kEntities
+  bool fromTokens = false;               ///< a command gave it, not the user
+  bool isEnter() const { return kind == AnswerKind::kText && text.empty(); }
+};
+
+/// Asks in a document and waits. Cancel also when there is no input left, and when the document is
+/// being closed.
+Answer ask(AcApDocument& document, const Question& question);
+/// The same in the current document; cancel when there is none.
+Answer ask(const Question& question);
+
+/// Tells the user why an answer isn't taken, and notes it as a failure of the input line unless a
+/// command gave the answer itself.
+void refuseAnswer(const Answer& answer, std::wstring_view why);
+
+/// The prompt that outside input goes to now: the one on top, if neither a dialog nor a message box
+/// lies above it. Null without one.
+class ActivePrompt;
+ActivePrompt* topPrompt();
+/// The innermost prompt of all, also one below a dialog.
+ActivePrompt* innermostPrompt();
+
+/// A question that waits. Lives on the stack of ask().
+class ActivePrompt {
+ public:
+  ActivePrompt(uint32_t document, const Question& question);
+  ~ActivePrompt();
+  ActivePrompt(const ActivePrompt&) = delete;
+  ActivePrompt& operator=(const ActivePrompt&) = delete;
+
+  const Question& question() const { return question_; }
+  /// The document asked in; at the idle host the current one.
+  AcApDocument* document() const;
+  bool isIdle() const { return question_.kind == host::WaitKind::kIdle; }
+  bool answered() const { return answer_.has_value(); }
+  Answer takeAnswer();
+  /// Reads one character of the document's queue; false when none waits.
+  bool readCharacter();
+  void answer(Answer answer);
+  void cancel();
+  /// Waits on the pump until answered or `stop`; false when there was no input.
+  bool wait(const std::function<bool()>& stop);
+
+ private:
+  friend ActivePrompt* topPrompt();
+  void accept();
+  bool blankAccepts() const;
+  void show();
+
+  uint32_t document_;
+  const Question& question_;
+  std::optional<Answer> answer_;
+  size_t pumpDepth_ = 0;
+};
+
+/// All questions that wait, outermost first.
+const std::vector<ActivePrompt*>& waitingPrompts();
+
+/// Whether prompts and typed characters go to the transcript (see host::setInputShown).
+bool inputShown();
+void showInput(bool shown);
+
+}  // namespace kovra::arx

@@ -1,0 +1,63 @@
+// How long and high a line of text is. docs/text-metrics.md publishes the rules.
+#pragma once
+#include <string_view>
+
+#include "platform/arx/enums.h"
+#include "platform/arx/geometry.h"
+
+namespace kovra::arx {
+
+/// Advance of a half-width character, in heights, at width factor 1.
+inline constexpr double kHalfWidthAdvance = 0.625;
+/// Advance of a full-width character (wide or full-width by East Asian width), in heights.
+inline constexpr double kFullWidthAdvance = 1.25;
+/// From one character of a vertical text to the next, in heights.
+inline constexpr double kVerticalAdvance = 1.5;
+/// From one line of a multi-line text to the next at spacing factor 1, in heights.
+inline constexpr double kLineAdvance = 5.0 / 3.0;
+
+/// Sum of the advances in heights at width factor 1; the codes %%c %%d %%p count one character, %%u
+/// %%o
+/// %%k none, %%nnn one.
+double lineAdvance(std::wstring_view text);
+/// Characters that are drawn, which is the length of a vertical text.
+int drawnCharacters(std::wstring_view text);
+
+/// What decides a line's box and place. Points in the text's own plane (OCS), angles in radians.
+struct TextShape {
+  std::wstring_view text;
+  double height = 0;
+  double widthFactor = 1;
+  double oblique = 0;
+  double rotation = 0;
+  bool vertical = false;  ///< by the style
+  bool mirroredInX = false;
+  bool mirroredInY = false;
+  AcDb::TextHorzMode horizontal = AcDb::kTextLeft;
+  AcDb::TextVertMode verticalMode = AcDb::kTextBase;
+  AcGePoint3d position;   ///< group 10
+  AcGePoint3d alignment;  ///< group 11
+};
+
+/// Where a line is drawn: its box is [0, width] by [bottom, top] along the rotation from the
+/// position.
+struct TextPlacement {
+  AcGePoint3d position;
+  double height = 0;
+  double widthFactor = 1;
+  double rotation = 0;
+  double width = 0;
+  double bottom = 0;
+  double top = 0;
+};
+
+/// The position of the line, from its alignment point where it has one. An aligned line takes
+/// rotation and height from its two points, a fitted one rotation and width factor; two equal
+/// points leave them as they are.
+TextPlacement placeText(const TextShape& shape);
+/// Whether the alignment point decides the place: any mode but left on the base line.
+inline bool usesAlignmentPoint(AcDb::TextHorzMode horizontal, AcDb::TextVertMode vertical) {
+  return horizontal != AcDb::kTextLeft || vertical != AcDb::kTextBase;
+}
+
+}  // namespace kovra::arx
