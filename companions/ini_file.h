@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kovra::companions {
+
+/// A text file of sections "[name]" with lines "key=value", in memory, byte for byte: whatever
+/// isn't changed through set() or removeSection() comes back as it was read - comments, blank and
+/// unknown lines, order, line ends, a UTF-8 mark, bytes that aren't UTF-8.
+///
+/// Section names and keys are found without regard to case; of several equal ones the first counts.
+/// Names, keys and values lose blanks and tabs at both ends; quotes are content. Lines that begin
+/// with
+/// ";" or "#" are comments. Lines end with CR LF, LF or CR.
+class IniFile {
+ public:
+  IniFile() = default;
+  explicit IniFile(std::string_view bytes);
+
+  std::string bytes() const;
+
+  /// In file order, each name once, spelled as where it first stands.
+  std::vector<std::string> sectionNames() const;
+  bool hasSection(std::string_view section) const;
+  std::optional<std::string> get(std::string_view section, std::string_view key) const;
+  /// The keys of a section with their values in file order, each key once.
+  std::vector<std::pair<std::string, std::string>> entries(std::string_view section) const;
+
+  /// Sets a value; a missing section or key is added, the key behind the last one of its section.
+  /// An equal value leaves the bytes alone. False, with nothing changed, for what a line can't
+  /// keep.
+  bool set(std::string_view section, std::string_view key, std::string_view value);
+
+  /// Removes the section with all its lines, and further ones of the same name. Comments that stand
+  /// directly above the next section belong to that and stay. False if there is none.
+  bool removeSection(std::string_view section);
+
+  /// Not empty, without "]" or line breaks, without blanks at its ends.
+  static bool isSectionName(std::string_view name);
+
+ private:
+  enum class Kind { other, comment, section, entry };
+  struct Line {
+    std::string text;
+    std::string end;  // its line end; empty at most in the last line
+    Kind kind = Kind::other;
+    std::string folded;  // the section's name or the key, in folded case
+    std::size_t valueBegin = 0;
+    std::size_t valueLength = 0;
+
+    std::string_view name() const;
+    std::string_view value() const;
+  };
+  using Index = std::size_t;
+  struct Span {
+    Index begin;  // the section's own line
+    Index end;    // the next section's line, or the number of lines
+  };
+
+  static Line parseLine(std::string_view text, std::string_view end);
+  std::optional<Span> findSection(std::string_view section, Index from = 0) const;
+  std::optional<Index> findEntry(Span span, std::string_view key) const;
+  Index appendSection(std::string_view section);
+  void insertLine(Index at, std::string_view text);
+  std::string_view lineEndNear(Index at) const;
+
+  std::string mark_;  // the UTF-8 mark, or nothing
+  std::vector<Line> lines_;
+};
+
+}  // namespace kovra::companions
