@@ -65,11 +65,9 @@ bool GLayerIdAt(AcDbObjectId& id, const ACHAR* name) {
 bool IsLayerLocked(const ACHAR* name) {
   CString layer(name != nullptr ? name : L"");
   if (layer.IsEmpty()) GetVar(L"CLAYER", layer);
-  resbuf* groups = acdbTblSearch(L"LAYER", layer.GetString(), 0);
-  const resbuf* flags = FindGroup(groups, kLayerFlagsGroup);
-  const bool locked = flags != nullptr && (flags->resval.rint & kLockedFlag) != 0;
-  if (groups != nullptr) acutRelRb(groups);
-  return locked;
+  const GroupList groups(acdbTblSearch(L"LAYER", layer.GetString(), 0));
+  const resbuf* flags = FindGroup(groups.get(), kLayerFlagsGroup);
+  return flags != nullptr && (flags->resval.rint & kLockedFlag) != 0;
 }
 
 }  // namespace kovra

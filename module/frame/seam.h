@@ -3,3 +3,27 @@
 /// The platform that the text tools are written against, in one place: nothing else under module/
 /// includes its headers. A build against the vendor's own SDK replaces these lines and nothing
 /// more.
+
+#include "platform/arx/ads.h"
+#include "platform/arx/block_reference.h"
+#include "platform/arx/block_table_record.h"
+#include "platform/arx/database.h"
+#include "platform/arx/documents.h"
+#include "platform/arx/editor.h"
+#include "platform/arx/entity.h"
+#include "platform/arx/entity_lists.h"
+#include "platform/arx/geometry.h"
+#include "platform/arx/symbol_table.h"
+#include "platform/arx/text.h"
+#include "platform/arx/units.h"
+#include "platform/arx/wildcard.h"
+#include "platform/mfc/collections.h"
+#include "platform/mfc/cstring.h"
+#include "platform/mfc/extension_module.h"
+#include "platform/mfc/message_boxes.h"
+#include "platform/mfc/object.h"
+#include "platform/win/message_box.h"
+#include "platform/win/registry.h"
+#include "platform/win/resources.h"
+#include "platform/win/wide_text.h"
+#include "platform/win/windows_types.h"

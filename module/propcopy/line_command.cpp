@@ -14,15 +14,13 @@ constexpr UINT kTooFewTokens = 2830;
 constexpr UINT kResultLine = 2786;
 
 constexpr int kLineLength = 512;
+constexpr int kHelpLength = 2048;
 
-/// Asks for the line, trims it and turns it to upper case. Empty when there is nothing to do.
+/// Asks for the line. Empty when there is nothing to do.
 CString askLine() {
   ACHAR buffer[kLineLength] = {};
-  if (acedGetString(1, ResourceText(kLinePrompt).GetString(), buffer) != RTNORM) return CString();
-  CString line(buffer);
-  line.Trim();
-  line.MakeUpper();
-  return line;
+  const int result = acedGetString(1, ResourceText(kLinePrompt).GetString(), buffer);
+  return result == RTNORM ? CString(buffer) : CString();
 }
 
 void print(UINT id) {
@@ -40,8 +38,10 @@ int writeCurrentDrawing(LineRequest& request) {
 }  // namespace
 
 void PropertyCopyLineCommand() {
-  const CString line = askLine();
+  CString line = askLine();
   if (line.IsEmpty()) return;
+  line.Trim();
+  line.MakeUpper();
   if (line == L"/?") {
     print(kLineHelp);
     return;

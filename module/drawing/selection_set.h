@@ -1,0 +1,41 @@
+#pragma once
+
+#include "module/frame/seam.h"
+
+namespace kovra {
+
+/// Owns a selection set of the editor.
+class SelectionSet {
+ public:
+  SelectionSet() = default;
+  ~SelectionSet() { release(); }
+  SelectionSet(SelectionSet&& other) noexcept;
+  SelectionSet& operator=(SelectionSet&& other) noexcept;
+
+  /// Makes a new empty set. False when the editor can't.
+  bool create();
+  /// Takes the implied selection. False when there is none that passes the filter.
+  bool takeImplied(const resbuf* filter);
+  /// Lets the user select. False when nothing was selected.
+  bool prompt(const resbuf* filter);
+
+  /// False when the editor refuses the entity.
+  bool add(const ads_name entity);
+
+  int length() const;
+  /// Name of an entity, from 0 in the order of selection. False when it can't be had.
+  bool entityAt(int index, ads_name entity) const;
+  const ads_name& name() const { return name_; }
+
+ private:
+  bool get(const ACHAR* mode, const resbuf* filter);
+  void release();
+
+  ads_name name_ = {};
+};
+
+/// The implied selection, or with none what the user selects while the grid snap is off.
+/// @return false when nothing is selected
+bool SelectEntities(SelectionSet& selection, const resbuf* filter);
+
+}  // namespace kovra

@@ -1,0 +1,91 @@
+#include "module/drawing/text_entity.h"
+
+#include "module/drawing/attachment.h"
+#include "module/drawing/group_list.h"
+#include "module/frame/reporting.h"
+
+namespace kovra {
+namespace {
+
+/// The element that a copy takes over from its source, or null for a group that it leaves out.
+resbuf* copiedElement(const resbuf& source, double offsetX, double offsetY) {
+  switch (source.restype) {
+    case 6:
+    case 7:
+    case 8:
+      return acutBuildList(RTSTR, source.resval.rstring, RTNONE);
+    case 10:
+    case 11: {
+      const auto& from = source.resval.rpoint;
+      const ads_point point = {from[X] + offsetX, from[Y] + offsetY, from[Z]};
+      return acutBuildList(RTPOINT, point, RTNONE);
+    }
+    case 40:
+    case 41:
+    case 48:
+    case 50:
+    case 51:
+      return acutBuildList(RTREAL, source.resval.rreal, RTNONE);
+    case 62:
+    case 72:
+    case 73:
+    case 370:
+      return acutBuildList(RTSHORT, static_cast<int>(source.resval.rint), RTNONE);
+    default:
+      return nullptr;
+  }
+}
+
+GroupList copyGroups(const resbuf* source, const ACHAR* value, double offsetX, double offsetY) {
+  GroupList copy(acutBuildList(RTSTR, L"TEXT", RTSTR, value, RTNONE));
+  if (copy == nullptr) return copy;
+  resbuf* tail = copy->rbnext;
+  copy->restype = 0;
+  tail->restype = 1;
+  for (; source != nullptr; source = source->rbnext) {
+    resbuf* element = copiedElement(*source, offsetX, offsetY);
+    if (element == nullptr) continue;
+    element->restype = source->restype;
+    tail = tail->rbnext = element;
+  }
+  return copy;
+}
+
+}  // namespace
+
+int AddText(const TextCommonProps& properties, const TextGeometry& geometry, const ACHAR* style,
+            const ACHAR* value, const ads_point point, ads_name entity) {
+  int horizontal = 0;
+  int vertical = 0;
+  if (AttachIndexToModes(geometry.attachment, horizontal, vertical) != 0) {
+    TraceError(L"AddText error Attach %d", geometry.attachment);
+    return -3;
+  }
+  const GroupList groups(acutBuildList(
+      RTDXF0, L"TEXT", 100, L"AcDbEntity", 8, properties.layer, 10, point, 40, geometry.height, 41,
+      geometry.widthFactor, 1, value, 50, geometry.rotation, 62, properties.color, 7, style, 71, 0,
+      72, horizontal, 11, point, 100, L"AcDbText", 73, vertical, RTNONE));
+  if (groups == nullptr) {
+    TraceError(L"AddText error acutBuildList");
+    return -1;
+  }
+  if (acdbEntMake(groups.get()) == RTREJ) {
+    TraceError(L"AddText error acdbEntMake");
+    return -2;
+  }
+  if (acdbEntLast(entity) != RTNORM) {
+    TraceError(L"AddText error acdbEntLast");
+    return -2;
+  }
+  return 0;
+}
+
+int CopyTextEntity(const ads_name source, ads_name entity, const ACHAR* value, double offsetX,
+                   double offsetY) {
+  const GroupList original(acdbEntGet(source));
+  const GroupList copy = copyGroups(original.get(), value, offsetX, offsetY);
+  if (acdbEntMake(copy.get()) != RTNORM) return 0;
+  return acdbEntLast(entity) == RTNORM ? 1 : 0;
+}
+
+}  // namespace kovra
