@@ -35,5 +35,8 @@ void AfxSetResourceHandle(HINSTANCE module);
 /// numbers.
 HINSTANCE AfxFindResourceHandle(LPCWSTR name, UINT type);
 
+/// The same for a string of the string tables.
+HINSTANCE AfxFindStringHandle(UINT id);
+
 /// The string of the first module of the chain that has it, into a buffer as LoadStringW.
 int AfxLoadString(UINT id, LPWSTR buffer, UINT capacity = 256);

@@ -72,6 +72,7 @@ class Interaction {
   std::optional<std::string> takeFailure();
 
  private:
+  int chooseButton(const MessageBoxRequest& box);
   int unansweredButton(const MessageBoxRequest& box) const;
 
   TextSink sink_;

@@ -1,0 +1,8 @@
+#pragma once
+
+/// All of the windowing platform's names that programs written for it use.
+#include "platform/win/message_box.h"
+#include "platform/win/registry.h"
+#include "platform/win/resources.h"
+#include "platform/win/wide_text.h"
+#include "platform/win/windows_types.h"
