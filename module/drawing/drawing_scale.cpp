@@ -6,7 +6,7 @@
 
 namespace kovra {
 
-double DrawingScale(AcDbDatabase* database) {
+double FindDrawingScale(AcDbDatabase* database) {
   constexpr double kSmallest = 0.0001;
   double scale = 1.0;
   if (database != nullptr && GetDrawingScale(scale, database, 0) == 0) {
