@@ -13,6 +13,7 @@ struct RunSettings {
   std::uint64_t projectGeneration = 0;    ///< changes whenever another project is made current
   std::filesystem::path stateStore;       ///< the user's dialog store; empty: the user's own
   std::filesystem::path registry;         ///< stands for HKEY_LOCAL_MACHINE; empty: no keys
+  bool keepBackup = true;                 ///< a saved drawing's former file stays as NAME.bak
   std::filesystem::path resourceFolder;   ///< where compiled resource files lie
   Language language = Language::english;  ///< of strings and dialogs
 };

@@ -5,11 +5,14 @@
 
 #include "module/frame/seam.h"
 
+class CWnd;
+
 /// A page of the product's option dialog. The constructor makes it known to the dialog, the
 /// destructor takes it out again. The frame calls the operations; the page belongs to its library.
 class KovraOptionPage {
  public:
-  /// `path`: the page's place in the dialog's tree, parts between backslashes, in UTF-8.
+  /// `path`: the page's place in the dialog's tree, parts between backslashes, in UTF-8;
+  /// a text of the page's own library, which can't be unloaded while the page lives.
   explicit KovraOptionPage(const char* path);
   virtual ~KovraOptionPage();
   KovraOptionPage(const KovraOptionPage&) = delete;

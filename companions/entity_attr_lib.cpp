@@ -1,0 +1,7 @@
+#include "module/frame/companions/entity_attr_lib.h"
+
+#include "platform/arx/text.h"
+
+void NotifyEntityEdited(AcDbText* text, AcDbDatabase* database) {
+  if (text) text->adjustAlignment(database);
+}

@@ -1,0 +1,43 @@
+#include "module/frame/companions/option_frame_lib.h"
+
+#include <vector>
+
+#include "companions/option_pages.h"
+#include "platform/win/loader.h"
+
+namespace {
+
+struct Registered {
+  KovraOptionPage* page;
+  kovra::win::ModuleUse use;
+};
+
+std::vector<Registered>& registry() {
+  static std::vector<Registered> pages;
+  return pages;
+}
+
+}  // namespace
+
+std::vector<KovraOptionPage*> kovra::companions::optionPages() {
+  std::vector<KovraOptionPage*> pages;
+  for (const Registered& registered : registry()) pages.push_back(registered.page);
+  return pages;
+}
+
+// The page itself is only being constructed; the text of its path lies in the same library.
+KovraOptionPage::KovraOptionPage(const char* path) : path_(path ? path : "") {
+  registry().push_back({this, kovra::win::ModuleUse(kovra::win::moduleAt(path), "option page")});
+}
+
+KovraOptionPage::~KovraOptionPage() {
+  std::erase_if(registry(), [&](const Registered& registered) { return registered.page == this; });
+}
+
+std::intptr_t KovraOptionPage::PageInfo(int /*kind*/, int /*controlId*/) {
+  return 0;
+}
+
+void KovraOptionPage::SetModified() {
+  modified_ = true;
+}
