@@ -1,0 +1,206 @@
+#include "platform/arx/record_edit.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "platform/arx/group_order.h"
+#include "platform/dxf/record_store.h"
+
+namespace kovra::arx {
+namespace {
+
+constexpr int kMarker = 100;
+constexpr double kPi = std::numbers::pi;
+
+bool isData(const dxf::RecordDraft& draft, std::size_t group) {
+  return draft.part(group) == dxf::GroupPart::kData;
+}
+
+/// Common properties stand before the markers of other subclasses, whether below "AcDbEntity" or not.
+std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
+  for (std::size_t i = 1; i < draft.size(); ++i) {
+    if (!isData(draft, i)) continue;
+    if (draft.code(i) == code) return i;
+    if (draft.code(i) == kMarker && draft.text(i) != kEntityPart) return dxf::kNoGroup;
+  }
+  return dxf::kNoGroup;
+}
+
+/// The attribute's own marker, if the text property may stand below it. 71 has another meaning there, and
+/// with an embedded object 72 and 11 too.
+std::string_view otherPart(const dxf::RecordDraft& draft, int code) {
+  if (code == 71 || code == 1 || code == 40 || !draft.embedded().empty()) return {};
+  if (draft.kind() == dxf::RecordKind::kAttrib) return kAttributePart;
+  if (draft.kind() == dxf::RecordKind::kAttDef) return kDefinitionPart;
+  return {};
+}
+
+}  // namespace
+
+std::size_t findProperty(const dxf::RecordDraft& draft, Property property) {
+  if (property.subclass == kEntityPart) return findCommon(draft, property.code);
+  const std::size_t group = draft.find(property.subclass, property.code);
+  if (group != dxf::kNoGroup || property.subclass != kTextPart) return group;
+  const std::string_view other = otherPart(draft, property.code);
+  return other.empty() ? group : draft.find(other, property.code);
+}
+
+std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
+  const int wanted = groupRank(property.subclass, property.code);
+  const bool marked = draft.find(kMarker) != dxf::kNoGroup;
+  const bool common = property.subclass == kEntityPart;
+  if (marked && !common && !draft.hasMarker(property.subclass))
+    return draft.endOf(property.subclass);
+  std::size_t place = 1;
+  bool inside = !marked || common;
+  int markers = 0;
+  for (std::size_t i = 1; i < draft.size(); ++i) {
+    if (!isData(draft, i)) continue;
+    const int code = draft.code(i);
+    if (code == kMarker) {
+      inside = draft.text(i) == property.subclass;
+      if (inside && (++markers == 1 || groupRank(property.subclass, kMarker) < wanted))
+        place = i + 1;
+    } else if (inside && groupRank(property.subclass, code) < wanted) {
+      place = i + 1;
+    }
+  }
+  return place;
+}
+
+double readReal(const dxf::RecordDraft& draft, Property property, double absent) {
+  const std::size_t group = findProperty(draft, property);
+  return group == dxf::kNoGroup ? absent : draft.real(group);
+}
+
+std::int64_t readInteger(const dxf::RecordDraft& draft, Property property, std::int64_t absent) {
+  const std::size_t group = findProperty(draft, property);
+  return group == dxf::kNoGroup ? absent : draft.integer(group);
+}
+
+std::string_view readBytes(const dxf::RecordDraft& draft, Property property) {
+  const std::size_t group = findProperty(draft, property);
+  return group == dxf::kNoGroup ? std::string_view() : draft.text(group);
+}
+
+namespace {
+
+/// Group of a point's y or z, which stand behind its x.
+std::size_t coordinate(const dxf::RecordDraft& draft, std::size_t x, int step) {
+  const int wanted = draft.code(x) + 10 * step;
+  for (std::size_t i = x + 1; i < draft.size() && i <= x + 2; ++i)
+    if (draft.code(i) == wanted && isData(draft, i)) return i;
+  return dxf::kNoGroup;
+}
+
+}  // namespace
+
+std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property property) {
+  const std::size_t x = findProperty(draft, property);
+  if (x == dxf::kNoGroup) return std::nullopt;
+  AcGePoint3d point;
+  point.x = draft.real(x);
+  if (const std::size_t y = coordinate(draft, x, 1); y != dxf::kNoGroup) point.y = draft.real(y);
+  if (const std::size_t z = coordinate(draft, x, 2); z != dxf::kNoGroup) point.z = draft.real(z);
+  return point;
+}
+
+bool RecordEdit::fileHas(Property property) const {
+  if (store_ == nullptr || record_ >= store_->originalCount()) return false;
+  dxf::RecordDraft original;
+  original.decode(store_->originalBytes(record_), store_->dialect());
+  return findProperty(original, property) != dxf::kNoGroup;
+}
+
+bool RecordEdit::setReal(Property property, double value, std::optional<double> absent) {
+  const std::size_t group = findProperty(draft_, property);
+  if (group == dxf::kNoGroup) {
+    if (absent == value) return false;
+    draft_.insertReal(placeOf(draft_, property), property.code, value);
+    return true;
+  }
+  if (draft_.real(group) == value) return false;
+  if (absent == value && !fileHas(property)) {
+    draft_.erase(group);
+  } else {
+    draft_.setReal(group, value);
+  }
+  return true;
+}
+
+bool RecordEdit::setInteger(Property property, std::int64_t value,
+                            std::optional<std::int64_t> absent) {
+  const std::size_t group = findProperty(draft_, property);
+  if (group == dxf::kNoGroup) {
+    if (absent == value) return false;
+    draft_.insertInteger(placeOf(draft_, property), property.code, value);
+    return true;
+  }
+  if (draft_.integer(group) == value) return false;
+  if (absent == value && !fileHas(property)) {
+    draft_.erase(group);
+  } else {
+    draft_.setInteger(group, value);
+  }
+  return true;
+}
+
+bool RecordEdit::setText(Property property, std::wstring_view text, const dxf::TextCodec& codec,
+                         std::optional<std::wstring_view> absent) {
+  const std::size_t group = findProperty(draft_, property);
+  if (group == dxf::kNoGroup) {
+    if (absent == text) return false;
+    draft_.insertText(placeOf(draft_, property), property.code, text, codec);
+    return true;
+  }
+  if (codec.decode(draft_.text(group)) == text) return false;
+  if (absent == text && !fileHas(property)) {
+    draft_.erase(group);
+  } else {
+    draft_.setText(group, text, codec);
+  }
+  return true;
+}
+
+bool RecordEdit::setPoint(Property property, const AcGePoint3d& point) {
+  const std::size_t x = findProperty(draft_, property);
+  if (x == dxf::kNoGroup) {
+    const std::size_t at = placeOf(draft_, property);
+    draft_.insertReal(at, property.code, point.x);
+    draft_.insertReal(at + 1, property.code + 10, point.y);
+    draft_.insertReal(at + 2, property.code + 20, point.z);
+    return true;
+  }
+  const AcGePoint3d present = *readPoint(draft_, property);
+  if (present.x == point.x && present.y == point.y && present.z == point.z) return false;
+  draft_.setReal(x, point.x);
+  const std::size_t y = coordinate(draft_, x, 1);
+  if (y != dxf::kNoGroup) {
+    draft_.setReal(y, point.y);
+  } else {
+    draft_.insertReal(x + 1, property.code + 10, point.y);
+  }
+  const std::size_t z = coordinate(draft_, x, 2);
+  if (z != dxf::kNoGroup) {
+    draft_.setReal(z, point.z);
+  } else if (point.z != 0) {
+    draft_.insertReal(x + 2, property.code + 20, point.z);
+  }
+  return true;
+}
+
+double normalizedAngle(double radians) {
+  const double angle = std::fmod(radians, 2 * kPi);
+  return angle < 0 ? angle + 2 * kPi : angle;
+}
+
+double degreesOf(double radians) {
+  double degrees = radians * 180 / kPi;
+  const double rounded = std::round(degrees * 1e9) / 1e9;
+  if (std::fabs(degrees - rounded) <= 4e-16 * std::fmax(90, std::fabs(degrees))) degrees = rounded;
+  degrees = std::fmod(degrees, 360);
+  if (degrees < 0) degrees += 360;
+  return degrees == 360 ? 0 : degrees;
+}
+
+}  // namespace kovra::arx

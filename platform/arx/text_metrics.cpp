@@ -1,0 +1,178 @@
+#include "platform/arx/text_metrics.h"
+
+#include <cmath>
+
+namespace kovra::arx {
+namespace {
+
+// Blocks whose characters are wide or full-width by East Asian width (Unicode Standard Annex 11), joined
+// where only unassigned characters lie between them.
+bool isFullWidth(wchar_t c) {
+  struct Range {
+    char32_t first;
+    char32_t last;
+  };
+  static constexpr Range kRanges[] = {
+      {0x1100, 0x115f},   {0x2e80, 0x303e},   {0x3041, 0x33ff},   {0x3400, 0x4dbf},
+      {0x4e00, 0x9fff},   {0xa000, 0xa4cf},   {0xa960, 0xa97f},   {0xac00, 0xd7a3},
+      {0xf900, 0xfaff},   {0xfe10, 0xfe19},   {0xfe30, 0xfe6f},   {0xff01, 0xff60},
+      {0xffe0, 0xffe6},   {0x1b000, 0x1b2ff}, {0x1f200, 0x1f2ff}, {0x20000, 0x2fffd},
+      {0x30000, 0x3fffd},
+  };
+  const auto code = static_cast<char32_t>(c);
+  if (code < kRanges[0].first) return false;
+  for (const Range& range : kRanges)
+    if (code <= range.last) return code >= range.first;
+  return false;
+}
+
+bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+
+/// Length of the %% code at the beginning of the text (0: none), and whether it draws a character.
+std::size_t codeLength(std::wstring_view text, bool& draws) {
+  draws = true;
+  if (text.size() < 3 || text[0] != L'%' || text[1] != L'%') return 0;
+  if (isDigit(text[2])) {
+    std::size_t length = 3;
+    while (length < 5 && length < text.size() && isDigit(text[length])) ++length;
+    return length;
+  }
+  switch (text[2]) {
+    case L'u':
+    case L'U':
+    case L'o':
+    case L'O':
+    case L'k':
+    case L'K':
+      draws = false;
+      return 3;
+    case L'c':
+    case L'C':
+    case L'd':
+    case L'D':
+    case L'p':
+    case L'P':
+    case L'%':
+      return 3;
+    default:
+      return 0;
+  }
+}
+
+/// Calls visit(advance) for each character that is drawn.
+template <class Visit>
+void forEachDrawn(std::wstring_view text, Visit visit) {
+  while (!text.empty()) {
+    bool draws = true;
+    if (const std::size_t length = codeLength(text, draws); length > 0) {
+      if (draws) visit(kHalfWidthAdvance);
+      text.remove_prefix(length);
+      continue;
+    }
+    visit(isFullWidth(text.front()) ? kFullWidthAdvance : kHalfWidthAdvance);
+    text.remove_prefix(1);
+  }
+}
+
+/// From the line's base point to its alignment point, along and across the line.
+struct Offset {
+  double along = 0;
+  double across = 0;
+};
+
+Offset alignmentOffset(const TextShape& shape, const TextPlacement& place) {
+  Offset offset;
+  const double middle = (place.bottom + place.top) / 2;
+  switch (shape.horizontal) {
+    case AcDb::kTextCenter:
+      offset.along = place.width / 2;
+      break;
+    case AcDb::kTextRight:
+      offset.along = place.width;
+      break;
+    case AcDb::kTextMid:
+      return {place.width / 2, middle};
+    default:
+      break;
+  }
+  switch (shape.verticalMode) {
+    case AcDb::kTextBottom:
+      offset.across = shape.vertical ? place.bottom : 0;
+      break;
+    case AcDb::kTextVertMid:
+      offset.across = middle;
+      break;
+    case AcDb::kTextTop:
+      offset.across = place.top;
+      break;
+    case AcDb::kTextBase:
+      break;
+  }
+  return offset;
+}
+
+/// A line between two points: aligned ones scale as a whole, fitted ones only along the line.
+void placeBetweenPoints(const TextShape& shape, double advance, TextPlacement& place) {
+  const AcGeVector3d line = shape.alignment - shape.position;
+  const double length = std::hypot(line.x, line.y);
+  if (length <= 0 || advance <= 0) return;
+  place.rotation = std::atan2(line.y, line.x);
+  if (place.rotation < 0) place.rotation += 2 * 3.141592653589793;
+  if (shape.horizontal == AcDb::kTextAlign) {
+    if (shape.widthFactor > 0) place.height = length / (advance * shape.widthFactor);
+  } else if (shape.height > 0) {
+    place.widthFactor = length / (advance * shape.height);
+  }
+}
+
+/// The box of a vertical line hangs from the base point and is centred on it.
+void boxOf(const TextShape& shape, double advance, TextPlacement& place) {
+  if (!shape.vertical) {
+    place.width = advance * place.height * place.widthFactor;
+    place.top = place.height;
+    return;
+  }
+  place.width = kFullWidthAdvance * place.height * place.widthFactor;
+  place.top = place.height;
+  place.bottom = place.height - kVerticalAdvance * place.height * drawnCharacters(shape.text);
+  if (place.bottom > 0) place.bottom = 0;
+}
+
+}  // namespace
+
+double lineAdvance(std::wstring_view text) {
+  double sum = 0;
+  forEachDrawn(text, [&](double advance) { sum += advance; });
+  return sum;
+}
+
+int drawnCharacters(std::wstring_view text) {
+  int count = 0;
+  forEachDrawn(text, [&](double) { ++count; });
+  return count;
+}
+
+TextPlacement placeText(const TextShape& shape) {
+  TextPlacement place;
+  place.position = shape.position;
+  place.height = shape.height;
+  place.widthFactor = shape.widthFactor;
+  place.rotation = shape.rotation;
+  const double advance = lineAdvance(shape.text);
+  const bool betweenPoints =
+      shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit;
+  if (betweenPoints && !shape.vertical) placeBetweenPoints(shape, advance, place);
+  boxOf(shape, advance, place);
+  if (betweenPoints || !usesAlignmentPoint(shape.horizontal, shape.verticalMode)) return place;
+
+  Offset offset = alignmentOffset(shape, place);
+  if (shape.mirroredInX) offset.along = -offset.along;
+  if (shape.mirroredInY) offset.across = -offset.across;
+  const double c = std::cos(shape.rotation);
+  const double s = std::sin(shape.rotation);
+  place.position = {shape.alignment.x - c * offset.along + s * offset.across,
+                    shape.alignment.y - s * offset.along - c * offset.across, shape.alignment.z};
+  return place;
+}
+
+}  // namespace kovra::arx
