@@ -162,3 +162,20 @@
 
 // A command that this build doesn't have
 #define IDS_COMMAND_NOT_BUILT 3900
+
+// Dialogs
+#define IDD_TEXT_523 523
+#define IDD_COUNT_UP_526 526
+#define IDD_TEXT_529 529
+#define IDD_COUNT_UP_531 531
+#define IDD_TEXT_532 532
+#define IDD_TEXT_534 534
+#define IDD_TEXT_1641 1641
+
+// Icons
+#define IDI_DIRECTION_COLUMN 536
+#define IDI_DIRECTION_ROW 537
+#define IDI_DIRECTION_COLUMNS_FIRST 538
+#define IDI_DIRECTION_ROWS_FIRST 539
+#define IDI_PICK_BOTH_DISTANCES 541
+#define IDI_PICK_DISTANCE 542
