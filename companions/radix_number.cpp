@@ -32,11 +32,12 @@ std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
   return value % divisor < 0 ? quotient - 1 : quotient;
 }
 
-// Puts a sum into the digit and gives what is carried to the next one.
+// Puts a sum into the digit and gives what is carried to the next one; digits from 0 on in any
+// case.
 std::int64_t storeDigit(std::int8_t& digit, std::int64_t sum, std::size_t position,
                         const Numeration& numeration) {
   const int base = numeration.base(position);
-  const std::int64_t carry = floorDivide(sum - numeration.first, base);
+  const std::int64_t carry = floorDivide(sum, base);
   digit = static_cast<std::int8_t>(sum - carry * base);
   return carry;
 }
@@ -54,6 +55,18 @@ void scaleDigits(Digits& digits, int factor, int addend, const Numeration& numer
   for (std::size_t i = 0; i < digits.size(); ++i)
     carry = storeDigit(digits[i], std::int64_t{digits[i]} * factor + carry, i, numeration);
   appendCarry(digits, carry, numeration);
+}
+
+// Sums leave zeros, which column names don't have: each becomes the last letter, at the cost of one
+// in the next place. Letters stand for 1 to the base, so a sum's digits need no other change.
+void removeZeros(Digits& digits, const Numeration& numeration) {
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    while (!digits.empty() && digits.back() == 0) digits.pop_back();
+    if (i + 1 >= digits.size() || digits[i] > 0) continue;
+    digits[i] = static_cast<std::int8_t>(digits[i] + numeration.base(i));
+    --digits[i + 1];
+  }
+  while (!digits.empty() && digits.back() == 0) digits.pop_back();
 }
 
 bool isDigit(wchar_t c, int base, const Numeration& numeration) {
@@ -90,18 +103,14 @@ const Numeration* findNumeration(int radixCode) {
 bool shiftDigits(Digits& digits, const Numeration& numeration, std::int64_t count) {
   Digits shifted = digits;
   std::int64_t carry = count;
-  for (std::size_t i = 0; i < shifted.size() && carry != 0; ++i) {
-    const std::int64_t sum = shifted[i] + carry;
-    // A column name becomes shorter: AA is followed downwards by Z.
-    if (numeration.first == 1 && i + 1 == shifted.size() && sum == 0) {
-      shifted.pop_back();
-      carry = 0;
-    } else {
-      carry = storeDigit(shifted[i], sum, i, numeration);
-    }
-  }
-  if (carry < 0 || (numeration.first == 1 && shifted.empty() && count < 0)) return false;
+  for (std::size_t i = 0; i < shifted.size() && carry != 0; ++i)
+    carry = storeDigit(shifted[i], shifted[i] + carry, i, numeration);
+  if (carry < 0) return false;
   appendCarry(shifted, carry, numeration);
+  if (numeration.first == 1) {
+    removeZeros(shifted, numeration);
+    if (shifted.empty() && count < 0) return false;
+  }
   digits = std::move(shifted);
   return true;
 }
@@ -110,6 +119,7 @@ Digits convertDigits(const Digits& digits, const Numeration& from, const Numerat
   Digits converted;
   for (std::size_t i = digits.size(); i > 0; --i)
     scaleDigits(converted, from.base(i - 1), digits[i - 1], to);
+  if (to.first == 1) removeZeros(converted, to);
   return converted;
 }
 
