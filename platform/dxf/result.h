@@ -33,11 +33,11 @@ class [[nodiscard]] Result {
   bool ok() const { return state_.index() == 0; }
   explicit operator bool() const { return ok(); }
   /// Only when ok().
-  T& value() & { return *std::get_if<0>(&state_); }
-  const T& value() const& { return *std::get_if<0>(&state_); }
-  T&& value() && { return std::move(*std::get_if<0>(&state_)); }
+  T& value() & { return std::get<0>(state_); }
+  const T& value() const& { return std::get<0>(state_); }
+  T&& value() && { return std::get<0>(std::move(state_)); }
   /// Only when not ok().
-  const Error& error() const { return *std::get_if<1>(&state_); }
+  const Error& error() const { return std::get<1>(state_); }
 
  private:
   std::variant<T, Error> state_;
