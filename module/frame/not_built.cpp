@@ -18,8 +18,7 @@ void ResizeTextCommand() {
 void ChangePropertiesCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-void CountUpCommand() {
-  ProjectMessage(kCommandNotBuilt);
+ProjectMessage(kCommandNotBuilt);
 }
 void PropertyCopyCommand(int /*mode*/) {
   ProjectMessage(kCommandNotBuilt);
