@@ -1,0 +1,38 @@
+#pragma once
+
+#include <ostream>
+#include <span>
+#include <string_view>
+
+#include "host/options.h"
+#include "host/script_text.h"
+#include "platform/dxf/result.h"
+
+namespace kovra::host {
+
+class TextModule;
+
+/// What the handlers of `@` lines work on.
+struct LineContext {
+  const RunOptions& options;
+  TextModule& module;
+  std::ostream& out;  ///< for what is printed also with --quiet
+};
+
+/// An `@` line by its name.
+struct LineHandler {
+  std::wstring_view name;  ///< without the "@"
+  Result<void> (*carryOut)(LineContext& context, Arguments& arguments);
+  bool file = false;  ///< a failure is one of reading or writing a file
+};
+
+/// Tables of the handlers, by subject.
+std::span<const LineHandler> documentLines();
+std::span<const LineHandler> keyLines();
+std::span<const LineHandler> answerLines();
+std::span<const LineHandler> pointerLines();
+
+/// Null for an unknown name.
+const LineHandler* findLineHandler(std::wstring_view name);
+
+}  // namespace kovra::host

@@ -1,0 +1,34 @@
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+
+#include "host/list_command.h"
+#include "host/options.h"
+#include "host/run_command.h"
+
+namespace {
+
+int run(const kovra::host::CommandLine& line) {
+  if (line.exitStatus) return *line.exitStatus;
+  switch (line.mode) {
+    case kovra::host::Mode::kList:
+      return kovra::host::listDrawings(line.list);
+    case kovra::host::Mode::kCheck:
+      return kovra::host::checkDrawings(line.check);
+    default:
+      return kovra::host::runDrawings(line.run);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  int status = run(kovra::host::parseCommandLine(argc, argv));
+  errno = 0;
+  if (!std::cout.flush()) {
+    std::cerr << "kovra: standard output can't be written: " << std::strerror(errno) << '\n';
+    if (status == kovra::host::kExitDone) status = kovra::host::kExitFile;
+  }
+  return status;
+}

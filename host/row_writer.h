@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "host/options.h"
+#include "host/text_rows.h"
+
+namespace kovra::host {
+
+/// Calls its argument for every row; may be asked more than once.
+using RowSource = std::function<void(const std::function<void(const TextRow&)>&)>;
+
+/// Prints rows in one of the forms of `kovra list`:
+/// a table with a head line, columns aligned by the width of the characters in a terminal (rows are
+/// asked for twice, so that they needn't be kept);
+/// comma separated values by RFC 4180 with a head line; JSON, one object a line.
+/// With a drawing's name that name is the first column.
+/// `head` is false for further drawings of the same list (tables always have their own).
+void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
+               const RowSource& rows);
+
+/// The shortest decimal text that reads back as the same double; whole numbers without a point.
+std::string shortestNumber(double value);
+
+/// Columns that a text takes in a terminal; wide East Asian characters take two.
+std::size_t displayWidth(const std::string& utf8);
+
+}  // namespace kovra::host
