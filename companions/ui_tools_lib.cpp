@@ -6,6 +6,7 @@
 #include "platform/arx/database.h"
 #include "platform/arx/entity.h"
 #include "platform/arx/entity_lists.h"
+#include "platform/dxf/record_store.h"
 #include "platform/win/interaction.h"
 #include "platform/win/run_settings.h"
 #include "platform/win/wide_text.h"
@@ -50,7 +51,9 @@ int RemoveExcludedObjects(const ads_name selection) {
 
 void SaveDatabase(AcDbDatabase* database, const wchar_t* path) {
   if (!database || !path) return;
-  const auto saved = database->save(kovra::win::toUtf8(path), kovra::win::runSettings().keepBackup);
+  kovra::dxf::SaveOptions options;
+  options.backup = kovra::win::runSettings().keepBackup;
+  const auto saved = database->save(kovra::win::toUtf8(path), options);
   if (saved.ok()) return;
   kovra::win::Interaction& interaction = kovra::win::interaction();
   interaction.freshLine();
