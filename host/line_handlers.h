@@ -16,7 +16,8 @@ class TextModule;
 struct LineContext {
   const RunOptions& options;
   TextModule& module;
-  std::ostream& out;  ///< for what is printed also with --quiet
+  std::ostream& out;          ///< for what is printed also with --quiet
+  unsigned usedTemplate = 0;  ///< the dialog that lines mean, by its template; 0: the topmost
 };
 
 /// An `@` line by its name.
@@ -31,6 +32,7 @@ std::span<const LineHandler> documentLines();
 std::span<const LineHandler> keyLines();
 std::span<const LineHandler> answerLines();
 std::span<const LineHandler> pointerLines();
+std::span<const LineHandler> dialogLines();
 
 /// Null for an unknown name.
 const LineHandler* findLineHandler(std::wstring_view name);

@@ -1,23 +1,45 @@
 // Lines of the keyboard.
 #include "host/line_handlers.h"
 #include "platform/arx/host_api.h"
+#include "platform/win/pump.h"
+#include "platform/win/user_input.h"
 
 namespace kovra::host {
 namespace {
 
-Result<void> enterLine(LineContext&, Arguments& arguments) {
+// A prompt that runs inside a modal dialog is the top wait, so that it gets the keys.
+bool modalDialogHasKeys() {
+  const win::Wait* top = win::Pump::instance().topWait();
+  return top != nullptr && top->kind == win::WaitKind::modalDialog;
+}
+
+Result<void> done(const win::InputResult& input) {
+  if (input) return {};
+  return Error{ErrorKind::kInvalidInput, input.error};
+}
+
+Result<void> pressKey(Arguments& arguments, const char* key, const wchar_t* character) {
   if (const Result<void> end = arguments.end(); !end) return end;
-  return arx::host::typeText(L"\n");
+  if (!modalDialogHasKeys()) return arx::host::typeText(character);
+  const HWND dialog = win::topDialog();
+  if (dialog == nullptr) return Error{ErrorKind::kInvalidInput, "no dialog is open"};
+  return done(win::pressKeyInDialog(dialog, *win::keyNamed(key)));
+}
+
+Result<void> enterLine(LineContext&, Arguments& arguments) {
+  return pressKey(arguments, "Enter", L"\n");
 }
 
 Result<void> escapeLine(LineContext&, Arguments& arguments) {
-  if (const Result<void> end = arguments.end(); !end) return end;
-  return arx::host::typeText(L"\x03");
+  return pressKey(arguments, "Esc", L"\x03");
 }
 
 Result<void> keysLine(LineContext&, Arguments& arguments) {
   const Result<std::wstring> text = arguments.text("a text");
   if (!text) return text.error();
+  if (modalDialogHasKeys() || win::focusedControl() != nullptr) {
+    return done(win::typeCharacters(text.value()));
+  }
   return arx::host::typeText(text.value());
 }
 

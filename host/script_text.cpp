@@ -1,5 +1,6 @@
 #include "host/script_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -14,22 +15,19 @@ Error invalid(std::string message) {
   return {ErrorKind::kInvalidInput, std::move(message)};
 }
 
-std::optional<wchar_t> escaped(wchar_t c) {
-  switch (c) {
-    case L'n':
-      return L'\n';
-    case L't':
-      return L'\t';
-    case L'b':
-      return L'\b';
-    case L'e':
-      return L'\x03';
-    case L'"':
-    case L'\\':
-      return c;
-    default:
-      return std::nullopt;
+struct Escape {
+  wchar_t letter;
+  wchar_t character;
+};
+
+constexpr Escape kEscapes[] = {{L'n', L'\n'},   {L't', L'\t'}, {L'b', L'\b'},
+                               {L'e', L'\x03'}, {L'"', L'"'},  {L'\\', L'\\'}};
+
+std::optional<wchar_t> escaped(wchar_t letter) {
+  for (const Escape& escape : kEscapes) {
+    if (escape.letter == letter) return escape.character;
   }
+  return std::nullopt;
 }
 
 template <typename Number, typename... Base>
@@ -151,6 +149,20 @@ Result<std::vector<std::wstring>> Arguments::words() {
 Result<void> Arguments::end() const {
   if (!atEnd()) return invalid("too much on the line: '" + win::toUtf8(rest_) + "'");
   return {};
+}
+
+std::wstring quotedText(std::wstring_view text) {
+  std::wstring quoted = L"\"";
+  for (const wchar_t c : text) {
+    const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                      [c](const Escape& entry) { return entry.character == c; });
+    if (escape == std::end(kEscapes)) {
+      quoted.push_back(c);
+    } else {
+      quoted.append({L'\\', escape->letter});
+    }
+  }
+  return quoted + L'"';
 }
 
 std::optional<double> parseNumber(std::wstring_view text) {

@@ -41,6 +41,9 @@ class Arguments {
   std::wstring_view rest_;
 };
 
+/// The text in quotes, as Arguments reads it back.
+std::wstring quotedText(std::wstring_view text);
+
 /// A decimal number with nothing around it; no infinity, no hexadecimal.
 std::optional<double> parseNumber(std::wstring_view text);
 
