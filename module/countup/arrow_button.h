@@ -31,6 +31,7 @@ class CBtnArw : public CButton {
  private:
   void setHot(bool hot);
   void drawBackground(const DRAWITEMSTRUCT& item) const;
+  int themeState(const DRAWITEMSTRUCT& item) const;
   void drawFace(const DRAWITEMSTRUCT& item) const;
 
   CDialog* dialog_ = nullptr;
