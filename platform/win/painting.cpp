@@ -1,5 +1,6 @@
 #include "platform/win/painting.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -39,6 +40,8 @@ PaintList::~PaintList() {
 
 }  // namespace kovra::win
 
+using kovra::win::kCharacterWidth;
+using kovra::win::kLineHeight;
 using kovra::win::paint;
 using kovra::win::PaintStep;
 
