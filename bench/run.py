@@ -1,0 +1,91 @@
+#!/usr/bin/env python3
+"""The benchmark of the program: run.py BUILD [--sizes 5,50,200] [--runs 3] [--ezdxf-up-to 50]
+
+Two tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height of
+every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
+Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench.
+"""
+
+import argparse
+import subprocess
+import sys
+from pathlib import Path
+
+from count_up import count_up_rows
+from measuring import Result, measured, print_table
+
+HERE = Path(__file__).resolve().parent
+HEIGHT = "3"
+HEAD = ["size", "program", "seconds", "processor", "MB/s", "to plain pass", "memory/file"]
+
+
+def options():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("build", type=Path)
+    parser.add_argument("--sizes", default="5,50,200", help="megabytes")
+    parser.add_argument("--runs", type=int, default=3, help="the fastest counts")
+    parser.add_argument("--ezdxf-up-to", type=float, default=50, help="megabytes; one run, it takes its time")
+    parser.add_argument("--folder", type=Path, default=HERE.parent / "build" / "bench")
+    return parser.parse_args()
+
+
+def programs(build, source, target):
+    """Name, command, and whether it makes the edit."""
+    kovra = [build / "bin" / "kovra", source, "-o", target, "--quiet", "--no-backup"]
+    edit = ["-c", "-KOVRA_ATTR_COPY", "-c", f"NAME /H {HEIGHT} /NSC"]
+    return [
+        ("plain pass", [build / "bin" / "plain_pass", source, target], False),
+        ("cp", ["cp", source, target], False),
+        ("kovra, open and save", kovra, False),
+        ("kovra, edit and save", kovra + edit, True),
+        ("dime, edit and save", [build / "bin" / "dime_edit", source, target, HEIGHT], True),
+        ("ezdxf, edit and save", [sys.executable, HERE / "ezdxf_edit.py", source, target, HEIGHT], True),
+    ]
+
+
+def heights(build, drawing, *height):
+    return subprocess.run([build / "bin" / "attribute_heights", drawing, *height], capture_output=True, text=True,
+                          check=True).stdout
+
+
+def is_right(build, source, target, edits):
+    if edits:
+        return heights(build, target) == heights(build, source, HEIGHT)
+    return subprocess.run(["cmp", "-s", source, target]).returncode == 0
+
+
+def rows_of_size(arguments, size):
+    build, folder = arguments.build, arguments.folder
+    source, target = folder / f"drawing-{size:g}.dxf", folder / "result.dxf"
+    subprocess.run([sys.executable, "-B", HERE / "make_drawing.py", source, str(size)], check=True)
+    megabytes = source.stat().st_size / 1e6
+    plain = None
+    for name, command, edits in programs(build, source, target):
+        slow = name.startswith("ezdxf")
+        result = "not run"
+        if not slow or size <= arguments.ezdxf_up_to:
+            result = measured(build / "bin" / "measure", target, command, 1 if slow else arguments.runs)
+        if isinstance(result, Result):
+            plain = plain or result
+            name += "" if is_right(build, source, target, edits) else ": WRONG RESULT"
+            cells = [f"{result.seconds:.2f}", f"{result.processor:.2f}", f"{megabytes / result.seconds:.0f}",
+                     f"{result.seconds / plain.seconds:.2f}", f"{result.memory / 1e6 / megabytes:.2f}"]
+        else:
+            cells = [result, "", "", "", ""]
+        yield [f"{megabytes:.0f} MB", name, *cells]
+    target.unlink(missing_ok=True)
+    source.unlink()
+
+
+def main():
+    arguments = options()
+    arguments.build = arguments.build.resolve()
+    arguments.folder.mkdir(parents=True, exist_ok=True)
+    rows = [row for size in arguments.sizes.split(",") for row in rows_of_size(arguments, float(size))]
+    print_table(HEAD, rows)
+    print()
+    print_table(*count_up_rows(arguments.build, arguments.folder, arguments.runs))
+
+
+if __name__ == "__main__":
+    main()
