@@ -43,10 +43,16 @@ class RecordDraft {
   /// Appends group 100 if the dialect divides records by subclass markers.
   void appendMarker(std::string_view name);
 
-  /// Decodes the groups of a record from its bytes; `bytes` must outlive the draft's use.
+  /// Decodes the groups of a record from its bytes; both must outlive the draft's use.
   void decode(std::string_view bytes, const Dialect& dialect);
-  /// The same; the draft copies what it needs.
-  void decodeCopy(std::string_view bytes, const Dialect& dialect);
+  /// The same; `fill(std::string&)` puts the bytes into storage of the draft.
+  template <class Fill>
+  void decodeOwned(const Dialect& dialect, Fill fill) {
+    clear(dialect);
+    fill(owned_);
+    ownsBase_ = true;
+    readGroups();
+  }
 
   const Dialect& dialect() const { return *dialect_; }
   RecordKind kind() const { return kind_; }
@@ -142,23 +148,37 @@ class RecordDraft {
   void appendBytes(std::string& out) const;
 
  private:
-  friend class RecordStore;
   friend class OverlayBuilder;
 
   struct Group {
     std::int32_t code = 0;
-    std::uint32_t begin = 0;       ///< of the code, in the base; empty range if inserted
-    std::uint32_t valueBegin = 0;  ///< in the base, or in the pool
+    // Where it lies in the base. An inserted group has an empty range at its place.
+    std::uint32_t begin = 0;
+    std::uint32_t valueBegin = 0;
     std::uint32_t valueEnd = 0;
-    std::uint32_t end = 0;       ///< behind the value's line end, in the base
-    std::uint32_t codeEnd = 0;   ///< behind the code's line end, in the base
-    std::uint16_t subclass = 0;  ///< number of the marker that it stands below; 0: none yet
+    std::uint32_t end = 0;
+    // A new value lies in the pool.
+    std::uint32_t poolBegin = 0;
+    std::uint32_t poolEnd = 0;
     GroupPart part = GroupPart::kData;
-    bool pooled = false;  ///< the value lies in the pool
+    bool pooled = false;
+    bool marked = false;  ///< a group 100 stands before it
+    bool inserted() const { return pooled && begin == end; }
   };
 
+  std::string_view base() const { return ownsBase_ ? std::string_view(owned_) : borrowed_; }
   std::string_view value(const Group& group) const;
-  void classify();
+  void clear(const Dialect& dialect);
+  void readGroups();
+  void classify(std::size_t group);
+  void classifyFrom(std::size_t group);
+  void markEdited(std::uint32_t begin, std::uint32_t end);
+  std::uint32_t beginPool();
+  void setPooled(std::size_t group, std::uint32_t poolBegin);
+  void insertPooled(std::size_t at, int code, std::uint32_t poolBegin);
+  void alignInteger(std::uint32_t poolBegin, std::string_view like);
+  std::string_view integerLike(ValueType type) const;
+  void appendGroupBytes(const Group& group, std::string& out) const;
 
   const Dialect* dialect_ = nullptr;
   std::string_view borrowed_;
@@ -167,7 +187,7 @@ class RecordDraft {
   RecordKind kind_ = RecordKind::kOther;
   std::vector<Group> groups_;
   std::string pool_;
-  std::uint32_t editBegin_ = 1;  ///< range of base offsets that changes lie in; begin > end: none
+  std::uint32_t editBegin_ = 1;  ///< range of the base that changes lie in; begin > end: none
   std::uint32_t editEnd_ = 0;
 };
 

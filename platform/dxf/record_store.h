@@ -14,6 +14,7 @@
 
 namespace kovra::dxf {
 
+class FileBytes;
 struct RecordOverlay;
 
 /// What a record is at a moment: cheap to copy, keeps its memory as long as it is held.
@@ -76,12 +77,13 @@ class RecordStore {
   bool attributesFollow(RecordIndex record) const;
   /// Group 67 isn't 0.
   bool paperSpace(RecordIndex record) const;
+  /// Also true for a record whose insertion was undone.
   bool erased(RecordIndex record) const;
-  /// False if an insertion was undone or never carried out, or the record was erased.
-  bool alive(RecordIndex record) const { return !erased(record); }
   /// The current bytes, also of an erased record. They lie in the store or, for changed records, in
   /// `scratch`.
   std::string_view bytes(RecordIndex record, std::string& scratch) const;
+  /// The bytes that the file has; only for indexes below originalCount().
+  std::string_view originalBytes(RecordIndex record) const;
   /// Decodes a record into a draft, whose storage is reused.
   void load(RecordIndex record, RecordDraft& draft) const;
 
@@ -92,8 +94,13 @@ class RecordStore {
   // Order of the file, inserted records in their places, erased ones included.
   RecordIndex first() const;
   RecordIndex next(RecordIndex record) const;  ///< kNoRecord behind the last
+  /// The record before; for kNoRecord the last one.
   RecordIndex previous(RecordIndex record) const;
+  /// The last of the file's own records up to and including this one; kNoRecord if none is there.
+  RecordIndex originalBefore(RecordIndex record) const;
 
+  /// The record of the HEADER section, which holds all header variables; kNoRecord: none.
+  RecordIndex headerRecord() const;
   /// Indexes of the records that make the structure (SECTION, ENDSEC, TABLE, ENDTAB, BLOCK, ENDBLK)
   /// in file order, those of the file only.
   const std::vector<RecordIndex>& structural() const;
@@ -129,7 +136,19 @@ class RecordStore {
 
  private:
   struct Impl;
-  explicit RecordStore(std::unique_ptr<Impl> impl, Dialect dialect);
+  RecordStore(std::unique_ptr<Impl> impl, Dialect dialect);
+  static Result<std::unique_ptr<RecordStore>> open(FileBytes bytes, const std::string& name);
+
+  void mapHandles() const;
+  void refreshFields(RecordIndex record);
+  SectionKind sectionAt(RecordIndex anchor, const RecordDraft& draft) const;
+  std::uint64_t headerSeed() const;
+  std::string headerWithSeed(RecordIndex record) const;
+  std::uint64_t insertionPoint(RecordIndex record) const;
+  template <class Append>
+  void writeTo(Append append) const;
+  bool isOwnFile(const std::string& target) const;
+  Result<void> checkUnchangedOnDisk(const std::string& target) const;
 
   Dialect dialect_;
   TextCodec codec_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/dxf/record_store.h"
@@ -100,8 +101,8 @@ class Structure : private StoreListener {
   const Block& block(BlockNumber number) const;
   /// kNoBlock if there is none.
   BlockNumber findBlock(std::wstring_view name) const;
-  /// The space that $TILEMODE and the layouts make the active paper space; kNoBlock: none.
-  BlockNumber paperSpace() const;
+  /// The paper space of the active layout; there is always one, though perhaps an empty one.
+  BlockNumber paperSpace() const { return 1; }
   /// The handle of the block record, the owner of its entities; 0: none.
   std::uint64_t blockHandle(BlockNumber number) const;
   /// The name of a space for people: "Model", the layout's name; of other blocks the block's name.
@@ -115,10 +116,8 @@ class Structure : private StoreListener {
   RecordIndex firstEntity(BlockNumber number) const;
   RecordIndex nextEntity(BlockNumber number, RecordIndex entity) const;
   /// The record before which a new entity of this block is inserted, so that it is the newest.
-  /// kNoRecord if the block has no such place (then ensureEntities makes one for model space).
-  RecordIndex entityAnchor(BlockNumber number) const;
-  /// entityAnchor; makes the ENTITIES section if the file has none.
-  RecordIndex ensureEntities();
+  /// Makes the ENTITIES section if a space needs it and the file has none.
+  RecordIndex entityAnchor(BlockNumber number);
 
   // Attributes of a block reference
   /// First attribute of an INSERT that isn't erased; kNoRecord if it has none.
@@ -130,18 +129,71 @@ class Structure : private StoreListener {
   RecordIndex insertOf(RecordIndex attribute) const;
 
  private:
-  void afterChange(RecordIndex record) override;
-
   struct Table {
     RecordIndex table = kNoRecord;
-    RecordIndex end = kNoRecord;
-    std::unordered_multimap<std::wstring, RecordIndex> byName;  ///< folded names
+    RecordIndex end = kNoRecord;  ///< the structural record behind the entries
+    /// By folded name. Entries that were renamed or erased stay; lookups look again.
+    std::unordered_multimap<std::wstring, RecordIndex> byName;
+    bool renamed = false;  ///< some entry may not have the name that it stands under
   };
+  struct EntitySection {
+    RecordIndex begin = kNoRecord;
+    RecordIndex end = kNoRecord;
+  };
+
+  void afterChange(RecordIndex record) override;
+
+  // Sections
+  void findSections();
+  RecordIndex endOfSection(RecordIndex section) const;
+  RecordIndex addSection(std::string_view name, SectionKind before);
+
+  // Header
+  const RecordDraft& headerDraft() const;
+  void ensureHeader();
+  template <class Set>
+  void setVariable(std::string_view name, Set set);
+
+  // Tables
+  void findTables();
+  void noteTable(RecordIndex table);
+  void ensureTable(TableKind table);
+  void indexEntry(TableKind table, RecordIndex entry);
+  void copyPlotSettings(RecordDraft& layer) const;
+
+  // Blocks
+  void refreshBlocks() const;
+  void noteBlock(RecordIndex begin) const;
+  std::wstring blockName(RecordIndex begin, RecordIndex blockRecord) const;
+  void findLayouts() const;
+  BlockNumber enclosingBlock(RecordIndex entity) const;
+  BlockNumber spaceOf(RecordIndex entity) const;
+
+  // Entities
+  bool isEntityPlace(RecordIndex record) const;
+  RecordIndex pastSubordinates(RecordIndex entity) const;
+  bool continuesAttributes(RecordIndex record) const;
+  RecordIndex settle(BlockNumber number, RecordIndex candidate) const;
+  RecordIndex firstInEntities(RecordIndex behind) const;
 
   RecordStore& store_;
   RecordIndex header_ = kNoRecord;
+  mutable RecordDraft headerDraft_;
+  mutable bool headerLoaded_ = false;
+  std::vector<EntitySection> entitySections_;
   std::array<Table, kTableKinds> tables_;
-  std::vector<Block> blocks_;
+  mutable bool blocksKnown_ = false;
+  mutable std::vector<Block> blocks_;
+  mutable std::unordered_map<std::wstring, BlockNumber> blocksByName_;
+  mutable std::unordered_map<RecordIndex, BlockNumber> blocksByRecord_;
+  mutable std::vector<std::pair<RecordIndex, BlockNumber>> blocksByBegin_;  ///< the file's own
+  mutable std::unordered_map<RecordIndex, BlockNumber> insertedBlocks_;
+  mutable bool layoutsKnown_ = false;
+  mutable std::unordered_map<std::uint64_t, std::wstring> layoutNames_;  ///< by block record handle
+  mutable RecordDraft scratch_;
+  // insertOf goes back over the attributes; asked in their order, it needs one step.
+  mutable RecordIndex lastAttribute_ = kNoRecord;
+  mutable RecordIndex lastInsert_ = kNoRecord;
 };
 
 }  // namespace kovra::dxf

@@ -25,7 +25,7 @@ ValueType valueType(int code);
 /// which may be missing, at +20. Codes 38 and 39 and the like are plain reals.
 bool isPointCode(int code);
 
-/// Reads a real; blanks around it are allowed, and a whole number or a trailing "D" exponent too.
+/// Reads a real; blanks around it are allowed, and a whole number too.
 /// False (and `value` untouched) when the text isn't one finite number.
 bool parseReal(std::string_view text, double& value);
 

@@ -1,0 +1,184 @@
+#include "platform/dxf/atomic_file.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+
+namespace kovra::dxf {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 20U;
+constexpr mode_t kModeBits = 07777;
+
+/// Holds back the signal that a file size limit sends, so that the write fails with an error
+/// instead of ending the program.
+class SizeLimitSignalBlock {
+ public:
+  SizeLimitSignalBlock() {
+    sigemptyset(&limit_);
+    sigaddset(&limit_, SIGXFSZ);
+    ::pthread_sigmask(SIG_BLOCK, &limit_, &before_);
+  }
+  ~SizeLimitSignalBlock() {
+    const timespec now{};
+    while (::sigtimedwait(&limit_, nullptr, &now) > 0) {
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  SizeLimitSignalBlock(const SizeLimitSignalBlock&) = delete;
+  SizeLimitSignalBlock& operator=(const SizeLimitSignalBlock&) = delete;
+
+ private:
+  sigset_t limit_{};
+  sigset_t before_{};
+};
+
+std::string folderOf(const std::string& path) {
+  const std::string folder = fs::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+mode_t newFileMode() {
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return 0666 & ~mask;
+}
+
+/// A rename is on disk only when its folder is.
+void syncFolder(const std::string& path) {
+  const int folder = ::open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  ::fsync(folder);
+  ::close(folder);
+}
+
+}  // namespace
+
+std::string resolvedPath(const std::string& path) {
+  std::error_code error;
+  fs::path target = fs::path(path);
+  constexpr int kMostLinks = 40;
+  for (int n = 0; n < kMostLinks && fs::is_symlink(fs::symlink_status(target, error)); ++n) {
+    const fs::path link = fs::read_symlink(target, error);
+    if (error) break;
+    target = link.is_absolute() ? link : target.parent_path() / link;
+  }
+  const fs::path folder = fs::canonical(folderOf(target.string()), error);
+  return error ? path : (folder / target.filename()).string();
+}
+
+AtomicFile::~AtomicFile() {
+  if (file_ >= 0) ::close(file_);
+  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+Error AtomicFile::failure(int error) const {
+  return {ErrorKind::kNotWritable, path_ + ": can't be written: " + systemMessage(error)};
+}
+
+Result<void> AtomicFile::open(const std::string& path) {
+  path_ = path;
+  target_ = resolvedPath(path);
+  struct stat old {};
+  replaces_ = ::stat(target_.c_str(), &old) == 0;
+  if (!replaces_ && errno != ENOENT) return failure(errno);
+  if (replaces_ && !S_ISREG(old.st_mode)) {
+    return Error{ErrorKind::kNotWritable, path_ + ": not a regular file"};
+  }
+  // The rename would get round the file's own rights, and the superuser's access() too.
+  const bool writeBits = (old.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
+  if (replaces_ && (!writeBits || ::access(target_.c_str(), W_OK) != 0)) {
+    return Error{ErrorKind::kNotWritable, path_ + ": the file is read-only"};
+  }
+  std::string name = folderOf(target_) + "/.kovra-XXXXXX";
+  file_ = ::mkostemp(name.data(), O_CLOEXEC);
+  if (file_ < 0) return failure(errno);
+  temporary_ = name;
+  // The owner is kept where this user may; the mode always.
+  if (replaces_ && ::fchown(file_, old.st_uid, old.st_gid) != 0) errno = 0;
+  if (::fchmod(file_, replaces_ ? old.st_mode & kModeBits : newFileMode()) != 0) {
+    return failure(errno);
+  }
+  buffer_.reserve(kBufferSize);
+  return {};
+}
+
+void AtomicFile::append(std::string_view bytes) {
+  if (buffer_.size() + bytes.size() > kBufferSize) {
+    writeOut(buffer_);
+    buffer_.clear();
+  }
+  if (bytes.size() >= kBufferSize / 4) {
+    writeOut(buffer_);
+    buffer_.clear();
+    writeOut(bytes);
+  } else {
+    buffer_.append(bytes);
+  }
+}
+
+void AtomicFile::writeOut(std::string_view bytes) {
+  const SizeLimitSignalBlock block;
+  while (!bytes.empty() && error_ == 0) {
+    const ssize_t written = ::write(file_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) {
+      error_ = errno;
+    } else {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+}
+
+Result<void> AtomicFile::flush() {
+  writeOut(buffer_);
+  buffer_.clear();
+  if (error_ == 0 && ::fsync(file_) != 0) error_ = errno;
+  if (::close(file_) != 0 && error_ == 0) error_ = errno;
+  file_ = -1;
+  if (error_ != 0) return failure(error_);
+  return {};
+}
+
+/// The former file gets a second name, so that there is no moment without it; where the file system
+/// has no such names, a copy.
+Result<void> AtomicFile::keepBackup() {
+  const std::string backup = target_ + ".bak";
+  const std::string link = temporary_ + ".bak";
+  std::error_code error;
+  if (::link(target_.c_str(), link.c_str()) != 0) {
+    fs::copy_file(target_, link, error);
+    if (error) return failure(error.value());
+  }
+  if (::rename(link.c_str(), backup.c_str()) != 0) {
+    const int renameError = errno;
+    ::unlink(link.c_str());
+    return failure(renameError);
+  }
+  // rename does nothing when both names are the same file already.
+  ::unlink(link.c_str());
+  return {};
+}
+
+Result<FileStamp> AtomicFile::commit(bool backup) {
+  if (Result<void> flushed = flush(); !flushed) return flushed.error();
+  if (backup && replaces_) {
+    if (Result<void> kept = keepBackup(); !kept) return kept.error();
+  }
+  if (::rename(temporary_.c_str(), target_.c_str()) != 0) return failure(errno);
+  temporary_.clear();
+  syncFolder(target_);
+  return stampOf(target_);
+}
+
+}  // namespace kovra::dxf

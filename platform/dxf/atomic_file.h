@@ -1,0 +1,53 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/dxf/file_bytes.h"
+#include "platform/dxf/result.h"
+
+namespace kovra::dxf {
+
+/// A file that is written anew: either all of it takes the old one's place, or nothing happens.
+///
+/// The bytes go to a temporary file in the same folder; commit() flushes it and renames it. What
+/// isn't committed is removed.
+class AtomicFile {
+ public:
+  AtomicFile() = default;
+  ~AtomicFile();
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
+
+  /// Begins to write the file that `path` leads to, through symbolic links. kNotWritable if it is
+  /// read-only or the folder can't be written.
+  Result<void> open(const std::string& path);
+  /// The file itself, links resolved.
+  const std::string& target() const { return target_; }
+  /// Collects bytes; failures are kept for commit().
+  void append(std::string_view bytes);
+  /// Flushes, keeps the former file as NAME.bak if wanted, renames. Returns the new file's stamp.
+  Result<FileStamp> commit(bool backup);
+
+ private:
+  Error failure(int error) const;
+  void writeOut(std::string_view bytes);
+  Result<void> flush();
+  Result<void> keepBackup();
+
+  std::string path_;
+  std::string target_;
+  std::string temporary_;
+  std::string buffer_;
+  int file_ = -1;
+  int error_ = 0;
+  bool replaces_ = false;
+};
+
+/// `path` with symbolic links resolved, also of a file that doesn't exist yet; `path` itself if its
+/// folder can't be resolved.
+std::string resolvedPath(const std::string& path);
+
+}  // namespace kovra::dxf

@@ -1,0 +1,116 @@
+#include "platform/dxf/file_bytes.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+namespace kovra::dxf {
+
+namespace {
+
+/// Closes a descriptor at the end of its scope.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int get() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+FileStamp stampFrom(const struct stat& status) {
+  return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
+          status.st_mtim.tv_nsec};
+}
+
+Error readError(const std::string& path, int error) {
+  const ErrorKind kind = error == ENOENT ? ErrorKind::kNotFound : ErrorKind::kNotReadable;
+  return {kind, path + ": " + systemMessage(error)};
+}
+
+}  // namespace
+
+std::string systemMessage(int error) {
+  return std::generic_category().message(error);
+}
+
+Result<FileStamp> stampOf(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return readError(path, errno);
+  return stampFrom(status);
+}
+
+FileBytes::~FileBytes() {
+  if (data_ != nullptr) ::munmap(data_, capacity_);
+}
+
+FileBytes::FileBytes(FileBytes&& other) noexcept
+    : data_(std::exchange(other.data_, nullptr)),
+      size_(std::exchange(other.size_, 0)),
+      capacity_(std::exchange(other.capacity_, 0)) {}
+
+FileBytes& FileBytes::operator=(FileBytes&& other) noexcept {
+  std::swap(data_, other.data_);
+  std::swap(size_, other.size_);
+  std::swap(capacity_, other.capacity_);
+  return *this;
+}
+
+bool FileBytes::allocate(std::size_t size) {
+  capacity_ = std::max<std::size_t>(size, 1);
+  void* memory =
+      ::mmap(nullptr, capacity_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) return false;
+  // Large pages save most of the page faults that filling the buffer would cost.
+  ::madvise(memory, capacity_, MADV_HUGEPAGE);
+  data_ = static_cast<char*>(memory);
+  return true;
+}
+
+Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat status {};
+  if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return readError(path, errno);
+  if (S_ISDIR(status.st_mode)) return readError(path, EISDIR);
+  if (!S_ISREG(status.st_mode)) {
+    return Error{ErrorKind::kNotReadable, path + ": not a regular file"};
+  }
+  stamp = stampFrom(status);
+  FileBytes bytes;
+  const auto size = static_cast<std::size_t>(status.st_size);
+  if (!bytes.allocate(size)) return readError(path, ENOMEM);
+  while (bytes.size_ < size) {
+    const ssize_t got = ::read(file.get(), bytes.data_ + bytes.size_, size - bytes.size_);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return readError(path, errno);
+    if (got == 0) break;
+    bytes.size_ += static_cast<std::size_t>(got);
+  }
+  struct stat after {};
+  if (::fstat(file.get(), &after) != 0 || stampFrom(after) != stamp || bytes.size_ != size) {
+    return Error{ErrorKind::kNotReadable, path + ": the file changes while it is read"};
+  }
+  return bytes;
+}
+
+Result<FileBytes> FileBytes::copy(std::string_view source) {
+  FileBytes bytes;
+  if (!bytes.allocate(source.size())) return readError("memory", ENOMEM);
+  if (!source.empty()) std::memcpy(bytes.data_, source.data(), source.size());
+  bytes.size_ = source.size();
+  return bytes;
+}
+
+}  // namespace kovra::dxf

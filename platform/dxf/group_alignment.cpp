@@ -1,0 +1,98 @@
+#include "platform/dxf/group_alignment.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/dxf/record_draft.h"
+
+namespace kovra::dxf {
+
+namespace {
+
+/// Same codes in the same order: each stands for the one in its place.
+bool alignInPlace(const AlignmentTask& task, std::vector<std::size_t>& partners) {
+  if (task.oldSize != task.newSize) return false;
+  for (std::size_t n = 0; n < task.newSize; ++n) {
+    if (task.oldCode(n) != task.newCode(n)) return false;
+  }
+  for (std::size_t n = 0; n < task.newSize; ++n) partners[n] = n;
+  return true;
+}
+
+/// The pairing of the highest score, where equal values count much more than equal codes. Takes
+/// time and memory by the product of the sizes.
+void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners) {
+  constexpr std::uint32_t kSameValue = 4;
+  constexpr std::uint32_t kSameCode = 1;
+  const std::size_t width = task.newSize + 1;
+  std::vector<std::uint32_t> best((task.oldSize + 1) * width, 0);
+  const auto pairScore = [&](std::size_t a, std::size_t b) -> std::uint32_t {
+    if (task.oldCode(a) != task.newCode(b)) return 0;
+    return task.sameValue(a, b) ? kSameValue : kSameCode;
+  };
+  for (std::size_t a = task.oldSize; a-- > 0;) {
+    for (std::size_t b = task.newSize; b-- > 0;) {
+      const std::uint32_t pair = pairScore(a, b);
+      const std::uint32_t paired = pair == 0 ? 0 : pair + best[(a + 1) * width + b + 1];
+      best[a * width + b] = std::max({paired, best[(a + 1) * width + b], best[a * width + b + 1]});
+    }
+  }
+  std::size_t a = 0;
+  std::size_t b = 0;
+  while (a < task.oldSize && b < task.newSize) {
+    const std::uint32_t here = best[a * width + b];
+    const std::uint32_t pair = pairScore(a, b);
+    if (pair != 0 && here == pair + best[(a + 1) * width + b + 1]) {
+      partners[b++] = a++;
+    } else if (here == best[(a + 1) * width + b]) {
+      ++a;
+    } else {
+      ++b;
+    }
+  }
+}
+
+/// For very long lists: pairs equal codes, looking ahead a little where the codes differ.
+void alignByLookahead(const AlignmentTask& task, std::vector<std::size_t>& partners) {
+  constexpr std::size_t kReach = 64;
+  std::size_t a = 0;
+  std::size_t b = 0;
+  while (a < task.oldSize && b < task.newSize) {
+    std::size_t skipOld = 0;
+    std::size_t skipNew = 0;
+    while (skipOld < kReach && a + skipOld < task.oldSize &&
+           task.oldCode(a + skipOld) != task.newCode(b)) {
+      ++skipOld;
+    }
+    while (skipNew < kReach && b + skipNew < task.newSize &&
+           task.newCode(b + skipNew) != task.oldCode(a)) {
+      ++skipNew;
+    }
+    if (skipOld <= skipNew) {
+      a += skipOld;
+    } else {
+      b += skipNew;
+    }
+    if (a < task.oldSize && b < task.newSize && task.oldCode(a) == task.newCode(b)) {
+      partners[b] = a;
+    }
+    ++a;
+    ++b;
+  }
+}
+
+}  // namespace
+
+std::vector<std::size_t> alignGroups(const AlignmentTask& task) {
+  constexpr std::size_t kLargestTable = 1U << 18U;
+  std::vector<std::size_t> partners(task.newSize, kNoGroup);
+  if (alignInPlace(task, partners)) return partners;
+  if (task.newSize < kLargestTable && task.oldSize * task.newSize <= kLargestTable) {
+    alignByScore(task, partners);
+  } else {
+    alignByLookahead(task, partners);
+  }
+  return partners;
+}
+
+}  // namespace kovra::dxf

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace kovra::dxf {
+
+/// Two lists of groups, an old and a new one, of which it is to be told which stand for which.
+struct AlignmentTask {
+  std::size_t oldSize = 0;
+  std::size_t newSize = 0;
+  std::function<int(std::size_t)> oldCode;
+  std::function<int(std::size_t)> newCode;
+  std::function<bool(std::size_t, std::size_t)> sameValue;  ///< asked for equal codes only
+};
+
+/// For each new group the old one that it stands for, in rising order, or kNoGroup. Partners have
+/// the same code; among the ways to pair, one with the most equal values is taken.
+std::vector<std::size_t> alignGroups(const AlignmentTask& task);
+
+}  // namespace kovra::dxf

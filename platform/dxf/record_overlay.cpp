@@ -1,0 +1,171 @@
+#include "platform/dxf/record_overlay.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/dxf/group_alignment.h"
+#include "platform/dxf/group_format.h"
+
+namespace kovra::dxf {
+
+namespace {
+
+bool isIndexed(int code) {
+  switch (code) {
+    case 0:
+    case 5:
+    case 105:
+    case 330:
+    case 66:
+    case 67:
+    case 100:
+    case 101:
+    case 102:
+    case 1001:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+/// Works on the stretch of the original that the draft's changes lie in.
+class OverlayBuilder {
+ public:
+  OverlayBuilder(std::string_view original, const RecordOverlay* current, const RecordDraft& draft,
+                 const TextCodec& codec)
+      : original_(original), draft_(draft), dialect_(draft.dialect()), codec_(codec) {
+    const auto baseSize = static_cast<std::uint32_t>(draft.base().size());
+    head_ = draft.editBegin_;
+    tail_ = baseSize - draft.editEnd_;
+    if (current != nullptr) {
+      head_ = std::min(head_, current->head);
+      tail_ = std::min(tail_, current->tail);
+    }
+    collectOld();
+    collectNew(baseSize);
+  }
+
+  std::shared_ptr<const RecordOverlay> build();
+
+ private:
+  using Group = RecordDraft::Group;
+
+  void collectOld();
+  void collectNew(std::uint32_t baseSize);
+  bool same(const GroupView& old, const Group& group) const;
+  bool matches(std::size_t oldGroup, std::size_t newGroup) const {
+    return old_[oldGroup].code == new_[newGroup].code && same(old_[oldGroup], new_[newGroup]);
+  }
+  void strip();
+  bool indexed() const;
+  void append(const GroupView* old, const Group& group, std::string& out) const;
+
+  std::string_view original_;
+  const RecordDraft& draft_;
+  const Dialect& dialect_;
+  const TextCodec& codec_;
+  std::uint32_t head_ = 0;
+  std::uint32_t tail_ = 0;
+  std::vector<GroupView> old_;
+  std::vector<Group> new_;
+};
+
+void OverlayBuilder::collectOld() {
+  const std::string_view stretch = original_.substr(head_, original_.size() - head_ - tail_);
+  forEachGroup(stretch, dialect_, [this](const GroupView& group) { old_.push_back(group); });
+}
+
+void OverlayBuilder::collectNew(std::uint32_t baseSize) {
+  const auto& groups = draft_.groups_;
+  const auto first =
+      std::lower_bound(groups.begin(), groups.end(), head_,
+                       [](const Group& group, std::uint32_t at) { return group.begin < at; });
+  const std::uint32_t end = baseSize - tail_;
+  auto last = first;
+  while (last != groups.end() && last->end <= end) ++last;
+  new_.assign(first, last);
+}
+
+bool OverlayBuilder::same(const GroupView& old, const Group& group) const {
+  const std::string_view left = old.value();
+  const std::string_view right = draft_.value(group);
+  if (sameValue(dialect_, group.code, left, right)) return true;
+  const bool text = group.code != 0 && valueType(group.code) == ValueType::kText;
+  return text && codec_.sameText(left, right);
+}
+
+/// Gives back to the original what is equal at both ends of the stretch.
+void OverlayBuilder::strip() {
+  std::size_t front = 0;
+  while (front < old_.size() && front < new_.size() && matches(front, front)) {
+    head_ += static_cast<std::uint32_t>(old_[front].end - old_[front].begin);
+    ++front;
+  }
+  std::size_t back = 0;
+  while (front + back < old_.size() && front + back < new_.size() &&
+         matches(old_.size() - 1 - back, new_.size() - 1 - back)) {
+    const GroupView& group = old_[old_.size() - 1 - back];
+    tail_ += static_cast<std::uint32_t>(group.end - group.begin);
+    ++back;
+  }
+  old_.erase(old_.end() - static_cast<std::ptrdiff_t>(back), old_.end());
+  old_.erase(old_.begin(), old_.begin() + static_cast<std::ptrdiff_t>(front));
+  new_.erase(new_.end() - static_cast<std::ptrdiff_t>(back), new_.end());
+  new_.erase(new_.begin(), new_.begin() + static_cast<std::ptrdiff_t>(front));
+}
+
+bool OverlayBuilder::indexed() const {
+  return std::any_of(old_.begin(), old_.end(),
+                     [](const GroupView& group) { return isIndexed(group.code); }) ||
+         std::any_of(new_.begin(), new_.end(),
+                     [](const Group& group) { return isIndexed(group.code); });
+}
+
+/// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
+void OverlayBuilder::append(const GroupView* old, const Group& group, std::string& out) const {
+  if (old == nullptr) return draft_.appendGroupBytes(group, out);
+  if (same(*old, group)) {
+    out.append(old->begin, old->end);
+  } else if (dialect_.binary) {
+    appendGroup(groupStyle(dialect_), group.code, draft_.value(group), out);
+  } else {
+    out.append(old->begin, old->valueBegin);
+    out.append(draft_.value(group));
+    out.append(old->valueEnd, old->end);
+  }
+}
+
+std::shared_ptr<const RecordOverlay> OverlayBuilder::build() {
+  strip();
+  if (old_.empty() && new_.empty()) return nullptr;
+  const std::vector<std::size_t> partners =
+      alignGroups({old_.size(), new_.size(), [this](std::size_t n) { return old_[n].code; },
+                   [this](std::size_t n) { return new_[n].code; },
+                   [this](std::size_t a, std::size_t b) { return same(old_[a], new_[b]); }});
+  auto overlay = std::make_shared<RecordOverlay>();
+  overlay->head = head_;
+  overlay->tail = tail_;
+  overlay->indexed = indexed();
+  std::string& out = overlay->middle;
+  const bool cutLine = !dialect_.binary && head_ > 0 && original_[head_ - 1] != '\n';
+  if (cutLine && !new_.empty()) out = groupStyle(dialect_, original_).lineEnd();
+  for (std::size_t n = 0; n < new_.size(); ++n) {
+    if (!out.empty() && !dialect_.binary && out.back() != '\n') {
+      out.append(groupStyle(dialect_, original_).lineEnd());
+    }
+    append(partners[n] == kNoGroup ? nullptr : &old_[partners[n]], new_[n], out);
+  }
+  out.shrink_to_fit();
+  return overlay;
+}
+
+std::shared_ptr<const RecordOverlay> buildOverlay(std::string_view original,
+                                                  const RecordOverlay* current,
+                                                  const RecordDraft& draft,
+                                                  const TextCodec& codec) {
+  return OverlayBuilder(original, current, draft, codec).build();
+}
+
+}  // namespace kovra::dxf

@@ -1,0 +1,206 @@
+#include "platform/dxf/record_scan.h"
+
+#include <algorithm>
+
+#include "platform/dxf/group_format.h"
+
+namespace kovra::dxf {
+
+/// Takes the groups of a file in their order and builds its table of records.
+class RecordScanner {
+ public:
+  RecordScanner(std::string_view file, const std::string& name) : file_(file), name_(name) {}
+
+  Result<ScannedFile> scan();
+
+ private:
+  template <class Reader>
+  GroupStatus read(Reader& reader);
+  void beginRecord(const GroupView& group);
+  void endRecord();
+  void enter(RecordKind kind);
+  void nameSection(std::string_view value);
+  Result<void> checkEnd(GroupStatus status) const;
+  Error fault(const char* place, const std::string& what) const;
+  std::string excerpt(const char* place) const;
+
+  std::string_view file_;
+  const std::string& name_;
+  ScannedFile out_;
+  FieldCollector collector_;
+  SectionKind section_ = SectionKind::kNone;
+  bool inSection_ = false;
+  bool sectionNamed_ = true;  ///< false right after SECTION, until its group 2
+  bool sawEof_ = false;
+  std::string sectionName_;
+  const char* position_ = nullptr;
+  const char* end_ = nullptr;
+};
+
+namespace {
+
+bool isStructural(RecordKind kind) {
+  return kind >= RecordKind::kSection && kind <= RecordKind::kEndBlk;
+}
+
+/// The release name that a DWG file begins with; empty for other files.
+std::string_view dwgRelease(std::string_view file) {
+  constexpr std::size_t kNameSize = 6;
+  const std::string_view head = file.substr(0, kNameSize);
+  const bool magic = head.starts_with("AC10") || head.starts_with("AC1.") ||
+                     head.starts_with("AC2.") || head.starts_with("MC0.0");
+  return magic && head.size() == kNameSize ? head : std::string_view();
+}
+
+}  // namespace
+
+Error RecordScanner::fault(const char* place, const std::string& what) const {
+  const auto offset = place - file_.data();
+  if (out_.dialect.binary) {
+    return {ErrorKind::kBadFormat, name_ + ": byte " + std::to_string(offset) + ": " + what};
+  }
+  const auto line = std::count(file_.data(), place, '\n') + 1;
+  return {ErrorKind::kBadFormat, name_ + ": line " + std::to_string(line) + ": " + what};
+}
+
+std::string RecordScanner::excerpt(const char* place) const {
+  constexpr std::size_t kLength = 20;
+  std::string_view line(place, static_cast<std::size_t>(end_ - place));
+  line = trimmed(line.substr(0, line.find('\n')));
+  std::string text;
+  for (const char c : line.substr(0, kLength)) {
+    text.push_back(c >= ' ' && c <= '~' ? c : '?');
+  }
+  return "\"" + text + (line.size() > kLength ? "...\"" : "\"");
+}
+
+void RecordScanner::nameSection(std::string_view value) {
+  section_ = sectionKind(value);
+  sectionName_ = trimmed(value).substr(0, 32);
+  sectionNamed_ = true;
+  out_.records.back().section = section_;
+}
+
+void RecordScanner::enter(RecordKind kind) {
+  if (kind == RecordKind::kSection) {
+    inSection_ = true;
+    sectionNamed_ = false;
+    section_ = SectionKind::kOther;
+    sectionName_.clear();
+  }
+  out_.records.back().section = section_;
+  if (kind == RecordKind::kEndSec) {
+    inSection_ = false;
+    section_ = SectionKind::kNone;
+  }
+}
+
+void RecordScanner::beginRecord(const GroupView& group) {
+  collector_.start(group.value());
+  const RecordKind kind = collector_.fields().kind;
+  RecordEntry entry;
+  entry.begin = static_cast<std::uint64_t>(group.begin - file_.data());
+  entry.kind = kind;
+  out_.records.push(entry);
+  sectionNamed_ = true;
+  enter(kind);
+  if (isStructural(kind)) {
+    out_.structural.push_back(static_cast<RecordIndex>(out_.records.size() - 1));
+  }
+  sawEof_ = kind == RecordKind::kEof;
+}
+
+void RecordScanner::endRecord() {
+  if (out_.records.size() == 0) return;
+  RecordEntry& entry = out_.records.back();
+  const RecordFields& fields = collector_.fields();
+  entry.flags = fields.flags;
+  if (fields.flags & kMarkers) out_.dialect.subclassMarkers = true;
+  if (!recordsHaveHandles(entry.section)) return;
+  entry.handle = fields.handle;
+  entry.owner = fields.owner;
+  out_.greatestHandle = std::max(out_.greatestHandle, fields.handle);
+  if (fields.handle != 0) out_.dialect.handles = true;
+  if (fields.owner != 0 && entry.section != SectionKind::kObjects) out_.dialect.owners = true;
+}
+
+template <class Reader>
+GroupStatus RecordScanner::read(Reader& reader) {
+  GroupView group;
+  GroupStatus status = reader.next(group);
+  while (status == GroupStatus::kOk && group.code == 999) status = reader.next(group);
+  while (status == GroupStatus::kOk) {
+    if (group.code == 0) {
+      endRecord();
+      beginRecord(group);
+      if (sawEof_) break;
+    } else if (out_.records.size() == 0) {
+      break;
+    } else if (!sectionNamed_ && group.code == 2) {
+      nameSection(group.value());
+    } else {
+      collector_.add(group.code, group.value());
+    }
+    status = reader.next(group);
+  }
+  endRecord();
+  position_ = reader.position();
+  if (status == GroupStatus::kOk && out_.records.size() == 0) position_ = group.begin;
+  return status;
+}
+
+Result<void> RecordScanner::checkEnd(GroupStatus status) const {
+  if (status == GroupStatus::kBadCode) {
+    return fault(position_, excerpt(position_) + " is no group code");
+  }
+  if (status == GroupStatus::kCut) return fault(position_, "the file ends inside a group");
+  if (out_.records.size() == 0) {
+    return fault(position_, "no DXF file: it doesn't begin with a record (group 0)");
+  }
+  if (inSection_) {
+    return fault(sawEof_ ? file_.data() + out_.records[out_.records.size() - 1].begin : position_,
+                 "the file ends inside the section " + sectionName_);
+  }
+  if (out_.structural.empty() && out_.records[0].kind == RecordKind::kOther) {
+    return fault(file_.data() + out_.records[0].begin, "no DXF file: it has no section");
+  }
+  return {};
+}
+
+Result<ScannedFile> RecordScanner::scan() {
+  if (file_.empty()) return Error{ErrorKind::kBadFormat, name_ + ": the file is empty"};
+  if (const std::string_view release = dwgRelease(file_); !release.empty()) {
+    return Error{ErrorKind::kBadFormat,
+                 name_ + ": a DWG file (" + std::string(release) + "), not a DXF file"};
+  }
+  end_ = file_.data() + file_.size();
+  position_ = file_.data();
+  GroupStatus status = GroupStatus::kOk;
+  if (file_.starts_with(kBinarySentinel)) {
+    out_.dialect.binary = true;
+    collector_.binary_ = true;
+    const std::string_view body = file_.substr(kBinarySentinel.size());
+    // The first group is 0 "SECTION": a code of two bytes shows in its second, zero byte.
+    out_.dialect.wideCodes = body.size() > 1 && body[1] == '\0';
+    BinaryReader reader(body, out_.dialect.wideCodes);
+    status = read(reader);
+  } else {
+    constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+    const std::size_t begin = file_.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0;
+    AsciiReader reader(file_.substr(begin));
+    status = read(reader);
+  }
+  if (Result<void> end = checkEnd(status); !end) return end.error();
+  out_.recordsEnd = static_cast<std::uint64_t>(position_ - file_.data());
+  const std::string_view first = file_.substr(out_.records[0].begin);
+  const GroupStyle style = groupStyle(out_.dialect, first);
+  out_.dialect.crlf = style.crlf;
+  out_.dialect.paddedCodes = style.codeWidth > 1;
+  return std::move(out_);
+}
+
+Result<ScannedFile> scanRecords(std::string_view file, const std::string& name) {
+  return RecordScanner(file, name).scan();
+}
+
+}  // namespace kovra::dxf

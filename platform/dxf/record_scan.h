@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dxf/record_table.h"
+#include "platform/dxf/result.h"
+
+namespace kovra::dxf {
+
+/// What one pass over a file finds.
+struct ScannedFile {
+  Dialect dialect;  ///< the written form and what records have; not yet what the header tells
+  RecordTable records;
+  std::vector<RecordIndex> structural;  ///< SECTION, ENDSEC, TABLE, ENDTAB, BLOCK, ENDBLK
+  std::uint64_t recordsEnd = 0;  ///< where the last record ends; what follows is kept as it is
+  std::uint64_t greatestHandle = 0;
+};
+
+/// Finds the records of a whole file. Errors are kBadFormat with the place in the message.
+Result<ScannedFile> scanRecords(std::string_view file, const std::string& name);
+
+}  // namespace kovra::dxf

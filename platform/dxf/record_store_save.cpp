@@ -1,0 +1,176 @@
+#include <string>
+
+#include "platform/dxf/atomic_file.h"
+#include "platform/dxf/header_variables.h"
+#include "platform/dxf/record_store.h"
+#include "platform/dxf/store_impl.h"
+
+// Writing a store: untouched stretches of the file as they are, changed records between them.
+namespace kovra::dxf {
+
+namespace {
+
+/// Takes the bytes of a drawing in their order.
+template <class Append>
+class DrawingWriter {
+ public:
+  explicit DrawingWriter(std::string_view lineEnd, Append append)
+      : lineEnd_(lineEnd), append_(append) {}
+
+  void write(std::string_view bytes) {
+    if (bytes.empty()) return;
+    append_(bytes);
+    last_ = bytes.back();
+  }
+  /// A record that the file doesn't have here: it begins on a new line.
+  void writeInserted(std::string_view bytes) {
+    if (!lineEnd_.empty() && last_ != '\n') write(lineEnd_);
+    write(bytes);
+  }
+
+ private:
+  std::string_view lineEnd_;
+  Append append_;
+  char last_ = '\n';
+};
+
+}  // namespace
+
+RecordIndex RecordStore::headerRecord() const {
+  const auto isHeader = [this](RecordIndex record) {
+    const RecordEntry& entry = impl_->records[record];
+    return entry.kind == RecordKind::kSection && entry.section == SectionKind::kHeader &&
+           !erased(record);
+  };
+  for (const RecordIndex record : impl_->structural) {
+    if (isHeader(record)) return record;
+  }
+  for (RecordIndex record = originalCount(); record < count(); ++record) {
+    if (isHeader(record)) return record;
+  }
+  return kNoRecord;
+}
+
+std::uint64_t RecordStore::headerSeed() const {
+  const RecordIndex record = headerRecord();
+  if (record == kNoRecord) return 0;
+  RecordDraft header;
+  load(record, header);
+  const std::size_t seed = findVariable(header, "$HANDSEED");
+  return seed == kNoGroup ? 0 : header.handle(seed);
+}
+
+/// The header record's bytes with a handle seed above the handles of inserted records; empty if the
+/// seed stays as it is.
+std::string RecordStore::headerWithSeed(RecordIndex record) const {
+  std::uint64_t greatest = 0;
+  for (RecordIndex inserted = originalCount(); inserted < count(); ++inserted) {
+    if (!erased(inserted)) greatest = std::max(greatest, handle(inserted));
+  }
+  if (record == kNoRecord || greatest == 0) return {};
+  RecordDraft header;
+  load(record, header);
+  const std::size_t seed = findVariable(header, "$HANDSEED");
+  if (seed == kNoGroup && dialect_.release > kR12) {
+    header.appendText(9, "$HANDSEED");
+    header.appendHandle(5, greatest + 1);
+  } else if (seed != kNoGroup && header.handle(seed) <= greatest) {
+    header.setHandle(seed, greatest + 1);
+  }
+  std::string bytes;
+  if (header.edited()) header.appendBytes(bytes);
+  return bytes;
+}
+
+template <class Append>
+void RecordStore::writeTo(Append append) const {
+  DrawingWriter writer(groupStyle(dialect_).lineEnd(), append);
+  const RecordIndex headerIndex = headerRecord();
+  const std::string header = headerWithSeed(headerIndex);
+  const std::string_view file = impl_->file.view();
+  std::string scratch;
+  std::uint64_t written = 0;  // of the file
+  for (RecordIndex record = first(); record != kNoRecord; record = next(record)) {
+    const RecordEntry& entry = impl_->records[record];
+    const bool seeded = record == headerIndex && !header.empty();
+    if (entry.slot == 0 && !seeded) continue;
+    const bool inserted = record >= impl_->originals;
+    const std::string_view old = impl_->original(record);
+    const std::uint64_t begin = inserted ? insertionPoint(record) : entry.begin;
+    if (begin > written) writer.write(file.substr(written, begin - written));
+    written = begin + old.size();
+    if (erased(record)) continue;
+    const std::string_view now = seeded ? std::string_view(header) : bytes(record, scratch);
+    inserted ? writer.writeInserted(now) : writer.write(now);
+  }
+  writer.write(file.substr(written));
+}
+
+/// Where in the file an inserted record stands.
+std::uint64_t RecordStore::insertionPoint(RecordIndex record) const {
+  const RecordIndex anchor = impl_->order.anchor(record);
+  return anchor == impl_->originals ? impl_->recordsEnd : impl_->records[anchor].begin;
+}
+
+std::string RecordStore::toBytes() const {
+  std::string out;
+  out.reserve(impl_->file.view().size());
+  writeTo([&out](std::string_view bytes) { out.append(bytes); });
+  return out;
+}
+
+/// True if `target` is the file that the store was read from, by name or by identity.
+bool RecordStore::isOwnFile(const std::string& target) const {
+  if (!impl_->stamp) return false;
+  if (target == resolvedPath(impl_->path)) return true;
+  const Result<FileStamp> there = stampOf(target);
+  return there && there.value().device == impl_->stamp->device &&
+         there.value().inode == impl_->stamp->inode;
+}
+
+Result<void> RecordStore::checkUnchangedOnDisk(const std::string& target) const {
+  const Result<FileStamp> there = stampOf(target);
+  const bool gone = !there && there.error().kind == ErrorKind::kNotFound;
+  if (gone || (there && there.value() == *impl_->stamp)) return {};
+  return Error{ErrorKind::kChangedOnDisk,
+               impl_->path + ": the file was changed by another program since it was opened"};
+}
+
+Result<void> RecordStore::saveTo(const std::string& path, const SaveOptions& options) {
+  AtomicFile file;
+  if (Result<void> opened = file.open(path); !opened) return opened;
+  const bool own = isOwnFile(file.target());
+  if (own) {
+    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
+  }
+  writeTo([&file](std::string_view bytes) { file.append(bytes); });
+  if (own) {
+    // Writing takes time: look again right before the rename.
+    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
+  }
+  const Result<FileStamp> stamp = file.commit(options.backup);
+  if (!stamp) return stamp.error();
+  if (own || options.adopt) {
+    if (!own) impl_->path = path;
+    impl_->stamp = stamp.value();
+    for (Impl::Slot& slot : impl_->slots) slot.saved = slot.now;
+    impl_->differing = 0;
+  }
+  return {};
+}
+
+Result<void> checkRoundTrip(const std::string& path) {
+  const auto store = RecordStore::readFile(path);
+  if (!store) return store.error();
+  FileStamp stamp;
+  const auto file = FileBytes::read(path, stamp);
+  if (!file) return file.error();
+  const std::string written = store.value()->toBytes();
+  const std::string_view read = file.value().view();
+  if (written == read) return {};
+  std::size_t at = 0;
+  while (at < written.size() && at < read.size() && written[at] == read[at]) ++at;
+  return Error{ErrorKind::kBadFormat, path + ": differs from byte " + std::to_string(at) + " on"};
+}
+
+}  // namespace kovra::dxf

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "platform/dxf/dialect.h"
+#include "platform/dxf/group_format.h"
+#include "platform/dxf/record_kind.h"
+
+namespace kovra::dxf {
+
+// What the store knows of a record without decoding it.
+
+enum RecordFlag : std::uint8_t {
+  kAttributesFollow = 1,  ///< group 66 isn't 0
+  kPaperSpace = 2,        ///< group 67 isn't 0
+  kMarkers = 4,           ///< has subclass markers
+  kInsertedBefore = 8,    ///< inserted records stand before it
+};
+
+/// The fields of a record that are found while its groups pass by.
+struct RecordFields {
+  std::uint64_t handle = 0;
+  std::uint64_t owner = 0;
+  RecordKind kind = RecordKind::kOther;
+  std::uint8_t flags = 0;
+};
+
+/// One record; 32 bytes, since a drawing has millions.
+struct RecordEntry {
+  std::uint64_t begin = 0;  ///< in the file; 0 for inserted records
+  std::uint64_t handle = 0;
+  std::uint64_t owner = 0;
+  std::uint32_t slot = 0;  ///< number of its state, if it was ever changed; 0: as in the file
+  RecordKind kind = RecordKind::kOther;
+  SectionKind section = SectionKind::kNone;
+  std::uint8_t flags = 0;
+};
+static_assert(sizeof(RecordEntry) == 32);
+
+/// The records by index. Grows by realloc, which moves large memory without touching it, so that
+/// growing never needs the old and the new table side by side.
+class RecordTable {
+ public:
+  RecordTable() = default;
+  ~RecordTable() { std::free(entries_); }
+  RecordTable(RecordTable&& other) noexcept { swap(other); }
+  RecordTable& operator=(RecordTable&& other) noexcept {
+    swap(other);
+    return *this;
+  }
+
+  std::size_t size() const { return size_; }
+  RecordEntry& operator[](std::size_t n) { return entries_[n]; }
+  const RecordEntry& operator[](std::size_t n) const { return entries_[n]; }
+  RecordEntry& back() { return entries_[size_ - 1]; }
+  void push(const RecordEntry& entry) {
+    if (size_ == capacity_) grow();
+    entries_[size_++] = entry;
+  }
+
+ private:
+  void swap(RecordTable& other) noexcept;
+  void grow();
+
+  RecordEntry* entries_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
+/// Sections whose records have handles and owners of their own; elsewhere 5 and 330 are data.
+inline bool recordsHaveHandles(SectionKind section) {
+  return section == SectionKind::kTables || section == SectionKind::kBlocks ||
+         section == SectionKind::kEntities || section == SectionKind::kObjects;
+}
+
+/// Collects the fields of one record from its groups in their order.
+///
+/// The handle is the first group 5 (105 in DIMSTYLE), the owner the first 330 outside 102 groups
+/// and before the type's own subclasses; neither counts behind an embedded object or in XDATA.
+class FieldCollector {
+ public:
+  void start(std::string_view typeName) {
+    fields_ = {};
+    fields_.kind = recordKind(typeName);
+    open_ = true;
+    ownerOpen_ = true;
+    inAppGroup_ = false;
+  }
+  /// Any group but 0.
+  void add(std::int32_t code, std::string_view value) {
+    if (open_) collect(code, value);
+  }
+  const RecordFields& fields() const { return fields_; }
+
+ private:
+  void collect(std::int32_t code, std::string_view value);
+  void addFlag(RecordFlag flag, std::string_view value);
+
+  friend RecordFields fieldsOf(std::string_view record, const Dialect& dialect);
+  friend class RecordScanner;
+
+  RecordFields fields_;
+  bool binary_ = false;
+  bool open_ = false;
+  bool ownerOpen_ = false;
+  bool inAppGroup_ = false;
+};
+
+/// The fields of a record's bytes.
+RecordFields fieldsOf(std::string_view record, const Dialect& dialect);
+
+/// Finds records by handle. Holds indexes only; four to six bytes a handle.
+class HandleMap {
+ public:
+  explicit HandleMap(const RecordTable& records) : records_(records) {}
+  ~HandleMap() { std::free(slots_); }
+  HandleMap(const HandleMap&) = delete;
+  HandleMap& operator=(const HandleMap&) = delete;
+
+  /// Takes in a record; if its handle is there already, the earlier record stays and duplicates()
+  /// becomes true.
+  void add(RecordIndex record);
+  /// kNoRecord if there is none.
+  RecordIndex find(std::uint64_t handle) const;
+  bool duplicates() const { return duplicates_; }
+  void reserve(std::size_t handles);
+
+ private:
+  std::size_t slotOf(std::uint64_t handle) const;
+  void rehash(std::size_t capacity);
+
+  const RecordTable& records_;
+  RecordIndex* slots_ = nullptr;
+  std::size_t capacity_ = 0;  ///< a power of two
+  std::size_t size_ = 0;
+  std::uint64_t multiplier_ = 0;
+  bool duplicates_ = false;
+};
+
+}  // namespace kovra::dxf

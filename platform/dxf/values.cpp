@@ -1,0 +1,145 @@
+#include "platform/dxf/values.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace kovra::dxf {
+
+namespace {
+
+struct CodeRange {
+  int first;
+  int last;
+  ValueType type;
+};
+
+// The published table of group code value types; what it leaves out is text.
+constexpr CodeRange kRanges[] = {
+    {5, 5, ValueType::kHandle},       {10, 59, ValueType::kReal},
+    {60, 79, ValueType::kInt16},      {90, 99, ValueType::kInt32},
+    {105, 105, ValueType::kHandle},   {110, 149, ValueType::kReal},
+    {160, 169, ValueType::kInt64},    {170, 179, ValueType::kInt16},
+    {210, 239, ValueType::kReal},     {270, 289, ValueType::kInt16},
+    {290, 299, ValueType::kBool},     {310, 319, ValueType::kBinary},
+    {320, 369, ValueType::kHandle},   {370, 389, ValueType::kInt16},
+    {390, 399, ValueType::kHandle},   {400, 409, ValueType::kInt16},
+    {420, 429, ValueType::kInt32},    {440, 459, ValueType::kInt32},
+    {460, 469, ValueType::kReal},     {480, 481, ValueType::kHandle},
+    {1004, 1004, ValueType::kBinary}, {1005, 1005, ValueType::kHandle},
+    {1010, 1059, ValueType::kReal},   {1060, 1070, ValueType::kInt16},
+    {1071, 1071, ValueType::kInt32},
+};
+
+constexpr int kCodes = 1072;
+
+constexpr std::array<ValueType, kCodes> makeTypes() {
+  std::array<ValueType, kCodes> types{};
+  for (const CodeRange& range : kRanges) {
+    for (int code = range.first; code <= range.last; ++code) {
+      types[static_cast<std::size_t>(code)] = range.type;
+    }
+  }
+  return types;
+}
+
+constexpr std::array<ValueType, kCodes> kTypes = makeTypes();
+
+bool isBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r';
+}
+
+}  // namespace
+
+ValueType valueType(int code) {
+  if (code < 0 || code >= kCodes) return ValueType::kText;
+  return kTypes[static_cast<std::size_t>(code)];
+}
+
+bool isPointCode(int code) {
+  return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) ||
+         (code >= 210 && code <= 213) || (code >= 1010 && code <= 1013);
+}
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool parseReal(std::string_view text, double& value) {
+  text = trimmed(text);
+  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  double parsed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  if (!whole || !std::isfinite(parsed)) return false;
+  value = parsed;
+  return true;
+}
+
+bool parseInteger(std::string_view text, std::int64_t& value) {
+  text = trimmed(text);
+  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  std::int64_t parsed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  if (error == std::errc() && end == text.data() + text.size()) {
+    value = parsed;
+    return true;
+  }
+  double real = 0;
+  constexpr double kLimit = 9.0e18;
+  if (!parseReal(text, real) || std::trunc(real) != real || std::fabs(real) > kLimit) return false;
+  value = static_cast<std::int64_t>(real);
+  return true;
+}
+
+bool parseHandle(std::string_view text, std::uint64_t& value) {
+  text = trimmed(text);
+  std::uint64_t parsed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed, 16);
+  if (error != std::errc() || end != text.data() + text.size()) return false;
+  value = parsed;
+  return true;
+}
+
+void appendReal(std::string& out, double value) {
+  if (!std::isfinite(value)) value = 0;
+  std::array<char, 32> digits;
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  const std::string_view text(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
+  const std::size_t exponent = text.find('e');
+  out.append(text.substr(0, exponent));
+  if (text.substr(0, exponent).find('.') == std::string_view::npos) out.append(".0");
+  if (exponent != std::string_view::npos) out.append(text.substr(exponent));
+}
+
+void appendInteger(std::string& out, std::int64_t value) {
+  std::array<char, 24> digits;
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  out.append(digits.data(), result.ptr);
+}
+
+void appendHandle(std::string& out, std::uint64_t value) {
+  std::array<char, 16> digits;
+  std::size_t at = digits.size();
+  do {
+    digits[--at] = "0123456789ABCDEF"[value & 15U];
+    value >>= 4U;
+  } while (value != 0);
+  out.append(digits.data() + at, digits.size() - at);
+}
+
+std::string formatReal(double value) {
+  std::string out;
+  appendReal(out, value);
+  return out;
+}
+
+std::string formatHandle(std::uint64_t value) {
+  std::string out;
+  appendHandle(out, value);
+  return out;
+}
+
+}  // namespace kovra::dxf
