@@ -183,7 +183,7 @@ def motor_1():
         drawing.add(text("JCMNT", 20, 70 - 6 * i, note, 3.0, style="KANJI"))
     for i in range(3):
         drawing.add(text("CMNT", 130 + 12 * i, 70, f"X{i + 1:03d}", 2.5, mode=(CENTER, MID)))
-    drawing.add(text("ECMNT", 130, 76, "SPARE TERMINALS", 2.0), text("CMNT", 200, 70, "1FFF", 2.5), text("CMNT", 220, 70, "000.15", 2.5))
+    drawing.add(text("ECMNT", 130, 76, "SPARE TERMINALS", 2.0), text("CMNT", 200, 84, "1FFF", 2.5), text("CMNT", 220, 84, "000.15", 2.5))
     drawing.add(text("JCMNT", 400, 80, "盤内配線", 3.0, style="TATE"))
     return drawing
 
