@@ -9,6 +9,7 @@ class AcDbAttribute;
 class AcDbBlockReference : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbBlockReference)
+  explicit AcDbBlockReference(kovra::arx::Stored);
   AcDbBlockReference();
 
   /// The block that is shown, null when the drawing lacks it.
@@ -27,7 +28,4 @@ class AcDbBlockReference : public AcDbEntity {
   Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
                                   bool openErased = false) const;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
-
- protected:
-  friend class kovra::arx::ObjectTable;
 };

@@ -31,6 +31,7 @@ class AcDbBlockTableRecordIterator {
 class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
  public:
   ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord)
+  explicit AcDbBlockTableRecord(kovra::arx::Stored);
   Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
                                 bool skipDeleted = true) const;
   /// Puts an entity that isn't in a database behind the block's last one. From then on it is in the
@@ -39,8 +40,4 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
   bool isLayout() const;
   AcGePoint3d origin() const;
-
- protected:
-  friend class kovra::arx::ObjectTable;
-  AcDbBlockTableRecord();
 };

@@ -1,7 +1,6 @@
 // A drawing's database.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,10 +17,13 @@ class AcTransactionManager;
 namespace kovra::dxf {
 class RecordStore;
 class Structure;
+struct SaveOptions;
 }  // namespace kovra::dxf
 namespace kovra::arx {
 class Journal;
+class LayerLocks;
 class ObjectTable;
+class TextStyles;
 
 /// The value of a header variable: a number, an integer, a text (also a name), a point.
 using HeaderValue = std::variant<double, std::int64_t, std::wstring, AcGePoint3d>;
@@ -72,11 +74,11 @@ class AcDbDatabase {
   kovra::Result<void> open(const std::string& path);
   /// Reads a drawing from bytes, as from a file of that name.
   kovra::Result<void> openBytes(std::string bytes);
-  /// Writes the drawing, atomically. An empty path means the file it came from. See
-  /// RecordStore::save.
-  kovra::Result<void> save(const std::string& path, bool keepBackup);
+  /// Writes the drawing, atomically; see dxf::RecordStore::saveTo. An empty path means its own
+  /// file.
+  kovra::Result<void> save(const std::string& path, const kovra::dxf::SaveOptions& options);
   /// The file that the drawing came from, empty for a new one.
-  const std::string& path() const { return path_; }
+  const std::string& path() const;
   /// Whether a record differs from what was read or last saved.
   bool isModified() const;
   /// The reason behind the last failed readDwgFile, one line.
@@ -92,24 +94,33 @@ class AcDbDatabase {
   kovra::dxf::Structure& structure() { return *structure_; }
   const kovra::dxf::Structure& structure() const { return *structure_; }
   kovra::arx::Journal& journal() { return *journal_; }
-  kovra::arx::ObjectTable& objects() { return *objects_; }
+  kovra::arx::ObjectTable& objects() const { return *objects_; }
   AcTransactionManager* transactionManager() { return transactions_.get(); }
+  const kovra::arx::Journal& journal() const { return *journal_; }
+  /// False before readDwgFile; then nothing but reading a drawing works.
+  bool hasDrawing() const { return store_ != nullptr; }
   std::uint32_t serial() const { return serial_; }
   AcDbObjectId idOf(std::uint32_t recordIndex) const { return {serial_, recordIndex}; }
   /// Null once the database is deleted.
   static AcDbDatabase* bySerial(std::uint32_t serial);
 
-  /// Whether a layer of this name is locked or frozen; quick, for every open for write.
-  bool isLayerLocked(std::wstring_view name) const;
+  const kovra::arx::LayerLocks& layerLocks() const { return *locks_; }
+  const kovra::arx::TextStyles& textStyles() const { return *styles_; }
 
  private:
+  class Watch;
+  void adoptStore(std::unique_ptr<kovra::dxf::RecordStore> store);
+  AcDbObjectId entryId(std::uint32_t entry) const;
+
   std::uint32_t serial_;
-  std::string path_;
   std::string lastError_;
   std::unique_ptr<kovra::dxf::RecordStore> store_;
   std::unique_ptr<kovra::dxf::Structure> structure_;
-  std::unique_ptr<kovra::arx::Journal> journal_;
+  std::unique_ptr<kovra::arx::LayerLocks> locks_;
+  std::unique_ptr<kovra::arx::TextStyles> styles_;
   std::unique_ptr<kovra::arx::ObjectTable> objects_;
+  std::unique_ptr<kovra::arx::Journal> journal_;
+  std::unique_ptr<Watch> watch_;
   std::unique_ptr<AcTransactionManager> transactions_;
 };
 

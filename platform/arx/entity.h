@@ -8,6 +8,7 @@
 class AcDbEntity : public AcDbObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbEntity)
+  explicit AcDbEntity(kovra::arx::Stored);
 
   /// The space or block that holds the entity; for an attribute that of its block reference.
   AcDbObjectId blockId() const;
@@ -47,8 +48,9 @@ class AcDbEntity : public AcDbObject {
   virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
 
  protected:
-  AcDbEntity();
-  friend class kovra::arx::ObjectTable;
+  friend class AcDbBlockTableRecord;
+  /// Takes from a database what a new entity leaves to it, before it goes there.
+  virtual void subAppend(const AcDbDatabase&) {}
   /// The entity's database, or the working database for one that isn't in any.
   AcDbDatabase* databaseForNames() const;
 };

@@ -1,7 +1,7 @@
 // Every change of a drawing, for undo, redo and transactions.
 #pragma once
+#include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,16 +9,17 @@
 
 namespace kovra::arx {
 
-/// The old states of the records that changed, oldest first, with boundaries between them. Whoever
-/// is about to replace a record calls note first. Undo stops at the latest boundary behind which
-/// something changed; boundaries without a change behind them are skipped.
-class Journal {
+/// The old states of the records that changed, oldest first, with boundaries between them. It
+/// listens to the store, so that no change can miss it; objects change their record once per open,
+/// header variables are a record like any other. Undo stops at the latest boundary behind which
+/// something changed; boundaries without a change behind them are skipped, also where changes
+/// cancelled each other.
+class Journal : private dxf::StoreListener {
  public:
-  /// `restored` is called for each record whose state the journal put back.
-  Journal(dxf::RecordStore& store, std::function<void(dxf::RecordIndex)> restored);
-
-  /// Keeps the record's present state. The next change of a drawing forgets what could be redone.
-  void note(dxf::RecordIndex record);
+  explicit Journal(dxf::RecordStore& store);
+  ~Journal() override;
+  Journal(const Journal&) = delete;
+  Journal& operator=(const Journal&) = delete;
 
   /// A command begins at the idle host: what follows is one step. The name is what undo reports.
   void beginStep(std::wstring name);
@@ -27,21 +28,26 @@ class Journal {
   /// Steps from here to endGroup are one. An open group is ended first.
   void beginGroup();
   void endGroup();
-  bool groupOpen() const { return groupBegin_ >= 0; }
+  bool groupOpen() const { return groupOpen_; }
+  /// Whether undoBack would stop before the beginning.
   bool hasMark() const;
 
-  /// Takes back up to `count` steps; returns their names, latest first. Within an open group it
-  /// stops at the group's beginning.
+  /// Takes back up to `count` steps and returns their names, latest first. Within an open group it
+  /// stops at the group's beginning. Nothing happens while a transaction runs.
   std::vector<std::wstring> undo(int count);
-  /// Takes back everything to the latest mark and removes it; without a mark, everything.
+  /// Takes back everything to the latest mark and removes it; without a mark, everything. False if
+  /// nothing changed.
   bool undoBack();
-  /// Does again what the latest undo took back; false when there is nothing.
+  /// Does again what the latest undo took back, until something else changes. False if there is
+  /// nothing.
   bool redo();
-  bool canUndo() const;
+  bool canUndo() const { return !entries_.empty(); }
   bool canRedo() const { return !undone_.empty(); }
 
   void startTransaction();
+  /// Keeps the changes. False without a transaction.
   bool endTransaction();
+  /// Puts every record back as it was at the start. False without a transaction.
   bool abortTransaction();
   int transactions() const { return static_cast<int>(transactions_.size()); }
 
@@ -56,24 +62,28 @@ class Journal {
     BoundaryKind kind;
     std::wstring name;
   };
-  /// What one undo took back: entries with the newer states, and the boundaries that stood before
-  /// them.
+  /// What one undo took back: the changes with the newer states, and the boundaries that stood
+  /// among them.
   struct Undone {
     std::vector<Entry> entries;
     std::vector<Boundary> boundaries;
   };
 
+  void beforeChange(dxf::RecordIndex record) override;
   void addBoundary(BoundaryKind kind, std::wstring name);
-  bool undoTo(std::size_t position, Undone* keep);
-  bool undoStep(Undone& keep, std::wstring& name);
+  bool takeBack(std::size_t position, Undone& undone);
+  bool takeBackStep(Undone& undone, std::wstring& name);
+  void keepUndone(Undone undone);
+  std::size_t groupFloor() const;
+  bool differs(const Entry& entry) const;
 
   dxf::RecordStore& store_;
-  std::function<void(dxf::RecordIndex)> restored_;
   std::vector<Entry> entries_;
   std::vector<Boundary> boundaries_;
   std::vector<Undone> undone_;
   std::vector<std::size_t> transactions_;
-  std::ptrdiff_t groupBegin_ = -1;
+  bool groupOpen_ = false;
+  bool restoring_ = false;
 };
 
 }  // namespace kovra::arx

@@ -6,6 +6,7 @@
 class AcDbMText : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbMText)
+  explicit AcDbMText(kovra::arx::Stored);
   /// Group 71.
   enum AttachmentPoint {
     kTopLeft = 1,
@@ -45,7 +46,4 @@ class AcDbMText : public AcDbEntity {
   double actualHeight() const;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
-
- protected:
-  friend class kovra::arx::ObjectTable;
 };

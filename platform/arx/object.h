@@ -1,8 +1,10 @@
 // The base of all database objects, and opening them.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/arx/enums.h"
 #include "platform/arx/error_status.h"
@@ -10,9 +12,21 @@
 #include "platform/arx/rx_class.h"
 
 class AcDbDatabase;
+namespace kovra::dxf {
+class RecordDraft;
+class TextCodec;
+}  // namespace kovra::dxf
 namespace kovra::arx {
 class ObjectTable;
-class Groups;
+class RecordEdit;
+struct ObjectBody;
+struct Property;
+
+/// Chooses the constructors of objects that get their groups from a stored record.
+struct Stored {};
+
+/// Texts of an object that are kept decoded as long as it doesn't change.
+enum class TextSlot { kLayer, kLinetype, kText, kName, kStyle, kPrompt };
 }  // namespace kovra::arx
 
 /// An object of a drawing: a view of one record's groups. In a database it is either open for read
@@ -23,6 +37,7 @@ class Groups;
 class AcDbObject : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbObject)
+  explicit AcDbObject(kovra::arx::Stored);
   ~AcDbObject() override;
   AcDbObject(const AcDbObject&) = delete;
   AcDbObject& operator=(const AcDbObject&) = delete;
@@ -54,20 +69,27 @@ class AcDbObject : public AcRxObject {
   Adesk::Boolean isNewObject() const { return database_ == nullptr; }
 
  protected:
-  AcDbObject();
   friend class kovra::arx::ObjectTable;
 
+  /// Starts the groups of an object that isn't in a database.
+  kovra::dxf::RecordDraft& startGroups(std::string_view typeName);
   /// The record's groups, decoded at the first use.
-  const kovra::arx::Groups& groups() const;
-  /// The groups to change, or null if the object isn't open for write.
-  kovra::arx::Groups* editable();
-  /// Called by a setter that changed something.
-  void setModified() { modified_ = true; }
+  const kovra::dxf::RecordDraft& groups() const;
+  const kovra::dxf::TextCodec& codec() const;
+  /// A text property, decoded once; valid until the object changes or closes. Empty if the group is
+  /// missing.
+  const std::wstring& cachedText(kovra::arx::TextSlot slot, kovra::arx::Property property) const;
+  /// Carries a change out. It gets a RecordEdit and says whether something changed; `changed` (if
+  /// not null) is told. eNotOpenForWrite.
+  Acad::ErrorStatus apply(const std::function<bool(kovra::arx::RecordEdit&)>& change,
+                          bool* changed = nullptr);
+  bool canWrite() const { return database_ == nullptr || writer_; }
+  std::uint32_t recordIndex() const { return record_; }
   /// Last chance to bring groups in step before changes go to the record.
   virtual void subClose() {}
 
  private:
-  mutable std::unique_ptr<kovra::arx::Groups> groups_;
+  mutable std::unique_ptr<kovra::arx::ObjectBody> body_;
   AcDbDatabase* database_ = nullptr;
   AcDbObject* nextInTable_ = nullptr;
   std::uint32_t record_ = 0;

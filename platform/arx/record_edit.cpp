@@ -16,7 +16,8 @@ bool isData(const dxf::RecordDraft& draft, std::size_t group) {
   return draft.part(group) == dxf::GroupPart::kData;
 }
 
-/// Common properties stand before the markers of other subclasses, whether below "AcDbEntity" or not.
+/// Common properties stand before the markers of other subclasses, whether below "AcDbEntity" or
+/// not.
 std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
   for (std::size_t i = 1; i < draft.size(); ++i) {
     if (!isData(draft, i)) continue;
@@ -26,8 +27,8 @@ std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
   return dxf::kNoGroup;
 }
 
-/// The attribute's own marker, if the text property may stand below it. 71 has another meaning there, and
-/// with an embedded object 72 and 11 too.
+/// The attribute's own marker, if the text property may stand below it. 71 has another meaning
+/// there, and with an embedded object 72 and 11 too.
 std::string_view otherPart(const dxf::RecordDraft& draft, int code) {
   if (code == 71 || code == 1 || code == 40 || !draft.embedded().empty()) return {};
   if (draft.kind() == dxf::RecordKind::kAttrib) return kAttributePart;

@@ -14,8 +14,8 @@ class TextCodec;
 
 namespace kovra::arx {
 
-/// Where a property stands in a record: its group code below a subclass marker. Records without markers
-/// (R12) are searched as a whole.
+/// Where a property stands in a record: its group code below a subclass marker. Records without
+/// markers (R12) are searched as a whole.
 struct Property {
   std::string_view subclass;
   int code;
@@ -30,11 +30,12 @@ inline constexpr std::string_view kReferencePart = "AcDbBlockReference";
 inline constexpr std::string_view kLayerPart = "AcDbLayerTableRecord";
 inline constexpr std::string_view kStylePart = "AcDbTextStyleTableRecord";
 
-/// The property's group, or dxf::kNoGroup. Common properties of entities are found before the first marker of
-/// another subclass; text properties of attributes also below the attribute's marker, where some
-/// writers put them.
+/// The property's group, or dxf::kNoGroup. Common properties of entities are found before the first
+/// marker of another subclass; text properties of attributes also below the attribute's marker,
+/// where some writers put them.
 std::size_t findProperty(const dxf::RecordDraft& draft, Property property);
-/// Where a missing property's group belongs: behind the groups that stand before it in its subclass.
+/// Where a missing property's group belongs: behind the groups that stand before it in its
+/// subclass.
 std::size_t placeOf(const dxf::RecordDraft& draft, Property property);
 
 double readReal(const dxf::RecordDraft& draft, Property property, double absent);

@@ -56,8 +56,8 @@ void acutDelBuffer(void*& buffer) {
 
 namespace {
 
-/// Takes the element's value from the arguments. False when a text can't be copied. A va_list that is passed on
-/// may be an array, hence the struct.
+/// Takes the element's value from the arguments. False when a text can't be copied. A va_list that
+/// is passed on may be an array, hence the struct.
 struct Arguments {
   std::va_list list;
 

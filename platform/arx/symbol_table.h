@@ -30,6 +30,7 @@ class AcDbSymbolTableIterator {
 class AcDbSymbolTable : public AcDbObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbSymbolTable)
+  explicit AcDbSymbolTable(kovra::arx::Stored);
   /// eKeyNotFound when there is no such record; erased ones count only if asked for.
   Acad::ErrorStatus getIdAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const;
   Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
@@ -44,8 +45,6 @@ class AcDbSymbolTable : public AcDbObject {
   Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
 
  protected:
-  friend class kovra::arx::ObjectTable;
-  AcDbSymbolTable();
   std::unique_ptr<AcDbSymbolTableIterator::State> iteratorState(bool atBeginning,
                                                                 bool skipDeleted) const;
 };
@@ -53,20 +52,18 @@ class AcDbSymbolTable : public AcDbObject {
 class AcDbSymbolTableRecord : public AcDbObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord)
+  explicit AcDbSymbolTableRecord(kovra::arx::Stored);
   /// The form with a plain pointer gives a copy that the caller releases with acutDelString; the
   /// one with a pointer to const text is valid until the record changes or closes.
   Acad::ErrorStatus getName(ACHAR*& name) const;
   Acad::ErrorStatus getName(const ACHAR*& name) const;
   Acad::ErrorStatus setName(const ACHAR* name);
-
- protected:
-  friend class kovra::arx::ObjectTable;
-  AcDbSymbolTableRecord();
 };
 
 class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
  public:
   ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord)
+  explicit AcDbLayerTableRecord(kovra::arx::Stored);
   /// A new layer: on, color 7, continuous.
   AcDbLayerTableRecord();
   bool isOff() const;
@@ -83,6 +80,7 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
 class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
  public:
   ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord)
+  explicit AcDbTextStyleTableRecord(kovra::arx::Stored);
   AcDbTextStyleTableRecord();
   /// Fixed height, 0 for none.
   double textSize() const;
@@ -123,6 +121,7 @@ class TypedTableIterator : public AcDbSymbolTableIterator {
 template <class Iterator, class Record>
 class TypedTable : public AcDbSymbolTable {
  public:
+  using AcDbSymbolTable::AcDbSymbolTable;
   using AcDbSymbolTable::getAt;
   using AcDbSymbolTable::newIterator;
   Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const {
@@ -151,6 +150,7 @@ class AcDbLayerTableIterator : public kovra::arx::TypedTableIterator<AcDbLayerTa
 class AcDbLayerTable : public kovra::arx::TypedTable<AcDbLayerTableIterator, AcDbLayerTableRecord> {
  public:
   ACRX_DECLARE_MEMBERS(AcDbLayerTable)
+  using TypedTable::TypedTable;
 };
 
 class AcDbTextStyleTableIterator : public kovra::arx::TypedTableIterator<AcDbTextStyleTableRecord> {
@@ -161,6 +161,7 @@ class AcDbTextStyleTable
     : public kovra::arx::TypedTable<AcDbTextStyleTableIterator, AcDbTextStyleTableRecord> {
  public:
   ACRX_DECLARE_MEMBERS(AcDbTextStyleTable)
+  using TypedTable::TypedTable;
 };
 
 class AcDbBlockTableIterator : public kovra::arx::TypedTableIterator<AcDbBlockTableRecord> {
@@ -170,4 +171,5 @@ class AcDbBlockTableIterator : public kovra::arx::TypedTableIterator<AcDbBlockTa
 class AcDbBlockTable : public kovra::arx::TypedTable<AcDbBlockTableIterator, AcDbBlockTableRecord> {
  public:
   ACRX_DECLARE_MEMBERS(AcDbBlockTable)
+  using TypedTable::TypedTable;
 };

@@ -13,6 +13,7 @@ struct TextShape;
 class AcDbText : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbText)
+  explicit AcDbText(kovra::arx::Stored);
   AcDbText();
   /// Outside a database. A null style becomes the database's current style and a height of 0 its
   /// text size when the text is appended.
@@ -70,13 +71,18 @@ class AcDbText : public AcDbEntity {
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
 
  protected:
-  friend class kovra::arx::ObjectTable;
+  kovra::dxf::RecordDraft& startText(const char* typeName);
   void subClose() override;
+  void subAppend(const AcDbDatabase& database) override;
 
  private:
-  Acad::ErrorStatus setPoint(int code, const AcGePoint3d& point);
+  /// As apply, for what the text's place follows from.
+  Acad::ErrorStatus applyPlaced(const std::function<bool(kovra::arx::RecordEdit&)>& change);
+  Acad::ErrorStatus setPoint(int code, const AcGePoint3d& present, const AcGePoint3d& point);
   kovra::arx::TextShape shape(const AcDbDatabase* database) const;
-  Acad::ErrorStatus syncEmbedded();
+  Acad::ErrorStatus setFlag(std::int64_t flag, bool on);
+  void followAlignment();
+
   /// Whether a change since the open moved what group 10 follows from.
   bool placeChanged_ = false;
 };
@@ -85,6 +91,7 @@ class AcDbText : public AcDbEntity {
 class AcDbAttribute : public AcDbText {
  public:
   ACRX_DECLARE_MEMBERS(AcDbAttribute)
+  explicit AcDbAttribute(kovra::arx::Stored);
   AcDbAttribute();
   AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
                 AcDbObjectId style = AcDbObjectId::kNull);
@@ -105,6 +112,7 @@ class AcDbAttribute : public AcDbText {
 class AcDbAttributeDefinition : public AcDbText {
  public:
   ACRX_DECLARE_MEMBERS(AcDbAttributeDefinition)
+  explicit AcDbAttributeDefinition(kovra::arx::Stored);
   AcDbAttributeDefinition();
   AcDbAttributeDefinition(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
                           const ACHAR* prompt, AcDbObjectId style = AcDbObjectId::kNull);

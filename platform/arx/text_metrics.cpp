@@ -5,8 +5,8 @@
 namespace kovra::arx {
 namespace {
 
-// Blocks whose characters are wide or full-width by East Asian width (Unicode Standard Annex 11), joined
-// where only unassigned characters lie between them.
+// Blocks whose characters are wide or full-width by East Asian width (Unicode Standard Annex 11),
+// joined where only unassigned characters lie between them.
 bool isFullWidth(wchar_t c) {
   struct Range {
     char32_t first;
@@ -26,7 +26,9 @@ bool isFullWidth(wchar_t c) {
   return false;
 }
 
-bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool isDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
 
 /// Length of the %% code at the beginning of the text (0: none), and whether it draws a character.
 std::size_t codeLength(std::wstring_view text, bool& draws) {

@@ -69,7 +69,8 @@ std::wstring positiveLength(double value, int unit, int precision) {
   }
 }
 
-/// Degrees, then minutes and seconds as far as the precision goes (1 or 2 minutes, from 3 on seconds).
+/// Degrees, then minutes and seconds as far as the precision goes (1 or 2 minutes, from 3 on
+/// seconds).
 std::wstring degreesMinutesSeconds(double degrees, int precision) {
   if (precision <= 0) return decimal(degrees, 0) + L"d";
   if (precision <= 2) {
@@ -91,8 +92,7 @@ std::wstring surveyor(double degrees, int precision) {
   const bool north = degrees <= 180;
   const bool east = degrees <= 90 || degrees >= 270;
   const double from = std::fabs(90 - (north ? degrees : 360 - degrees));
-  return (north ? L"N " : L"S ") + degreesMinutesSeconds(from, precision) +
-         (east ? L" E" : L" W");
+  return (north ? L"N " : L"S ") + degreesMinutesSeconds(from, precision) + (east ? L" E" : L" W");
 }
 
 }  // namespace

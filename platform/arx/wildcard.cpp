@@ -9,9 +9,13 @@
 namespace kovra::arx {
 namespace {
 
-wchar_t folded(wchar_t c) { return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c))); }
+wchar_t folded(wchar_t c) {
+  return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+}
 
-bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool isDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
 
 // Letters of every script; the program's locale may not know them all.
 bool isLetter(wchar_t c) {
@@ -29,7 +33,8 @@ struct Element {
   std::size_t length = 1;
 };
 
-/// Index of the "]" that ends a set which begins at `open`, or npos. A back-quote hides one character.
+/// Index of the "]" that ends a set which begins at `open`, or npos. A back-quote hides one
+/// character.
 std::size_t setEnd(std::wstring_view pattern, std::size_t open) {
   for (std::size_t i = open + 1; i < pattern.size(); ++i) {
     if (pattern[i] == L'`') {
@@ -93,8 +98,8 @@ class Matcher {
  public:
   explicit Matcher(bool ignoreCase) : ignoreCase_(ignoreCase) {}
 
-  /// The whole text against one alternative without its "~". Going back to the latest "*" alone suffices: an
-  /// earlier one could only take more.
+  /// The whole text against one alternative without its "~". Going back to the latest "*" alone
+  /// suffices: an earlier one could only take more.
   bool matches(std::wstring_view text, std::wstring_view pattern) const {
     std::size_t t = 0;
     std::size_t p = 0;

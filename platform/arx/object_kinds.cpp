@@ -1,0 +1,231 @@
+// What an index of a database names: its class, its owner, its block.
+#include "platform/arx/block_reference.h"
+#include "platform/arx/block_table_record.h"
+#include "platform/arx/database.h"
+#include "platform/arx/layer_locks.h"
+#include "platform/arx/mtext.h"
+#include "platform/arx/object_table.h"
+#include "platform/arx/record_edit.h"
+#include "platform/arx/symbol_table.h"
+#include "platform/arx/text.h"
+#include "platform/dxf/record_store.h"
+
+namespace kovra::arx {
+namespace {
+
+constexpr dxf::RecordIndex kFirstTableObject = 0xffffff00U;
+constexpr dxf::RecordIndex kFirstSpaceObject = 0xfff00000U;
+
+bool isSpaceObject(dxf::RecordIndex index) {
+  return index >= kFirstSpaceObject && index < kFirstTableObject;
+}
+
+bool isTableEntry(dxf::RecordKind kind) {
+  return kind >= dxf::RecordKind::kVport && kind <= dxf::RecordKind::kBlockRecord;
+}
+
+AcRxClass* tableClass(dxf::TableKind table) {
+  switch (table) {
+    case dxf::TableKind::kLayer:
+      return AcDbLayerTable::desc();
+    case dxf::TableKind::kStyle:
+      return AcDbTextStyleTable::desc();
+    case dxf::TableKind::kBlockRecord:
+      return AcDbBlockTable::desc();
+    default:
+      return AcDbSymbolTable::desc();
+  }
+}
+
+/// Makes the object of a class; one row for each class that opens as itself.
+AcDbObject* newObject(const AcRxClass* theClass) {
+  constexpr Stored kStored;
+  if (theClass == AcDbAttribute::desc()) return new AcDbAttribute(kStored);
+  if (theClass == AcDbBlockReference::desc()) return new AcDbBlockReference(kStored);
+  if (theClass == AcDbText::desc()) return new AcDbText(kStored);
+  if (theClass == AcDbAttributeDefinition::desc()) return new AcDbAttributeDefinition(kStored);
+  if (theClass == AcDbMText::desc()) return new AcDbMText(kStored);
+  if (theClass == AcDbEntity::desc()) return new AcDbEntity(kStored);
+  if (theClass == AcDbLayerTableRecord::desc()) return new AcDbLayerTableRecord(kStored);
+  if (theClass == AcDbTextStyleTableRecord::desc()) return new AcDbTextStyleTableRecord(kStored);
+  if (theClass == AcDbBlockTableRecord::desc()) return new AcDbBlockTableRecord(kStored);
+  if (theClass == AcDbSymbolTableRecord::desc()) return new AcDbSymbolTableRecord(kStored);
+  if (theClass == AcDbLayerTable::desc()) return new AcDbLayerTable(kStored);
+  if (theClass == AcDbTextStyleTable::desc()) return new AcDbTextStyleTable(kStored);
+  if (theClass == AcDbBlockTable::desc()) return new AcDbBlockTable(kStored);
+  if (theClass == AcDbSymbolTable::desc()) return new AcDbSymbolTable(kStored);
+  return new AcDbObject(kStored);
+}
+
+}  // namespace
+
+dxf::RecordIndex tableObject(dxf::TableKind table) {
+  return kFirstTableObject + static_cast<dxf::RecordIndex>(table);
+}
+
+bool isTableObject(dxf::RecordIndex index) {
+  return index >= kFirstTableObject && index < kFirstTableObject + dxf::kTableKinds;
+}
+
+dxf::TableKind tableOfObject(dxf::RecordIndex index) {
+  return static_cast<dxf::TableKind>(index - kFirstTableObject);
+}
+
+AcDbObject* ObjectTable::create(dxf::RecordIndex index) const {
+  return newObject(classOf(index));
+}
+
+bool ObjectTable::exists(dxf::RecordIndex index) const {
+  if (index < database_.store().count() || isTableObject(index)) return true;
+  return isSpaceObject(index) && index - kFirstSpaceObject < database_.structure().blockCount();
+}
+
+bool ObjectTable::erased(dxf::RecordIndex index) const {
+  return index < database_.store().count() && database_.store().erased(index);
+}
+
+AcRxClass* ObjectTable::classOf(dxf::RecordIndex index) const {
+  if (!exists(index)) return nullptr;
+  if (isTableObject(index)) return tableClass(tableOfObject(index));
+  if (isSpaceObject(index)) return AcDbBlockTableRecord::desc();
+  const dxf::RecordStore& store = database_.store();
+  switch (store.kind(index)) {
+    case dxf::RecordKind::kText:
+      return AcDbText::desc();
+    case dxf::RecordKind::kAttrib:
+      return AcDbAttribute::desc();
+    case dxf::RecordKind::kAttDef:
+      return AcDbAttributeDefinition::desc();
+    case dxf::RecordKind::kMText:
+      return AcDbMText::desc();
+    case dxf::RecordKind::kInsert:
+      return AcDbBlockReference::desc();
+    case dxf::RecordKind::kLayer:
+      return AcDbLayerTableRecord::desc();
+    case dxf::RecordKind::kStyle:
+      return AcDbTextStyleTableRecord::desc();
+    case dxf::RecordKind::kBlockRecord:
+    case dxf::RecordKind::kBlock:
+      return AcDbBlockTableRecord::desc();
+    case dxf::RecordKind::kSection:
+    case dxf::RecordKind::kEndSec:
+    case dxf::RecordKind::kTable:
+    case dxf::RecordKind::kEndTab:
+    case dxf::RecordKind::kEof:
+      return nullptr;
+    default:
+      break;
+  }
+  if (isTableEntry(store.kind(index))) return AcDbSymbolTableRecord::desc();
+  return isEntity(index) ? AcDbEntity::desc() : AcDbObject::desc();
+}
+
+bool ObjectTable::isEntity(dxf::RecordIndex index) const {
+  if (index >= database_.store().count()) return false;
+  const dxf::SectionKind section = database_.store().section(index);
+  const dxf::RecordKind kind = database_.store().kind(index);
+  return (section == dxf::SectionKind::kEntities || section == dxf::SectionKind::kBlocks) &&
+         kind != dxf::RecordKind::kBlock && kind != dxf::RecordKind::kEndBlk &&
+         kind != dxf::RecordKind::kSection && kind != dxf::RecordKind::kEndSec;
+}
+
+dxf::RecordIndex ObjectTable::blockObject(dxf::BlockNumber number) const {
+  const dxf::Block& block = database_.structure().block(number);
+  if (block.blockRecord != dxf::kNoRecord) return block.blockRecord;
+  return block.begin != dxf::kNoRecord ? block.begin : kFirstSpaceObject + number;
+}
+
+dxf::BlockNumber ObjectTable::blockOfObject(dxf::RecordIndex index) const {
+  if (isSpaceObject(index)) return index - kFirstSpaceObject;
+  const dxf::Structure& structure = database_.structure();
+  const auto has = [&](dxf::BlockNumber number) {
+    const dxf::Block& block = structure.block(number);
+    return block.blockRecord == index || block.begin == index;
+  };
+  const dxf::BlockNumber named = structure.findBlock(structure.entryName(index));
+  if (named != dxf::kNoBlock && has(named)) return named;
+  // Blocks without names, and later ones of the same name.
+  for (dxf::BlockNumber number = 0; number < structure.blockCount(); ++number)
+    if (has(number)) return number;
+  return dxf::kNoBlock;
+}
+
+AcGePoint3d ObjectTable::blockOrigin(dxf::RecordIndex index) const {
+  const dxf::BlockNumber number = blockOfObject(index);
+  if (number == dxf::kNoBlock) return {};
+  const dxf::RecordIndex begin = database_.structure().block(number).begin;
+  if (begin == dxf::kNoRecord) return {};
+  dxf::RecordDraft draft;
+  database_.store().load(begin, draft);
+  return readPoint(draft, {"AcDbBlockBegin", 10}).value_or(AcGePoint3d());
+}
+
+dxf::RecordIndex ObjectTable::ownerOf(dxf::RecordIndex index) const {
+  if (isTableObject(index)) return dxf::kNoRecord;
+  if (isSpaceObject(index)) return tableObject(dxf::TableKind::kBlockRecord);
+  const dxf::Structure& structure = database_.structure();
+  const dxf::RecordKind kind = database_.store().kind(index);
+  if (kind == dxf::RecordKind::kBlock) return tableObject(dxf::TableKind::kBlockRecord);
+  if (isTableEntry(kind))
+    return tableObject(static_cast<dxf::TableKind>(static_cast<int>(kind) -
+                                                   static_cast<int>(dxf::RecordKind::kVport)));
+  if (!isEntity(index)) return database_.store().find(database_.store().owner(index));
+  if (kind == dxf::RecordKind::kAttrib)
+    if (const dxf::RecordIndex insert = structure.insertOf(index); insert != dxf::kNoRecord)
+      return insert;
+  const dxf::BlockNumber block = structure.blockOf(index);
+  return block == dxf::kNoBlock ? dxf::kNoRecord : blockObject(block);
+}
+
+bool ObjectTable::onLockedLayer(dxf::RecordIndex index) const {
+  if (!database_.layerLocks().any() || !isEntity(index)) return false;
+  dxf::RecordDraft draft;
+  database_.store().load(index, draft);
+  return database_.layerLocks().isLocked(
+      database_.store().codec().decode(readBytes(draft, {kEntityPart, 8})));
+}
+
+void ObjectTable::startRecord(const AcDbObject& object, std::uint64_t owner,
+                              dxf::RecordDraft& draft) const {
+  dxf::RecordStore& store = database_.store();
+  const dxf::RecordDraft& groups = object.groups();
+  draft.start(store.dialect(), groups.typeName(), store.newHandle(), owner);
+  for (std::size_t i = 1; i < groups.size(); ++i) {
+    const int code = groups.code(i);
+    if (code == 5 || code == 330) continue;
+    if (code == 100) {
+      draft.appendMarker(groups.text(i));
+    } else if (groups.type(i) == dxf::ValueType::kText) {
+      draft.appendText(code, object.codec().decode(groups.text(i)), store.codec());
+    } else {
+      draft.insertAsciiText(draft.size(), code, groups.asciiText(i));
+    }
+  }
+}
+
+bool ObjectTable::append(AcDbObject& entity, dxf::RecordIndex block) {
+  const dxf::BlockNumber number = blockOfObject(block);
+  if (number == dxf::kNoBlock) return false;
+  dxf::Structure& structure = database_.structure();
+  dxf::RecordDraft draft;
+  startRecord(entity, structure.blockHandle(number), draft);
+  const Property paper{kEntityPart, 67};
+  if (structure.block(number).space && number != dxf::kModelSpace &&
+      findProperty(draft, paper) == dxf::kNoGroup)
+    draft.insertInteger(placeOf(draft, paper), paper.code, 1);
+  adopt(entity, database_.store().insertBefore(structure.entityAnchor(number), draft));
+  // Closing brings a text's position in step with its alignment point.
+  entity.modified_ = true;
+  return true;
+}
+
+void ObjectTable::adopt(AcDbObject& object, dxf::RecordIndex index) {
+  object.body_.reset();
+  object.database_ = &database_;
+  object.record_ = index;
+  object.writer_ = true;
+  object.modified_ = false;
+  link(object);
+}
+
+}  // namespace kovra::arx

@@ -1,0 +1,189 @@
+#include "platform/arx/object_table.h"
+
+#include "platform/arx/block_reference.h"
+#include "platform/arx/block_table_record.h"
+#include "platform/arx/database.h"
+#include "platform/arx/layer_locks.h"
+#include "platform/arx/mtext.h"
+#include "platform/arx/record_edit.h"
+#include "platform/arx/symbol_table.h"
+#include "platform/arx/text.h"
+#include "platform/dxf/record_store.h"
+
+namespace kovra::arx {
+
+ObjectTable::ObjectTable(AcDbDatabase& database) : database_(database), buckets_(64, nullptr) {}
+
+ObjectTable::~ObjectTable() {
+  for (AcDbObject* object : buckets_)
+    while (object != nullptr) delete std::exchange(object, object->nextInTable_);
+}
+
+AcDbObject* ObjectTable::find(dxf::RecordIndex index) const {
+  AcDbObject* object = buckets_[bucket(index)];
+  while (object != nullptr && object->record_ != index) object = object->nextInTable_;
+  return object;
+}
+
+void ObjectTable::link(AcDbObject& object) {
+  if (++openCount_ > buckets_.size()) {
+    std::vector<AcDbObject*> former(buckets_.size() * 2, nullptr);
+    former.swap(buckets_);
+    for (AcDbObject* next : former)
+      while (next != nullptr) {
+        AcDbObject* moved = std::exchange(next, next->nextInTable_);
+        moved->nextInTable_ = std::exchange(buckets_[bucket(moved->record_)], moved);
+      }
+  }
+  object.nextInTable_ = std::exchange(buckets_[bucket(object.record_)], &object);
+}
+
+void ObjectTable::unlink(AcDbObject& object) {
+  AcDbObject** place = &buckets_[bucket(object.record_)];
+  while (*place != &object) place = &(*place)->nextInTable_;
+  *place = object.nextInTable_;
+  --openCount_;
+}
+
+Acad::ErrorStatus ObjectTable::open(AcDbObject*& object, dxf::RecordIndex index,
+                                    const AcRxClass* wanted, AcDb::OpenMode mode, bool openErased) {
+  object = nullptr;
+  const AcRxClass* theClass = classOf(index);
+  if (theClass == nullptr) return Acad::eNullObjectId;
+  if (!theClass->isDerivedFrom(wanted)) return Acad::eNotThatKindOfClass;
+  if (!openErased && erased(index)) return Acad::eWasErased;
+  const bool write = mode == AcDb::kForWrite;
+  AcDbObject* present = find(index);
+  if (present != nullptr) {
+    if (present->writer_) return Acad::eWasOpenForWrite;
+    if (write) return Acad::eWasOpenForRead;
+  } else {
+    if (write && onLockedLayer(index)) return Acad::eOnLockedLayer;
+    present = create(index);
+    present->database_ = &database_;
+    present->record_ = index;
+    link(*present);
+  }
+  if (write) {
+    present->writer_ = true;
+  } else {
+    ++present->readers_;
+  }
+  object = present;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus ObjectTable::close(AcDbObject& object, bool keepChanges) {
+  if (object.writer_) {
+    if (keepChanges) flush(object);
+    object.writer_ = false;
+  } else {
+    --object.readers_;
+  }
+  if (object.readers_ == 0) {
+    unlink(object);
+    releaseBody(object);
+    delete &object;
+  }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus ObjectTable::upgrade(AcDbObject& object) {
+  if (object.writer_) return Acad::eWasOpenForWrite;
+  if (object.readers_ > 1) return Acad::eWasOpenForRead;
+  if (erased(object.record_)) return Acad::eWasErased;
+  if (onLockedLayer(object.record_)) return Acad::eOnLockedLayer;
+  object.readers_ = 0;
+  object.writer_ = true;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus ObjectTable::downgrade(AcDbObject& object) {
+  if (!object.writer_) return Acad::eNotOpenForWrite;
+  flush(object);
+  object.writer_ = false;
+  object.readers_ = 1;
+  return Acad::eOk;
+}
+
+void ObjectTable::flush(AcDbObject& object) {
+  if (!object.modified_) return;
+  object.subClose();
+  // The draft looks into the record's old bytes, so it can't outlive the replacement.
+  flushing_ = true;
+  database_.store().replace(object.record_, body(object).draft);
+  flushing_ = false;
+  releaseBody(object);
+  object.modified_ = false;
+}
+
+Acad::ErrorStatus ObjectTable::erase(AcDbObject& object, bool erasing) {
+  if (!object.writer_) return Acad::eNotOpenForWrite;
+  if (!isEntity(object.record_) && isTableObject(object.record_)) return Acad::eNotApplicable;
+  if (erased(object.record_) == erasing) return erasing ? Acad::eWasErased : Acad::eWasNotErased;
+  flush(object);
+  eraseRecord(object.record_, erasing);
+  return Acad::eOk;
+}
+
+void ObjectTable::eraseRecord(dxf::RecordIndex index, bool erasing) {
+  dxf::RecordStore& store = database_.store();
+  const dxf::RecordKind kind = store.kind(index);
+  const bool contains = (kind == dxf::RecordKind::kInsert || kind == dxf::RecordKind::kPolyline) &&
+                        store.attributesFollow(index);
+  if (contains && erasing) {
+    std::vector<dxf::RecordIndex>& parts = erasedWith_[index];
+    parts.clear();
+    const dxf::RecordIndex end = database_.structure().seqEnd(index);
+    for (dxf::RecordIndex part = store.next(index); part != dxf::kNoRecord;
+         part = store.next(part)) {
+      const dxf::RecordKind partKind = store.kind(part);
+      if (partKind != dxf::RecordKind::kAttrib && partKind != dxf::RecordKind::kVertex &&
+          part != end)
+        break;
+      if (!store.erased(part)) parts.push_back(part);
+      if (part == end) break;
+    }
+    for (const dxf::RecordIndex part : parts) store.setErased(part, true);
+  }
+  store.setErased(index, erasing);
+  if (const auto found = erasedWith_.find(index); !erasing && found != erasedWith_.end()) {
+    for (const dxf::RecordIndex part : found->second) store.setErased(part, false);
+    erasedWith_.erase(found);
+  }
+}
+
+void ObjectTable::recordChanged(dxf::RecordIndex index) {
+  if (flushing_) return;
+  AcDbObject* object = find(index);
+  if (object == nullptr) return;
+  releaseBody(*object);
+  object->modified_ = false;
+}
+
+ObjectBody& ObjectTable::body(const AcDbObject& object) const {
+  if (object.body_ == nullptr) {
+    if (spareBodies_.empty()) {
+      object.body_ = std::make_unique<ObjectBody>();
+    } else {
+      object.body_ = std::move(spareBodies_.back());
+      spareBodies_.pop_back();
+    }
+    object.body_->validTexts = 0;
+    if (object.record_ < database_.store().count()) {
+      database_.store().load(object.record_, object.body_->draft);
+    } else {
+      object.body_->draft.start(database_.store().dialect(), "TABLE", 0, 0);
+    }
+  }
+  return *object.body_;
+}
+
+void ObjectTable::releaseBody(AcDbObject& object) const {
+  constexpr std::size_t kSpare = 64;
+  if (object.body_ != nullptr && spareBodies_.size() < kSpare)
+    spareBodies_.push_back(std::move(object.body_));
+  object.body_.reset();
+}
+
+}  // namespace kovra::arx

@@ -1,0 +1,134 @@
+// Where a text is: its position from its alignment point, its extents, its transformation.
+#include <cmath>
+
+#include "platform/arx/database.h"
+#include "platform/arx/ocs.h"
+#include "platform/arx/text.h"
+#include "platform/arx/text_groups.h"
+#include "platform/arx/text_metrics.h"
+#include "platform/arx/text_styles.h"
+#include "platform/dxf/record_store.h"
+
+namespace dxf = kovra::dxf;
+using namespace kovra::arx;
+
+TextShape AcDbText::shape(const AcDbDatabase* given) const {
+  TextShape result = textShape(groups());
+  result.text = cachedText(TextSlot::kText, kTextValue);
+  const AcDbDatabase* names = given != nullptr ? given : databaseForNames();
+  if (names != nullptr && names->hasDrawing())
+    result.vertical = names->textStyles().find(textStyleName()).vertical;
+  return result;
+}
+
+Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* given) {
+  if (!canWrite()) return Acad::eNotOpenForWrite;
+  if (isDefaultAlignment()) return Acad::eOk;
+  const TextPlacement place = placeText(shape(given));
+  const AcDb::TextHorzMode mode = horizontalMode();
+  return applyPlaced([&](RecordEdit& edit) {
+    if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) {
+      bool changed = edit.setReal(kTextHeight, place.height);
+      changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
+      if (place.rotation != textRotation(edit.draft()))
+        changed |= edit.setReal(kTextRotation, degreesOf(place.rotation), 0);
+      return changed;
+    }
+    return edit.setPoint(kTextPosition, place.position);
+  });
+}
+
+void AcDbText::subAppend(const AcDbDatabase& target) {
+  const AcDbObjectId style = target.textstyle();
+  if (findProperty(groups(), kTextStyle) == dxf::kNoGroup && !style.isNull()) setTextStyle(style);
+  if (height() > 0) return;
+  const double fixed = target.textStyles().find(textStyleName()).fixedHeight;
+  setHeight(fixed > 0 ? fixed : target.textsize());
+}
+
+void AcDbText::subClose() {
+  if (!placeChanged_) return;
+  placeChanged_ = false;
+  dxf::RecordDraft before;
+  const dxf::RecordStore& store = database()->store();
+  if (!isDefaultAlignment()) {
+    const bool isMissing = findProperty(groups(), kTextAlignment) == dxf::kNoGroup;
+    const AcGePoint3d alignment = textPoint(groups(), kTextAlignment);
+    if (isMissing)
+      apply([&](RecordEdit& edit) { return edit.setPoint(kTextAlignment, alignment); });
+    followAlignment();
+  }
+  if (groups().embedded().empty()) return;
+  store.load(recordIndex(), before);
+  const TextAnchor anchor = textAnchor(before);
+  apply([&](RecordEdit& edit) {
+    syncEmbedded(edit.draft(), anchor);
+    return true;
+  });
+}
+
+/// A text that is again as the file has it also stands where the file puts it, whatever font was
+/// measured there.
+void AcDbText::followAlignment() {
+  const AcDb::TextHorzMode mode = horizontalMode();
+  if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return;
+  AcGePoint3d position = placeText(shape(nullptr)).position;
+  const dxf::RecordStore& store = database()->store();
+  if (recordIndex() < store.originalCount()) {
+    dxf::RecordDraft file;
+    file.decode(store.originalBytes(recordIndex()), store.dialect());
+    if (samePlacement(file, groups())) position = textPoint(file, kTextPosition);
+  }
+  if (position.z == readReal(groups(), {kEntityPart, 38}, 0)) position.z = 0;
+  apply([&](RecordEdit& edit) { return edit.setPoint(kTextPosition, position); });
+}
+
+Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
+  const TextShape line = shape(nullptr);
+  const TextPlacement place = placeText(line);
+  const double c = std::cos(place.rotation);
+  const double s = std::sin(place.rotation);
+  const double slant = std::tan(line.oblique);
+  extents = AcDbExtents();
+  for (const double along : {0.0, place.width})
+    for (const double across : {place.bottom, place.top}) {
+      const double u = (along + across * slant) * (line.mirroredInX ? -1 : 1);
+      const double v = across * (line.mirroredInY ? -1 : 1);
+      const AcGePoint3d corner(place.position.x + u * c - v * s, place.position.y + u * s + v * c,
+                               place.position.z);
+      extents.addPoint(ocsToWcs(corner, normal()));
+    }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& matrix) {
+  if (!canWrite()) return Acad::eNotOpenForWrite;
+  const AcGeVector3d oldNormal = normal();
+  const AcGeMatrix3d plane = ocsToWcs(oldNormal);
+  const double angle = rotation();
+  AcGeVector3d along = AcGeVector3d(std::cos(angle), std::sin(angle), 0).transformBy(plane);
+  AcGeVector3d up = AcGeVector3d(-std::sin(angle), std::cos(angle), 0).transformBy(plane);
+  along.transformBy(matrix);
+  up.transformBy(matrix);
+  const AcGeVector3d across = along.crossProduct(up);
+  if (across.isZeroLength()) return Acad::eInvalidInput;
+  const double stretch = along.length();
+  const bool isTurned = !across.normal().isEqualTo(oldNormal.normal());
+  const AcGeVector3d newNormal = isTurned ? across.normal() : oldNormal;
+  const AcGePoint3d place = position().transformBy(matrix);
+  const AcGePoint3d alignment = alignmentPoint().transformBy(matrix);
+  const bool hasAlignment = findProperty(groups(), kTextAlignment) != dxf::kNoGroup;
+
+  if (isTurned) setNormal(newNormal);
+  setPosition(place);
+  if (hasAlignment) setAlignmentPoint(alignment);
+  const AcGeVector3d inPlane = along.transformBy(wcsToOcs(newNormal));
+  const double turned = normalizedAngle(std::atan2(inPlane.y, inPlane.x));
+  if (std::fabs(turned - rotation()) > 1e-12) setRotation(turned);
+  // The height is what stands across the line; the rest of a stretch goes into the width factor.
+  const double heightScale = across.length() / stretch;
+  if (std::fabs(heightScale - 1) > 1e-12) setHeight(height() * heightScale);
+  const double widthScale = stretch / heightScale;
+  if (std::fabs(widthScale - 1) > 1e-12) setWidthFactor(widthFactor() * widthScale);
+  return Acad::eOk;
+}
