@@ -4,16 +4,19 @@
 
 #include "companions/ini_file.h"
 #include "companions/text.h"
-#include "companions/whole_file.h"
 #include "module/frame/companions/project_lib.h"
+#include "platform/dxf/atomic_file.h"
+#include "platform/dxf/file_bytes.h"
 
+namespace dxf = kovra::dxf;
 using kovra::companions::IniFile;
 using kovra::companions::narrow;
 using kovra::companions::wide;
 
 struct ConfigFile::Contents {
-  std::filesystem::path file;         // empty: in memory only
-  std::optional<std::string> stored;  // what the file held when it was loaded; none: it is new
+  std::string file;                      // empty: in memory only
+  std::optional<dxf::FileStamp> onDisk;  // of the file as it was loaded; none: it is new
+  bool changed = false;
   IniFile ini;
   std::string section;  // empty: none is selected
 };
@@ -21,13 +24,18 @@ struct ConfigFile::Contents {
 namespace {
 
 // Other forms of text than UTF-8 and its kin can't be kept line by line.
-bool isKeepable(const std::string& bytes) {
+bool isKeepable(std::string_view bytes) {
   return !bytes.starts_with("\xFF\xFE") && !bytes.starts_with("\xFE\xFF") &&
-         bytes.find('\0') == std::string::npos;
+         bytes.find('\0') == std::string_view::npos;
 }
 
-bool isMissing(std::error_code error) {
-  return error == std::errc::no_such_file_or_directory;
+std::string pathIn(const std::string& folder, const wchar_t* name) {
+  return (std::filesystem::path(folder) / narrow(name)).native();
+}
+
+bool isMissing(const std::string& file) {
+  const auto stamp = dxf::stampOf(file);
+  return !stamp && stamp.error().kind == kovra::ErrorKind::kNotFound;
 }
 
 }  // namespace
@@ -43,12 +51,13 @@ bool ParamFileRef::Exists() const {
 bool ParamFileRef::Load(ConfigFile& file, const wchar_t* name) const {
   *file.contents_ = {};
   if (folder_.empty() || !name || !*name) return false;
-  const std::filesystem::path path = std::filesystem::path(folder_) / narrow(name);
-  std::string bytes;
-  if (kovra::companions::readWholeFile(path, bytes) || !isKeepable(bytes)) return false;
-  file.contents_->file = path;
-  file.contents_->ini = IniFile(bytes);
-  file.contents_->stored = std::move(bytes);
+  std::string path = pathIn(folder_, name);
+  dxf::FileStamp stamp;
+  const auto bytes = dxf::FileBytes::read(path, stamp);
+  if (!bytes || !isKeepable(bytes.value().view())) return false;
+  file.contents_->file = std::move(path);
+  file.contents_->ini = IniFile(bytes.value().view());
+  file.contents_->onDisk = stamp;
   return true;
 }
 
@@ -56,10 +65,10 @@ bool ParamFileRef::LoadOrCreate(ConfigFile& file, const wchar_t* name, unsigned 
                                 int /*reserved*/) const {
   if (Load(file, name)) return true;
   if (!Exists() || !name || !*name) return false;
-  const std::filesystem::path path = std::filesystem::path(folder_) / narrow(name);
-  std::string bytes;
-  if (!isMissing(kovra::companions::readWholeFile(path, bytes))) return false;
-  file.contents_->file = path;
+  std::string path = pathIn(folder_, name);
+  if (!isMissing(path)) return false;
+  file.contents_->file = std::move(path);
+  file.contents_->changed = true;
   return true;
 }
 
@@ -89,7 +98,10 @@ void ConfigFile::ReleaseValue(ConfigValueRef& value) {
 }
 
 bool ConfigFile::WriteString(const wchar_t* key, const wchar_t* text) {
-  return key && text && contents_->ini.set(contents_->section, narrow(key), narrow(text));
+  if (!key || !text || !contents_->ini.set(contents_->section, narrow(key), narrow(text)))
+    return false;
+  contents_->changed = true;
+  return true;
 }
 
 bool ConfigFile::ReadInt(const wchar_t* key, int& value) const {
@@ -109,20 +121,27 @@ bool ConfigFile::WriteInt(const wchar_t* key, int value) {
 }
 
 bool ConfigFile::RemoveSection() {
-  return contents_->ini.removeSection(contents_->section);
+  if (!contents_->ini.removeSection(contents_->section)) return false;
+  contents_->changed = true;
+  return true;
 }
 
 bool ConfigFile::Save() {
   if (contents_->file.empty()) return false;
-  std::string present;
-  const std::error_code error = kovra::companions::readWholeFile(contents_->file, present);
-  const bool unchangedOnDisk =
-      contents_->stored ? !error && present == *contents_->stored : isMissing(error);
-  if (!unchangedOnDisk) return false;
-  std::string bytes = contents_->ini.bytes();
-  if (contents_->stored == bytes) return true;
-  if (kovra::companions::replaceWholeFile(contents_->file, bytes)) return false;
-  contents_->stored = std::move(bytes);
+  if (!contents_->changed) return true;
+  if (contents_->onDisk) {
+    const auto stamp = dxf::stampOf(contents_->file);
+    if (!stamp || stamp.value() != *contents_->onDisk) return false;
+  } else if (!isMissing(contents_->file)) {
+    return false;
+  }
+  dxf::AtomicFile file;
+  if (!file.open(contents_->file)) return false;
+  file.append(contents_->ini.bytes());
+  const auto written = file.commit(false);
+  if (!written) return false;
+  contents_->onDisk = written.value();
+  contents_->changed = false;
   return true;
 }
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "companions/text.h"
-#include "companions/whole_file.h"
+#include "platform/dxf/file_bytes.h"
 #include "platform/win/run_settings.h"
 
 namespace kovra::companions {
@@ -29,9 +29,12 @@ std::optional<Number> parseNumber(std::string_view text) {
 std::unique_ptr<Project> Project::open(const std::filesystem::path& folder) {
   std::error_code error;
   const std::filesystem::path absolute = std::filesystem::absolute(folder, error);
-  std::string bytes;
-  if (error || readWholeFile(absolute / kSettingsFile, bytes)) return nullptr;
-  return std::unique_ptr<Project>(new Project(absolute.lexically_normal(), IniFile(bytes)));
+  if (error) return nullptr;
+  dxf::FileStamp stamp;
+  const auto bytes = dxf::FileBytes::read((absolute / kSettingsFile).native(), stamp);
+  if (!bytes) return nullptr;
+  return std::unique_ptr<Project>(
+      new Project(absolute.lexically_normal(), IniFile(bytes.value().view())));
 }
 
 Project::Project(const std::filesystem::path& folder, IniFile settings)

@@ -1,14 +1,25 @@
 #include "module/frame/companions/project_tools_lib.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "companions/project.h"
 #include "companions/shared_databases.h"
-#include "companions/whole_file.h"
 #include "platform/win/wide_text.h"
 
 using kovra::companions::currentProject;
-using kovra::companions::isWritable;
+
+namespace {
+
+// A file marked read-only is that for the superuser, too. Saving puts a new file in the old one's
+// place, so the folder must take one.
+bool isWritable(const std::filesystem::path& file) {
+  struct stat status {};
+  return ::stat(file.c_str(), &status) == 0 && (status.st_mode & 0222) != 0 &&
+         ::access(file.c_str(), W_OK) == 0 && ::access(file.parent_path().c_str(), W_OK) == 0;
+}
+
+}  // namespace
 
 ProjectDrawings* CurrentDrawings() {
   const auto project = currentProject();
@@ -28,9 +39,7 @@ ProjectDrawing* DrawingByPath(ProjectDrawings* drawings, const wchar_t* path) {
 
 bool IsDrawingBlocked(ProjectDrawing* drawing) {
   if (!drawing) return false;
-  // Saving puts a new file in the old one's place, so the folder must take one.
-  return drawing->blockedByProject() || !isWritable(drawing->identity()) ||
-         ::access(drawing->identity().parent_path().c_str(), W_OK) != 0;
+  return drawing->blockedByProject() || !isWritable(drawing->identity());
 }
 
 AcDbDatabase* OpenSharedDatabase(const wchar_t* path) {
