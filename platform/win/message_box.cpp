@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/win/focus.h"
 #include "platform/win/interaction.h"
 
 namespace {
@@ -31,5 +32,6 @@ int MessageBoxW(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT style) {
   box.text = text != nullptr ? text : L"";
   box.style = style;
   box.buttons = buttonsOf(style);
+  const kovra::win::FocusLoan focus;
   return kovra::win::interaction().answerBox(box);
 }

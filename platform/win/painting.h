@@ -14,8 +14,8 @@ struct PaintStep {
   enum class Kind { frame, icon, text, focus };
 
   Kind kind;
-  RECT place;          ///< in pixels of the control
-  UINT state = 0;      ///< of a frame: DFCS_ flags, or the state of a visual style
+  RECT place;      ///< in pixels of the control
+  UINT state = 0;  ///< of a frame: DFCS_ flags, or the state of a visual style
   HICON icon = nullptr;
   std::wstring text = {};
 };

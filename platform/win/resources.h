@@ -22,13 +22,3 @@ bool findString(HMODULE module, unsigned id, std::wstring& text);
 /// buffer is then empty). With a capacity of 0 `buffer` is a pointer that receives the address of
 /// the text, which stays valid until the next such call.
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int capacity);
-
-/// An icon of the module, to be used as long as the module is loaded; null if it has none.
-HICON LoadIconW(HINSTANCE module, LPCWSTR name);
-/// `type` is IMAGE_ICON; a size of 0 takes the icon's own.
-HANDLE LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, int height, UINT flags);
-BOOL DestroyIcon(HICON icon);
-
-inline constexpr UINT IMAGE_ICON = 1;
-inline constexpr UINT LR_DEFAULTCOLOR = 0;
-inline constexpr UINT LR_SHARED = 0x8000;

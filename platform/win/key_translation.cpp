@@ -1,0 +1,51 @@
+#include "platform/win/key_translation.h"
+
+#include <utility>
+
+#include "platform/win/window_api.h"
+
+namespace kovra::win {
+namespace {
+
+std::optional<wchar_t>& pending() {
+  static std::optional<wchar_t> character;
+  return character;
+}
+
+bool isDown(int key) {
+  return GetKeyState(key) < 0;
+}
+
+std::optional<wchar_t> characterOf(WPARAM key) {
+  const bool control = isDown(VK_CONTROL);
+  const bool isLetter = key >= 'A' && key <= 'Z';
+  if (isLetter && control) return static_cast<wchar_t>(key - 'A' + 1);
+  if (isLetter) return static_cast<wchar_t>(isDown(VK_SHIFT) ? key : key - 'A' + 'a');
+  switch (key) {
+    case VK_RETURN:
+      return control ? L'\n' : L'\r';
+    case VK_BACK:
+    case VK_TAB:
+    case VK_ESCAPE:
+    case VK_SPACE:
+      return static_cast<wchar_t>(key);
+    default:
+      if (key >= '0' && key <= '9' && !control) return static_cast<wchar_t>(key);
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+std::optional<wchar_t> takeTranslatedCharacter() {
+  return std::exchange(pending(), std::nullopt);
+}
+
+void translateAndDispatch(const MSG& message) {
+  if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) {
+    pending() = characterOf(message.wParam);
+  }
+  DispatchMessageW(&message);
+}
+
+}  // namespace kovra::win
