@@ -22,8 +22,8 @@ int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 void addRunOptions(CLI::App& app, RunOptions& run) {
-  app.add_option("drawings", run.drawings, "Drawings to open; none: a new empty drawing")
-      ->option_text("DRAWING...");
+  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
+      ->option_text("...");
   app.add_option("-p,--project", run.project, "The current project (default: none)")
       ->option_text("DIR");
   app.add_option("-s,--script", run.script, "Input, line by line; - is standard input")
@@ -36,7 +36,8 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
                  "Save the current drawing there at the end; not one that was opened")
       ->option_text("FILE");
   app.add_flag("--save", run.saveAll, "Save every changed drawing in its own place at the end");
-  app.add_flag("!--no-backup", run.backup, "Without NAME.bak");
+  app.add_flag_callback(
+      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
   app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
   app.add_option("--state", run.stateStore, "The user's dialog store (default: per user)")
       ->option_text("FILE");
@@ -51,9 +52,7 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
   const std::map<std::string, ListFormat> formats = {
       {"table", ListFormat::kTable}, {"csv", ListFormat::kCsv}, {"json", ListFormat::kJson}};
   CLI::App* command = app.add_subcommand("list", "Print every TEXT, MTEXT, ATTDEF and ATTRIB");
-  command->add_option("drawings", list.drawings, "Drawings to read")
-      ->required()
-      ->option_text("DRAWING...");
+  command->add_option("DRAWING", list.drawings, "Drawings to read")->required()->option_text("...");
   command->add_option("--format", list.format, "Form of the output (default: table)")
       ->transform(CLI::CheckedTransformer(formats))
       ->option_text("table|csv|json");
@@ -65,9 +64,9 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
 
 CLI::App* addCheck(CLI::App& app, CheckOptions& check) {
   CLI::App* command = app.add_subcommand("check", "Say whether saving gives every byte back");
-  command->add_option("drawings", check.drawings, "Drawings to read")
+  command->add_option("DRAWING", check.drawings, "Drawings to read")
       ->required()
-      ->option_text("DRAWING...");
+      ->option_text("...");
   return command;
 }
 

@@ -46,6 +46,7 @@ void applySettings(const RunOptions& options, const ProgramFiles& files) {
   settings.stateStore = options.stateStore;
   settings.registry = options.registry;
   settings.resourceFolder = files.resources;
+  settings.keepBackup = options.backup;
   settings.language = options.language == "ja" ? win::Language::japanese : win::Language::english;
   if (!options.project.empty()) win::setCurrentProject(std::filesystem::absolute(options.project));
   if (!options.quiet) {

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kovra::test {
+
+struct ProgramRun {
+  int status = -1;  ///< exit status; 128 + number for a signal
+  std::string out;
+  std::string err;
+};
+
+/// A folder of its own for each test, in which the program runs; removed at the end.
+class ProgramTest : public ::testing::Test {
+ protected:
+  ProgramTest();
+  ~ProgramTest() override;
+
+  /// Runs `kovra` there with a dialog store of its own and English strings.
+  /// `environment`: further NAME=VALUE.
+  ProgramRun run(const std::vector<std::string>& arguments, const std::string& input = {},
+                 const std::vector<std::string>& environment = {}) const;
+  /// The same with the lines as a script.
+  ProgramRun runScript(const std::string& lines, std::vector<std::string> arguments = {}) const;
+
+  std::filesystem::path path(const std::string& name) const { return folder_ / name; }
+  void write(const std::string& name, const std::string& bytes) const;
+  std::string read(const std::string& name) const;
+  bool exists(const std::string& name) const { return std::filesystem::exists(path(name)); }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// The lines that differ, as "-old" and "+new", in order; for texts with the same number of lines
+/// that is what `diff` shows.
+std::vector<std::string> changedLines(const std::string& before, const std::string& after);
+
+}  // namespace kovra::test
