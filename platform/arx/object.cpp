@@ -103,6 +103,11 @@ Acad::ErrorStatus AcDbObject::apply(const std::function<bool(kovra::arx::RecordE
   return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbObject::applyGroups(
+    const std::function<bool(kovra::arx::RecordEdit&)>& change) {
+  return apply(change);
+}
+
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcRxClass* wanted,
                                  AcDb::OpenMode mode, bool openErased) {
   object = nullptr;

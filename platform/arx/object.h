@@ -68,6 +68,10 @@ class AcDbObject : public AcRxObject {
   Adesk::Boolean isModified() const { return modified_; }
   Adesk::Boolean isNewObject() const { return database_ == nullptr; }
 
+  /// Changes groups as a list asks for it: the function changes the record's groups and says
+  /// whether it did. eNotOpenForWrite.
+  virtual Acad::ErrorStatus applyGroups(const std::function<bool(kovra::arx::RecordEdit&)>& change);
+
  protected:
   friend class kovra::arx::ObjectTable;
 

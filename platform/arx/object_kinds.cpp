@@ -4,6 +4,7 @@
 #include "platform/arx/database.h"
 #include "platform/arx/layer_locks.h"
 #include "platform/arx/mtext.h"
+#include "platform/arx/new_entity.h"
 #include "platform/arx/object_table.h"
 #include "platform/arx/record_edit.h"
 #include "platform/arx/symbol_table.h"
@@ -185,16 +186,15 @@ bool ObjectTable::onLockedLayer(dxf::RecordIndex index) const {
       database_.store().codec().decode(readBytes(draft, {kEntityPart, 8})));
 }
 
-void ObjectTable::startRecord(const AcDbObject& object, std::uint64_t owner,
-                              dxf::RecordDraft& draft) const {
-  dxf::RecordStore& store = database_.store();
+void ObjectTable::translateGroups(const AcDbObject& object, dxf::RecordDraft& draft) const {
+  const dxf::RecordStore& store = database_.store();
   const dxf::RecordDraft& groups = object.groups();
-  draft.start(store.dialect(), groups.typeName(), store.newHandle(), owner);
   for (std::size_t i = 1; i < groups.size(); ++i) {
     const int code = groups.code(i);
-    if (code == 5 || code == 330) continue;
     if (code == 100) {
       draft.appendMarker(groups.text(i));
+    } else if (!isWritten(code, store.dialect())) {
+      continue;
     } else if (groups.type(i) == dxf::ValueType::kText) {
       draft.appendText(code, object.codec().decode(groups.text(i)), store.codec());
     } else {
@@ -204,16 +204,11 @@ void ObjectTable::startRecord(const AcDbObject& object, std::uint64_t owner,
 }
 
 bool ObjectTable::append(AcDbObject& entity, dxf::RecordIndex block) {
-  const dxf::BlockNumber number = blockOfObject(block);
-  if (number == dxf::kNoBlock) return false;
-  dxf::Structure& structure = database_.structure();
-  dxf::RecordDraft draft;
-  startRecord(entity, structure.blockHandle(number), draft);
-  const Property paper{kEntityPart, 67};
-  if (structure.block(number).space && number != dxf::kModelSpace &&
-      findProperty(draft, paper) == dxf::kNoGroup)
-    draft.insertInteger(placeOf(draft, paper), paper.code, 1);
-  adopt(entity, database_.store().insertBefore(structure.entityAnchor(number), draft));
+  const AcDbObjectId made =
+      appendRecord(database_, database_.idOf(block), entity.groups().typeName(),
+                   [&](dxf::RecordDraft& draft) { translateGroups(entity, draft); });
+  if (made.isNull()) return false;
+  adopt(entity, made.index());
   // Closing brings a text's position in step with its alignment point.
   entity.modified_ = true;
   return true;

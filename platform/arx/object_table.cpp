@@ -179,6 +179,16 @@ ObjectBody& ObjectTable::body(const AcDbObject& object) const {
   return *object.body_;
 }
 
+void ObjectTable::loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) const {
+  const AcDbObject* object = find(index);
+  if (object == nullptr || !object->modified_) {
+    database_.store().load(index, draft);
+    return;
+  }
+  draft.decodeOwned(database_.store().dialect(),
+                    [&](std::string& bytes) { body(*object).draft.appendBytes(bytes); });
+}
+
 void ObjectTable::releaseBody(AcDbObject& object) const {
   constexpr std::size_t kSpare = 64;
   if (object.body_ != nullptr && spareBodies_.size() < kSpare)

@@ -53,8 +53,8 @@ class ObjectTable {
   /// Makes a record of an entity that isn't in a database, behind the last entity of a block; it is
   /// then open for write. False for an index that is no block.
   bool append(AcDbObject& entity, dxf::RecordIndex block);
-  /// The object's groups as a new record of this drawing.
-  void startRecord(const AcDbObject& object, std::uint64_t owner, dxf::RecordDraft& draft) const;
+  /// Appends the groups of an object that isn't in a database, in this drawing's dialect.
+  void translateGroups(const AcDbObject& object, dxf::RecordDraft& draft) const;
   /// The object is open for write as this record from now on.
   void adopt(AcDbObject& object, dxf::RecordIndex index);
 
@@ -77,6 +77,8 @@ class ObjectTable {
   /// Open for read or write by somebody.
   bool isOpen(dxf::RecordIndex index) const { return find(index) != nullptr; }
 
+  /// The groups of a record as they are now, also while a writer holds changes back.
+  void loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) const;
   /// Decodes the object's record if that wasn't done yet.
   ObjectBody& body(const AcDbObject& object) const;
 

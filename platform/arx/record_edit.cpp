@@ -48,6 +48,7 @@ std::size_t findProperty(const dxf::RecordDraft& draft, Property property) {
 
 std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
   const int wanted = groupRank(property.subclass, property.code);
+  if (wanted < 0) return draft.endOf(property.subclass);
   const bool marked = draft.find(kMarker) != dxf::kNoGroup;
   const bool common = property.subclass == kEntityPart;
   if (marked && !common && !draft.hasMarker(property.subclass))
@@ -106,11 +107,15 @@ std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property pro
   return point;
 }
 
-bool RecordEdit::fileHas(Property property) const {
+bool RecordEdit::loadOriginal(dxf::RecordDraft& draft) const {
   if (store_ == nullptr || record_ >= store_->originalCount()) return false;
+  draft.decode(store_->originalBytes(record_), store_->dialect());
+  return true;
+}
+
+bool RecordEdit::fileHas(Property property) const {
   dxf::RecordDraft original;
-  original.decode(store_->originalBytes(record_), store_->dialect());
-  return findProperty(original, property) != dxf::kNoGroup;
+  return loadOriginal(original) && findProperty(original, property) != dxf::kNoGroup;
 }
 
 bool RecordEdit::setReal(Property property, double value, std::optional<double> absent) {
@@ -195,11 +200,15 @@ double normalizedAngle(double radians) {
   return angle < 0 ? angle + 2 * kPi : angle;
 }
 
-double degreesOf(double radians) {
-  double degrees = radians * 180 / kPi;
+double exactDegrees(double radians) {
+  const double degrees = radians * 180 / kPi;
   const double rounded = std::round(degrees * 1e9) / 1e9;
-  if (std::fabs(degrees - rounded) <= 4e-16 * std::fmax(90, std::fabs(degrees))) degrees = rounded;
-  degrees = std::fmod(degrees, 360);
+  const bool isSpoiled = std::fabs(degrees - rounded) <= 4e-16 * std::fmax(90, std::fabs(degrees));
+  return isSpoiled ? rounded : degrees;
+}
+
+double degreesOf(double radians) {
+  double degrees = std::fmod(exactDegrees(radians), 360);
   if (degrees < 0) degrees += 360;
   return degrees == 360 ? 0 : degrees;
 }

@@ -63,6 +63,8 @@ class RecordEdit {
   bool setPoint(Property property, const AcGePoint3d& point);
 
   dxf::RecordDraft& draft() { return draft_; }
+  /// The record as the file has it; false for one that the file hasn't.
+  bool loadOriginal(dxf::RecordDraft& draft) const;
 
  private:
   bool fileHas(Property property) const;
@@ -75,6 +77,8 @@ class RecordEdit {
 /// Degrees of an angle in radians, from 0 up to 360; the last bits that the conversion spoils are
 /// rounded, so that a whole number of degrees stays one.
 double degreesOf(double radians);
+/// The same without a turn being taken off or added.
+double exactDegrees(double radians);
 /// From 0 up to a full turn.
 double normalizedAngle(double radians);
 

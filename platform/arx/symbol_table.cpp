@@ -93,7 +93,7 @@ struct AcDbSymbolTableIterator::State {
   bool isErased() const { return database.objects().erased(entries[at]); }
 };
 
-AcDbSymbolTableIterator::AcDbSymbolTableIterator(std::unique_ptr<State> state)
+AcDbSymbolTableIterator::AcDbSymbolTableIterator(std::shared_ptr<State> state)
     : state_(std::move(state)) {}
 AcDbSymbolTableIterator::~AcDbSymbolTableIterator() = default;
 
@@ -130,7 +130,7 @@ Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& rec
 
 AcDbSymbolTable::AcDbSymbolTable(Stored stored) : AcDbObject(stored) {}
 
-std::unique_ptr<AcDbSymbolTableIterator::State> AcDbSymbolTable::iteratorState(
+std::shared_ptr<AcDbSymbolTableIterator::State> AcDbSymbolTable::iteratorState(
     bool atBeginning, bool skipDeleted) const {
   auto state = std::make_unique<AcDbSymbolTableIterator::State>(AcDbSymbolTableIterator::State{
       *database(), entriesOf(*database(), tableOfObject(recordIndex()))});
@@ -199,7 +199,9 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
   const std::uint64_t owner =
       tableRecord == dxf::kNoRecord ? 0 : database()->store().handle(tableRecord);
   dxf::RecordDraft draft;
-  database()->objects().startRecord(*record, owner, draft);
+  draft.start(database()->store().dialect(), table == dxf::TableKind::kLayer ? "LAYER" : "STYLE",
+              database()->store().newHandle(), owner);
+  database()->objects().translateGroups(*record, draft);
   const dxf::RecordIndex entry = database()->structure().addEntry(table, draft);
   database()->objects().adopt(*record, entry);
   id = record->objectId();

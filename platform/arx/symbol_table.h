@@ -22,8 +22,8 @@ class AcDbSymbolTableIterator {
  protected:
   friend class AcDbSymbolTable;
   struct State;
-  explicit AcDbSymbolTableIterator(std::unique_ptr<State> state);
-  std::unique_ptr<State> state_;
+  explicit AcDbSymbolTableIterator(std::shared_ptr<State> state);
+  std::shared_ptr<State> state_;
 };
 
 /// A table whose records are found by name, without regard to case.
@@ -45,7 +45,7 @@ class AcDbSymbolTable : public AcDbObject {
   Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
 
  protected:
-  std::unique_ptr<AcDbSymbolTableIterator::State> iteratorState(bool atBeginning,
+  std::shared_ptr<AcDbSymbolTableIterator::State> iteratorState(bool atBeginning,
                                                                 bool skipDeleted) const;
 };
 

@@ -131,7 +131,7 @@ double AcDbTextStyleTableRecord::obliquingAngle() const {
 Acad::ErrorStatus AcDbTextStyleTableRecord::setObliquingAngle(double angle) {
   if (!std::isfinite(angle)) return Acad::eInvalidInput;
   if (angle == obliquingAngle()) return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
-  const double degrees = angle < 0 ? -degreesOf(-angle) : degreesOf(angle);
+  const double degrees = exactDegrees(angle);
   return apply([&](RecordEdit& edit) { return edit.setReal(kStyleOblique, degrees, 0); });
 }
 

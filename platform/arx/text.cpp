@@ -75,6 +75,10 @@ Acad::ErrorStatus AcDbText::applyPlaced(const std::function<bool(RecordEdit&)>& 
   return status;
 }
 
+Acad::ErrorStatus AcDbText::applyGroups(const std::function<bool(RecordEdit&)>& change) {
+  return applyPlaced(change);
+}
+
 AcGeVector3d AcDbText::normal() const {
   return textNormal(groups());
 }
@@ -149,7 +153,7 @@ Acad::ErrorStatus AcDbText::setOblique(double angle) {
   constexpr double kLimit = 85.0 * std::numbers::pi / 180;
   if (!std::isfinite(angle) || std::fabs(angle) > kLimit + 1e-9) return Acad::eInvalidInput;
   if (angle == oblique()) return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
-  const double degrees = angle < 0 ? -degreesOf(-angle) : degreesOf(angle);
+  const double degrees = exactDegrees(angle);
   return applyPlaced([&](RecordEdit& edit) { return edit.setReal(kTextOblique, degrees, 0); });
 }
 

@@ -69,6 +69,8 @@ class AcDbText : public AcDbEntity {
   virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr);
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus applyGroups(
+      const std::function<bool(kovra::arx::RecordEdit&)>& change) override;
 
  protected:
   kovra::dxf::RecordDraft& startText(const char* typeName);
@@ -81,7 +83,6 @@ class AcDbText : public AcDbEntity {
   Acad::ErrorStatus setPoint(int code, const AcGePoint3d& present, const AcGePoint3d& point);
   kovra::arx::TextShape shape(const AcDbDatabase* database) const;
   Acad::ErrorStatus setFlag(std::int64_t flag, bool on);
-  void followAlignment();
 
   /// Whether a change since the open moved what group 10 follows from.
   bool placeChanged_ = false;

@@ -4,6 +4,7 @@
 #include "platform/arx/database.h"
 #include "platform/arx/ocs.h"
 #include "platform/arx/text.h"
+#include "platform/arx/text_align.h"
 #include "platform/arx/text_groups.h"
 #include "platform/arx/text_metrics.h"
 #include "platform/arx/text_styles.h"
@@ -49,38 +50,15 @@ void AcDbText::subAppend(const AcDbDatabase& target) {
 void AcDbText::subClose() {
   if (!placeChanged_) return;
   placeChanged_ = false;
-  dxf::RecordDraft before;
-  const dxf::RecordStore& store = database()->store();
-  if (!isDefaultAlignment()) {
-    const bool isMissing = findProperty(groups(), kTextAlignment) == dxf::kNoGroup;
-    const AcGePoint3d alignment = textPoint(groups(), kTextAlignment);
-    if (isMissing)
-      apply([&](RecordEdit& edit) { return edit.setPoint(kTextAlignment, alignment); });
-    followAlignment();
-  }
+  apply([&](RecordEdit& edit) { return alignText(edit, *database()); });
   if (groups().embedded().empty()) return;
-  store.load(recordIndex(), before);
+  dxf::RecordDraft before;
+  database()->store().load(recordIndex(), before);
   const TextAnchor anchor = textAnchor(before);
   apply([&](RecordEdit& edit) {
     syncEmbedded(edit.draft(), anchor);
     return true;
   });
-}
-
-/// A text that is again as the file has it also stands where the file puts it, whatever font was
-/// measured there.
-void AcDbText::followAlignment() {
-  const AcDb::TextHorzMode mode = horizontalMode();
-  if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return;
-  AcGePoint3d position = placeText(shape(nullptr)).position;
-  const dxf::RecordStore& store = database()->store();
-  if (recordIndex() < store.originalCount()) {
-    dxf::RecordDraft file;
-    file.decode(store.originalBytes(recordIndex()), store.dialect());
-    if (samePlacement(file, groups())) position = textPoint(file, kTextPosition);
-  }
-  if (position.z == readReal(groups(), {kEntityPart, 38}, 0)) position.z = 0;
-  apply([&](RecordEdit& edit) { return edit.setPoint(kTextPosition, position); });
 }
 
 Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {

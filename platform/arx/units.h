@@ -18,5 +18,5 @@ std::wstring formatAngle(double radians, int unit, int precision);
 int acdbRToS(double value, int unit, int precision, ACHAR* text);
 /// The same for angles in radians with AUNITS and AUPREC.
 int acdbAngToS(double angle, int unit, int precision, ACHAR* text);
-/// A length from text in the forms that acdbRToS writes. RTNORM or RTERROR.
+/// A length from its decimal or scientific form. RTNORM or RTERROR.
 int acdbDisToF(const ACHAR* text, int unit, double* value);

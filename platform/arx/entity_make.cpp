@@ -1,0 +1,103 @@
+// acdbEntMake.
+#include <string>
+
+#include "platform/arx/database.h"
+#include "platform/arx/entity_lists.h"
+#include "platform/arx/list_groups.h"
+#include "platform/arx/list_properties.h"
+#include "platform/arx/new_entity.h"
+#include "platform/arx/text_align.h"
+#include "platform/dxf/record_store.h"
+#include "platform/dxf/structure.h"
+
+namespace dxf = kovra::dxf;
+using namespace kovra::arx;
+
+namespace {
+
+/// The type of group 0 in upper case; empty if the list has none.
+std::string typeOf(const resbuf* list) {
+  while (list != nullptr && list->restype != 0 && list->restype != RTDXF0) list = list->rbnext;
+  std::string type;
+  if (list == nullptr) return type;
+  for (const wchar_t c : listText(*list))
+    type += c >= L'a' && c <= L'z' ? static_cast<char>(c - 32)
+                                   : (c < 0x80 ? static_cast<char>(c) : '?');
+  return type;
+}
+
+const resbuf* lastOf(const resbuf* list, int code) {
+  const resbuf* found = nullptr;
+  for (; list != nullptr; list = skipAppGroup(list)->rbnext)
+    if (list->restype == code) found = list;
+  return found;
+}
+
+bool isAcceptable(const AcDbDatabase& database, const std::string& type, const resbuf* list) {
+  if (subclassesOf(type).empty() || missingGroup(type, list) != 0) return false;
+  for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
+    element = skipAppGroup(element);
+    if (isStructural(element->restype)) continue;
+    if (!isAllowed(database, type, *element)) return false;
+  }
+  return true;
+}
+
+/// A list's text is that of the drawing's table, where it has one.
+std::wstring tableSpelling(const AcDbDatabase& database, const resbuf& element) {
+  const auto table = element.restype == 8 ? dxf::TableKind::kLayer : dxf::TableKind::kStyle;
+  const dxf::RecordIndex entry = database.structure().findEntry(table, listText(element));
+  return entry == dxf::kNoRecord ? listText(element) : database.structure().entryName(entry);
+}
+
+/// The new record's groups: type, markers, the list's groups in their order in the format.
+void fillDraft(AcDbDatabase& database, const std::string& type, const resbuf* list,
+               dxf::RecordDraft& draft) {
+  for (const std::string_view subclass : subclassesOf(type)) draft.appendMarker(subclass);
+  if (type == "TEXT") draft.appendMarker(kTextPart);
+  if (lastOf(list, 8) == nullptr)
+    draft.insertText(placeOf(draft, {kEntityPart, 8}), 8,
+                     database.structure().textVariable("$CLAYER").value_or(L"0"),
+                     database.store().codec());
+  for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
+    element = skipAppGroup(element);
+    const int code = element->restype;
+    if (isStructural(code) || !isWritten(code, database.store().dialect())) continue;
+    resbuf written = *element;
+    std::wstring name;
+    if (code == 8 || code == 7) {
+      name = tableSpelling(database, *element);
+      written.resval.rstring = name.data();
+    }
+    const Property property = propertyOf(type, code);
+    if (property.subclass.empty()) continue;
+    // Of a code that is given twice the last counts, but for the chunks of a long text.
+    const std::size_t present = code == 3 ? dxf::kNoGroup : findProperty(draft, property);
+    if (present != dxf::kNoGroup) {
+      setFromElement(database, draft, present, written);
+    } else {
+      insertFromElement(database, draft, placeOf(draft, property), written);
+    }
+  }
+}
+
+}  // namespace
+
+int acdbEntMake(const resbuf* list) {
+  AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+  if (database == nullptr || !database->hasDrawing()) return RTERROR;
+  const std::string type = typeOf(list);
+  if (!isAcceptable(*database, type, list)) return RTREJ;
+  if (const resbuf* layer = lastOf(list, 8);
+      layer != nullptr &&
+      database->structure().findEntry(dxf::TableKind::kLayer, listText(*layer)) == dxf::kNoRecord)
+    database->structure().addLayer(listText(*layer), 7);
+
+  const AcDbObjectId made =
+      appendRecord(*database, database->currentSpaceId(), type, [&](dxf::RecordDraft& draft) {
+        fillDraft(*database, type, list, draft);
+        RecordEdit edit(draft, nullptr, dxf::kNoRecord);
+        if (type == "TEXT" || type == "ATTDEF") alignText(edit, *database);
+      });
+  return made.isNull() ? RTREJ : RTNORM;
+}

@@ -1,0 +1,21 @@
+// New entities made of groups.
+#pragma once
+#include <functional>
+#include <string_view>
+
+#include "platform/arx/object_id.h"
+#include "platform/dxf/record_draft.h"
+
+class AcDbDatabase;
+
+namespace kovra::arx {
+
+/// Whether a release of the format knows a common group code of entities.
+bool isWritten(int code, const dxf::Dialect& dialect);
+
+/// Puts a record behind the last entity of a block: type, handle and owner by the drawing, the rest
+/// by `fill`, and the mark of paper space. A null id for what is no block.
+AcDbObjectId appendRecord(AcDbDatabase& database, AcDbObjectId block, std::string_view type,
+                          const std::function<void(dxf::RecordDraft&)>& fill);
+
+}  // namespace kovra::arx
