@@ -64,8 +64,10 @@ Answer ask(AcApDocument& document, const Question& question);
 /// The same in the current document; cancel when there is none.
 Answer ask(const Question& question);
 
-/// Tells the user why an answer isn't taken, and notes it as a failure of the input line unless a
-/// command gave the answer itself.
+/// A line of a command's own output. Commands that run from tokens show it only with CMDECHO.
+void showMessage(std::wstring_view line);
+/// Shows why an answer isn't taken, and notes it as a failure of the input line unless a command
+/// gave the answer itself.
 void refuseAnswer(const Answer& answer, std::wstring_view why);
 
 /// The prompt that outside input goes to now: the one on top, if neither a dialog nor a message box

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/arx/geometry.h"
+#include "platform/arx/keywords.h"
+#include "platform/arx/object_id.h"
+#include "platform/arx/sysvars.h"
+
+namespace kovra::arx {
+
+/// What acedInitGet asked for: serves the next prompt, then goes.
+struct PromptControl {
+  int flags = 0;
+  KeywordList keywords{};
+};
+
+/// The pointer over the drawing window: the pixel, and the exact world point that was meant.
+struct Cursor {
+  bool known = false;
+  int pixelX = 0;
+  int pixelY = 0;
+  AcGePoint3d point{};
+};
+
+/// What belongs to an open document and isn't part of its drawing.
+struct DocumentSession {
+  bool closing = false;                ///< every prompt is cancelled until the document is idle
+  std::vector<std::wstring> commands;  ///< running, outermost first
+  std::wstring lastCommand;            ///< for a plain Enter
+  std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
+  AcGePoint3d lastPoint{};                                       ///< in world coordinates
+  std::vector<AcDbObjectId> implied;                             ///< the implied selection
+  std::vector<AcDbObjectId> previous;                            ///< the last selection made
+  std::unordered_set<AcDbObjectId> highlighted;
+  PromptControl promptControl;
+  std::wstring lastInput;  ///< keyword or text for acedGetInput
+  Cursor cursor;
+};
+
+}  // namespace kovra::arx

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "platform/arx/geometry.h"
+#include "platform/dxf/record_draft.h"
+#include "platform/dxf/record_kind.h"
+
+class AcDbDatabase;
+
+namespace kovra::arx {
+
+/// A piece of what an entity draws: a chain of points, curves cut into chords. A filled one is hit
+/// inside as well and has its first point for its last.
+struct DrawnShape {
+  std::vector<AcGePoint3d> points;
+  bool filled = false;
+};
+
+/// The shapes of one record in the coordinates of its block or space; texts are their boxes.
+/// Nothing for block references, dimensions (see drawing_walk.h) and types that nothing is known
+/// of. Reads the record's groups only.
+class ShapeReader {
+ public:
+  explicit ShapeReader(const AcDbDatabase& database) : database_(database) {}
+
+  /// `draft` must be the record's. The shapes are valid until the next call.
+  const std::vector<DrawnShape>& read(dxf::RecordIndex record, const dxf::RecordDraft& draft);
+
+ private:
+  DrawnShape& add(bool filled = false);
+  void text(const dxf::RecordDraft& draft);
+  void mtext(const dxf::RecordDraft& draft);
+  void arc(const dxf::RecordDraft& draft, bool full);
+  void ellipse(const dxf::RecordDraft& draft);
+  void lwPolyline(const dxf::RecordDraft& draft);
+  void polyline(dxf::RecordIndex record, const dxf::RecordDraft& draft);
+  void pointList(const dxf::RecordDraft& draft, int code);
+  void quad(const dxf::RecordDraft& draft, bool filled);
+  void viewport(const dxf::RecordDraft& draft);
+
+  const AcDbDatabase& database_;
+  std::vector<DrawnShape> shapes_;
+  std::size_t used_ = 0;
+};
+
+/// Appends the points of a polyline's segment behind `from`, for a bulge (the tangent of a quarter
+/// of the arc's angle, positive counter-clockwise).
+void appendBulge(std::vector<AcGePoint3d>& out, const AcGePoint3d& from, const AcGePoint3d& to,
+                 double bulge);
+
+}  // namespace kovra::arx

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/dxf/record_kind.h"
+
+class AcDbDatabase;
+
+namespace kovra::arx {
+
+/// The entities of the current space in drawing order, oldest first, without attributes.
+void forEachEntity(const AcDbDatabase& database, const std::function<void(dxf::RecordIndex)>& work);
+/// The same of every space of the drawing, model space first.
+void forEachEntityOfAllSpaces(const AcDbDatabase& database,
+                              const std::function<void(dxf::RecordIndex)>& work);
+/// Whether the record is an entity of the current space and of nothing else.
+bool isEntityOfCurrentSpace(const AcDbDatabase& database, dxf::RecordIndex record);
+
+}  // namespace kovra::arx

@@ -1,0 +1,133 @@
+#include "platform/arx/message_hooks.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/arx/document_list.h"
+#include "platform/arx/document_session.h"
+#include "platform/arx/drawing_window.h"
+#include "platform/arx/view.h"
+#include "platform/win/message_queue.h"
+#include "platform/win/messages.h"
+#include "platform/win/window.h"
+#include "platform/win/window_api.h"
+
+namespace kovra::arx {
+namespace {
+
+template <class Function>
+std::vector<Function>& hooks() {
+  static std::vector<Function> registered;
+  return registered;
+}
+
+template <class Function>
+bool isRegistered(Function hook) {
+  const auto& all = hooks<Function>();
+  return std::find(all.begin(), all.end(), hook) != all.end();
+}
+
+template <class Function>
+BOOL add(Function hook) {
+  if (hook == nullptr || isRegistered(hook)) return FALSE;
+  hooks<Function>().push_back(hook);
+  return TRUE;
+}
+
+template <class Function>
+BOOL remove(Function hook) {
+  return std::erase(hooks<Function>(), hook) > 0 ? TRUE : FALSE;
+}
+
+bool filtered(MSG& message) {
+  // A copy: hooks come and go while they are called.
+  const auto filters = hooks<AcedFilterWinMsgFn>();
+  return std::any_of(filters.begin(), filters.end(), [&](AcedFilterWinMsgFn filter) {
+    return isRegistered(filter) && filter(&message) != FALSE;
+  });
+}
+
+void tellWatches(const MSG& message) {
+  const auto watches = hooks<AcedWatchWinMsgFn>();
+  for (const AcedWatchWinMsgFn watch : watches)
+    if (isRegistered(watch)) watch(&message);
+}
+
+}  // namespace
+
+bool sendDrawingMessage(UINT message, WPARAM wParam, int pixelX, int pixelY) {
+  MSG sent{};
+  sent.hwnd = drawingWindow();
+  sent.message = message;
+  sent.wParam = wParam;
+  sent.lParam = MAKELPARAM(static_cast<UINT>(pixelX), static_cast<UINT>(pixelY));
+  sent.pt = {pixelX, pixelY};
+  ClientToScreen(sent.hwnd, &sent.pt);
+  win::setCursorPosition(sent.pt);
+  if (filtered(sent)) return false;
+  tellWatches(sent);
+  win::deliver(sent);
+  return true;
+}
+
+void focusDrawing() {
+  if (GetFocus() != drawingWindow()) SetFocus(drawingWindow());
+}
+
+void cursorEntersDrawing() {
+  const HWND focus = GetFocus();
+  const HWND dialog = focus != nullptr ? win::topLevelOf(focus) : nullptr;
+  if (dialog == nullptr || dialog == frameWindow()) return;
+  if (SendMessageW(dialog, WM_ACAD_KEEPFOCUS, 0, 0) == 0) focusDrawing();
+}
+
+}  // namespace kovra::arx
+
+BOOL acedRegisterFilterWinMsg(AcedFilterWinMsgFn filter) {
+  return kovra::arx::add(filter);
+}
+
+BOOL acedRemoveFilterWinMsg(AcedFilterWinMsgFn filter) {
+  return kovra::arx::remove(filter);
+}
+
+BOOL acedRegisterWatchWinMsg(AcedWatchWinMsgFn watch) {
+  return kovra::arx::add(watch);
+}
+
+BOOL acedRemoveWatchWinMsg(AcedWatchWinMsgFn watch) {
+  return kovra::arx::remove(watch);
+}
+
+int acedGetWinNum(int x, int y) {
+  const bool inside =
+      x >= 0 && y >= 0 && x < kovra::arx::kWindowWidth && y < kovra::arx::kWindowHeight;
+  // The number of the model space's first viewport.
+  return inside ? 2 : 0;
+}
+
+void acedCoordFromPixelToWorld(const POINT& pixel, ads_point world) {
+  acedCoordFromPixelToWorld(2, pixel, world);
+}
+
+BOOL acedCoordFromPixelToWorld(int, POINT pixel, ads_point world) {
+  const AcApDocument* document = kovra::arx::DocumentList::instance().current();
+  if (document == nullptr || world == nullptr) return FALSE;
+  const kovra::arx::Cursor& cursor = document->session().cursor;
+  const bool remembered = cursor.known && cursor.pixelX == pixel.x && cursor.pixelY == pixel.y;
+  const AcGePoint3d point =
+      remembered ? cursor.point
+                 : kovra::arx::pixelToWorld(kovra::arx::currentView(*document), pixel.x, pixel.y);
+  world[0] = point.x;
+  world[1] = point.y;
+  world[2] = point.z;
+  return TRUE;
+}
+
+HWND adsw_acadMainWnd() {
+  return kovra::arx::frameWindow();
+}
+
+HWND adsw_acadDocWnd() {
+  return kovra::arx::drawingWindow();
+}
