@@ -27,6 +27,7 @@ PROMPTS = [2722, 2723, *range(2724, 2731), 2754, 2755, 2767, 2768, 2771, 2774, *
            *range(2788, 2794), 2828, 7353, 7710, 7718, 7723, 7725, 8189]
 OWN_LINE_BREAK = {2774, 8189, 2786}
 COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900]
+USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830))
 LABELS = {"text dialogs": range(2809, 2822), "align": range(2119, 2132), "radix": range(2795, 2802)}
 
 COUNT_UP = {
@@ -107,15 +108,19 @@ class StringTest(unittest.TestCase):
         self.assertEqual(set(STRINGS["ja"]), set(STRINGS["en"]))
         self.assertGreater(len(STRINGS["ja"]), 100)
 
-    def test_every_string_that_the_module_names_exists(self):
-        named = {}
-        for source in (ROOT / "module").rglob("*.cpp"):
-            for name, id in re.findall(r"constexpr UINT (\w+) = (\d+);", source.read_text("utf-8")):
-                named[int(id)] = f"{source.name}: {name}"
-        self.assertTrue(named)
+    def test_every_id_that_the_module_uses_exists(self):
+        """Numbers of these ranges in the module's code are ids; so are its constants of type UINT."""
+        used = {}
+        for source in [*(ROOT / "module").rglob("*.cpp"), *(ROOT / "module").rglob("*.h")]:
+            code = re.sub(r"//.*", "", source.read_text("utf-8"))
+            named = re.findall(r"constexpr UINT \w+ = (\d{3,4});", code)
+            for id in map(int, [*re.findall(r"(?<![\w.])\d{4}(?![\w.])", code), *named]):
+                if str(id) in named or any(first <= id <= last for first, last in USED_RANGES):
+                    used[id] = source.name
+        self.assertGreater(len(used), 20)
         known = set(STRINGS["ja"]) | set(DIALOGS["ja"]) | set(ICONS["ja"])
         known |= {control.id for dialog in DIALOGS["ja"].values() for control in dialog.controls}
-        self.assertEqual({named[id] for id in named if id not in known and 500 < id < 10000}, set())
+        self.assertEqual({id: name for id, name in used.items() if id not in known}, {})
 
     def test_formats(self):
         for language in LANGUAGES:
