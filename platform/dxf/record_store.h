@@ -156,7 +156,7 @@ class RecordStore {
 };
 
 /// Opens a drawing and writes it to memory. Ok if every byte came back; else the error says why not
-/// or at which byte they differ first.
+/// (as for readFile) or at which byte they differ first (kNotSupported).
 Result<void> checkRoundTrip(const std::string& path);
 
 }  // namespace kovra::dxf
