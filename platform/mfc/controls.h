@@ -1,0 +1,110 @@
+#pragma once
+
+#include "platform/mfc/wnd.h"
+
+class CButton : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(LPCWSTR caption, DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  int GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK)); }
+  void SetCheck(int check) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(check)); }
+  UINT GetState() const { return static_cast<UINT>(SendMessage(BM_GETSTATE)); }
+  void SetState(BOOL pressed) { SendMessage(BM_SETSTATE, static_cast<WPARAM>(pressed)); }
+  UINT GetButtonStyle() const { return GetStyle() & 0xFFFF; }
+  void SetButtonStyle(UINT style, BOOL redraw = TRUE) { SendMessage(BM_SETSTYLE, style, redraw); }
+  HICON SetIcon(HICON icon);
+  HICON GetIcon() const;
+
+  /// An owner-drawn button paints itself here.
+  virtual void DrawItem(LPDRAWITEMSTRUCT /*item*/) {}
+
+ protected:
+  BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+};
+
+class CEdit : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  void SetSel(int from, int to, BOOL /*noScroll*/ = FALSE) {
+    SendMessage(EM_SETSEL, static_cast<WPARAM>(static_cast<LONG_PTR>(from)), to);
+  }
+  void SetSel(DWORD both) { SetSel(LOWORD(both), HIWORD(both)); }
+  void GetSel(int& from, int& to) const;
+  DWORD GetSel() const { return static_cast<DWORD>(SendMessage(EM_GETSEL)); }
+  void ReplaceSel(LPCWSTR text, BOOL canUndo = FALSE) {
+    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(canUndo), reinterpret_cast<LPARAM>(text));
+  }
+  void SetLimitText(UINT limit) { SendMessage(EM_LIMITTEXT, limit); }
+  void LimitText(int limit = 0) { SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(limit)); }
+  UINT GetLimitText() const { return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT)); }
+  BOOL SetReadOnly(BOOL readOnly = TRUE) {
+    return SendMessage(EM_SETREADONLY, static_cast<WPARAM>(readOnly)) != 0;
+  }
+  int GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
+  int LineIndex(int line = -1) const {
+    return static_cast<int>(
+        SendMessage(EM_LINEINDEX, static_cast<WPARAM>(static_cast<LONG_PTR>(line))));
+  }
+  int LineLength(int position = -1) const {
+    return static_cast<int>(
+        SendMessage(EM_LINELENGTH, static_cast<WPARAM>(static_cast<LONG_PTR>(position))));
+  }
+  BOOL GetModify() const { return SendMessage(EM_GETMODIFY) != 0; }
+  void SetModify(BOOL modified = TRUE) { SendMessage(EM_SETMODIFY, static_cast<WPARAM>(modified)); }
+  BOOL CanUndo() const { return SendMessage(EM_CANUNDO) != 0; }
+  BOOL Undo() { return SendMessage(EM_UNDO) != 0; }
+  void Clear() { SendMessage(WM_CLEAR); }
+  void Copy() { SendMessage(WM_COPY); }
+  void Cut() { SendMessage(WM_CUT); }
+  void Paste() { SendMessage(WM_PASTE); }
+};
+
+class CComboBox : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  int GetCount() const { return number(CB_GETCOUNT); }
+  int GetCurSel() const { return number(CB_GETCURSEL); }
+  int SetCurSel(int index) { return number(CB_SETCURSEL, index); }
+  int AddString(LPCWSTR text) { return number(CB_ADDSTRING, 0, text); }
+  int InsertString(int index, LPCWSTR text) { return number(CB_INSERTSTRING, index, text); }
+  int DeleteString(UINT index) { return number(CB_DELETESTRING, static_cast<int>(index)); }
+  void ResetContent() { SendMessage(CB_RESETCONTENT); }
+  /// Empty when there is no such item.
+  void GetLBText(int index, CString& text) const;
+  int GetLBText(int index, LPWSTR buffer) const { return number(CB_GETLBTEXT, index, buffer); }
+  int GetLBTextLen(int index) const { return number(CB_GETLBTEXTLEN, index); }
+  int FindString(int after, LPCWSTR text) const { return number(CB_FINDSTRING, after, text); }
+  int FindStringExact(int after, LPCWSTR text) const {
+    return number(CB_FINDSTRINGEXACT, after, text);
+  }
+  int SelectString(int after, LPCWSTR text) { return number(CB_SELECTSTRING, after, text); }
+  DWORD_PTR GetItemData(int index) const;
+  int SetItemData(int index, DWORD_PTR data);
+  DWORD GetEditSel() const { return static_cast<DWORD>(SendMessage(CB_GETEDITSEL)); }
+  BOOL SetEditSel(int from, int to);
+  BOOL LimitText(int limit) { return number(CB_LIMITTEXT, limit); }
+  int SetItemHeight(int index, UINT height) {
+    return static_cast<int>(SendMessage(CB_SETITEMHEIGHT,
+                                        static_cast<WPARAM>(static_cast<LONG_PTR>(index)),
+                                        static_cast<LPARAM>(height)));
+  }
+  int GetItemHeight(int index) const { return number(CB_GETITEMHEIGHT, index); }
+  int SetDroppedWidth(UINT width) { return number(CB_SETDROPPEDWIDTH, static_cast<int>(width)); }
+  void ShowDropDown(BOOL show = TRUE) { SendMessage(CB_SHOWDROPDOWN, static_cast<WPARAM>(show)); }
+
+ private:
+  int number(UINT message, int index = 0, LPCWSTR text = nullptr) const {
+    return static_cast<int>(SendMessage(message, static_cast<WPARAM>(static_cast<LONG_PTR>(index)),
+                                        reinterpret_cast<LPARAM>(text)));
+  }
+};
+
+class CStatic : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(LPCWSTR text, DWORD style, const RECT& rect, CWnd* parent, UINT id = 0xFFFF);
+  HICON SetIcon(HICON icon);
+  HICON GetIcon() const;
+};

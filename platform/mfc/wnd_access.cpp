@@ -1,0 +1,54 @@
+#include <string>
+
+#include "platform/mfc/frame.h"
+#include "platform/mfc/wnd.h"
+#include "platform/win/desktop.h"
+#include "platform/win/message_box.h"
+#include "platform/win/window.h"
+
+void CWnd::GetWindowText(CString& text) const {
+  text = kovra::win::windowText(m_hWnd).c_str();
+}
+
+int CWnd::GetDlgItemText(int id, CString& text) const {
+  text = kovra::win::windowText(::GetDlgItem(m_hWnd, id)).c_str();
+  return text.GetLength();
+}
+
+BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT /*flags*/) {
+  const DWORD before = GetStyle();
+  const DWORD after = (before & ~remove) | add;
+  if (after == before) return FALSE;
+  ::SetWindowLongPtrW(m_hWnd, GWL_STYLE, static_cast<LONG_PTR>(after));
+  return TRUE;
+}
+
+void CWnd::MoveWindow(LPCRECT rect, BOOL repaint) {
+  MoveWindow(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top, repaint);
+}
+
+void CWnd::ScreenToClient(LPRECT rect) const {
+  ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2);
+}
+
+void CWnd::ClientToScreen(LPRECT rect) const {
+  ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(rect), 2);
+}
+
+CWnd* CWnd::GetNextDlgTabItem(CWnd* control, BOOL previous) const {
+  return FromHandle(
+      ::GetNextDlgTabItem(m_hWnd, control != nullptr ? control->m_hWnd : nullptr, previous));
+}
+
+int CWnd::MessageBox(LPCWSTR text, LPCWSTR caption, UINT style) const {
+  return ::MessageBoxW(m_hWnd, text, caption, style);
+}
+
+CWnd* AfxGetMainWnd() {
+  static CMDIFrameWnd frame;
+  if (frame.m_hWnd != kovra::win::frameWindow()) {
+    frame.Detach();
+    frame.Attach(kovra::win::frameWindow());
+  }
+  return &frame;
+}
