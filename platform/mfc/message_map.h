@@ -150,7 +150,7 @@ inline constexpr UINT kReflected = 0xBC00;
     return theClass::GetThisMessageMap();             \
   }                                                   \
   const AFX_MSGMAP* theClass::GetThisMessageMap() {   \
-    using ThisClass = theClass;                       \
+    using ThisClass [[maybe_unused]] = theClass;      \
     using TheBaseClass = baseClass;                   \
     namespace rows = kovra::mfc;                      \
     static const AFX_MSGMAP_ENTRY entries[] = {
