@@ -114,13 +114,17 @@ template <typename T>
 constexpr WORD HIWORD(T value) {
   return static_cast<WORD>((static_cast<std::uintptr_t>(value) >> 16) & 0xFFFF);
 }
-inline constexpr DWORD MAKELONG(UINT low, UINT high) {
-  return (low & 0xFFFFU) | ((high & 0xFFFFU) << 16);
+/// Two words in one number; only the low 16 bits of each part count.
+template <typename Low, typename High>
+constexpr DWORD MAKELONG(Low low, High high) {
+  return (static_cast<DWORD>(low) & 0xFFFFU) | ((static_cast<DWORD>(high) & 0xFFFFU) << 16);
 }
-inline constexpr WPARAM MAKEWPARAM(UINT low, UINT high) {
+template <typename Low, typename High>
+constexpr WPARAM MAKEWPARAM(Low low, High high) {
   return MAKELONG(low, high);
 }
-inline constexpr LPARAM MAKELPARAM(UINT low, UINT high) {
+template <typename Low, typename High>
+constexpr LPARAM MAKELPARAM(Low low, High high) {
   return static_cast<LPARAM>(MAKELONG(low, high));
 }
 
