@@ -4,16 +4,12 @@
 
 #include "platform/arx/document_list.h"
 #include "platform/arx/prompt.h"
-#include "platform/arx/view.h"
+#include "platform/win/desktop.h"
 #include "platform/win/wide_text.h"
-#include "platform/win/window.h"
 #include "platform/win/window_api.h"
 
 namespace kovra::arx {
 namespace {
-
-/// Room around the drawing window for title, tool bars and command line.
-constexpr int kFrameMargin = 100;
 
 /// One character message carries one byte; those of one character come one after another.
 void typeByte(WPARAM byte) {
@@ -42,37 +38,15 @@ LRESULT drawingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam
   return 0;
 }
 
-HWND makeFrame() {
-  win::registerWindowClass({L"KOVRAFRAME", DefWindowProcW, nullptr});
-  win::WindowSpec spec;
-  spec.className = L"KovraFrame";
-  spec.style = WS_OVERLAPPED | WS_VISIBLE;
-  spec.place = {0, 0, kWindowWidth + kFrameMargin, kWindowHeight + kFrameMargin};
-  return win::makeWindow(spec);
-}
-
-HWND makeDrawingWindow() {
-  win::registerWindowClass({L"KOVRADRAWING", drawingProcedure, nullptr});
-  win::WindowSpec spec;
-  spec.className = L"KovraDrawing";
-  spec.style = WS_CHILD | WS_VISIBLE;
-  spec.place = {0, 0, kWindowWidth, kWindowHeight};
-  spec.parentOrOwner = frameWindow();
-  return win::makeWindow(spec);
-}
-
 }  // namespace
 
 HWND frameWindow() {
-  static HWND frame = nullptr;
-  if (!IsWindow(frame)) frame = makeFrame();
-  return frame;
+  return win::frameWindow();
 }
 
 HWND drawingWindow() {
-  static HWND drawing = nullptr;
-  if (!IsWindow(drawing)) drawing = makeDrawingWindow();
-  return drawing;
+  win::setDrawingProcedure(drawingProcedure);
+  return win::drawingWindow();
 }
 
 }  // namespace kovra::arx

@@ -7,6 +7,7 @@
 #include "platform/arx/document_session.h"
 #include "platform/arx/drawing_window.h"
 #include "platform/arx/view.h"
+#include "platform/win/desktop.h"
 #include "platform/win/message_queue.h"
 #include "platform/win/messages.h"
 #include "platform/win/window.h"
@@ -71,14 +72,11 @@ bool sendDrawingMessage(UINT message, WPARAM wParam, int pixelX, int pixelY) {
 }
 
 void focusDrawing() {
-  if (GetFocus() != drawingWindow()) SetFocus(drawingWindow());
+  win::focusDrawing();
 }
 
 void cursorEntersDrawing() {
-  const HWND focus = GetFocus();
-  const HWND dialog = focus != nullptr ? win::topLevelOf(focus) : nullptr;
-  if (dialog == nullptr || dialog == frameWindow()) return;
-  if (SendMessageW(dialog, WM_ACAD_KEEPFOCUS, 0, 0) == 0) focusDrawing();
+  win::offerFocusToDrawing();
 }
 
 }  // namespace kovra::arx

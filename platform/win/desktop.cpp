@@ -19,6 +19,7 @@ constexpr LONG kDrawingTop = 24;
 struct Desktop {
   HWND frame = nullptr;
   HWND drawing = nullptr;
+  WNDPROC drawingProcedure = DefWindowProcW;
 };
 
 Desktop& desktop() {
@@ -37,6 +38,10 @@ LRESULT frameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       return DefWindowProcW(frame, message, wParam, lParam);
   }
+}
+
+LRESULT drawingMessage(HWND drawing, UINT message, WPARAM wParam, LPARAM lParam) {
+  return desktop().drawingProcedure(drawing, message, wParam, lParam);
 }
 
 void makeDesktop() {
@@ -61,7 +66,7 @@ void makeDesktop() {
 
 void registerDesktopClasses() {
   registerWindowClass({kFrameClass, frameProcedure, nullptr});
-  registerWindowClass({kDrawingClass, DefWindowProcW, nullptr});
+  registerWindowClass({kDrawingClass, drawingMessage, nullptr});
 }
 
 HWND frameWindow() {
@@ -73,6 +78,8 @@ HWND drawingWindow() {
   makeDesktop();
   return desktop().drawing;
 }
+
+void setDrawingProcedure(WNDPROC procedure) { desktop().drawingProcedure = procedure; }
 
 void focusDrawing() {
   SetFocus(drawingWindow());
@@ -99,7 +106,8 @@ void resetDesktop() {
   destroyAllWindows();
   clearMessageQueue();
   forgetFocus();
-  desktop() = {};
+  desktop().frame = nullptr;
+  desktop().drawing = nullptr;
 }
 
 }  // namespace kovra::win

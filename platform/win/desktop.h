@@ -13,6 +13,9 @@ inline constexpr int kDrawingHeight = 1000;
 HWND frameWindow();
 HWND drawingWindow();
 
+/// What the drawing window does with its messages, instead of DefWindowProcW.
+void setDrawingProcedure(WNDPROC procedure);
+
 /// To be called before a click in the drawing or a typed line counts: moves the focus to the
 /// drawing, so that the field which had it is told first.
 void focusDrawing();
