@@ -140,11 +140,6 @@ inline constexpr UINT kReflected = 0xBC00;
 
 }  // namespace kovra::mfc
 
-#define DECLARE_MESSAGE_MAP()                   \
- protected:                                     \
-  static const AFX_MSGMAP* GetThisMessageMap(); \
-  const AFX_MSGMAP* GetMessageMap() const override;
-
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)        \
   const AFX_MSGMAP* theClass::GetMessageMap() const { \
     return theClass::GetThisMessageMap();             \

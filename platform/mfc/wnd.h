@@ -9,6 +9,12 @@
 /// Marks handlers in class declarations.
 #define afx_msg
 
+/// Declares a class's message map (message_map.h has the rows).
+#define DECLARE_MESSAGE_MAP()                   \
+ protected:                                     \
+  static const AFX_MSGMAP* GetThisMessageMap(); \
+  const AFX_MSGMAP* GetMessageMap() const override;
+
 class CCmdTarget;
 class CDataExchange;
 class CWnd;
