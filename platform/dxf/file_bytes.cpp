@@ -1,15 +1,12 @@
 #include "platform/dxf/file_bytes.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
-#include <utility>
 
 namespace kovra::dxf {
 
@@ -52,33 +49,6 @@ Result<FileStamp> stampOf(const std::string& path) {
   return stampFrom(status);
 }
 
-FileBytes::~FileBytes() {
-  if (data_ != nullptr) ::munmap(data_, capacity_);
-}
-
-FileBytes::FileBytes(FileBytes&& other) noexcept
-    : data_(std::exchange(other.data_, nullptr)),
-      size_(std::exchange(other.size_, 0)),
-      capacity_(std::exchange(other.capacity_, 0)) {}
-
-FileBytes& FileBytes::operator=(FileBytes&& other) noexcept {
-  std::swap(data_, other.data_);
-  std::swap(size_, other.size_);
-  std::swap(capacity_, other.capacity_);
-  return *this;
-}
-
-bool FileBytes::allocate(std::size_t size) {
-  capacity_ = std::max<std::size_t>(size, 1);
-  void* memory =
-      ::mmap(nullptr, capacity_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) return false;
-  // Large pages save most of the page faults that filling the buffer would cost.
-  ::madvise(memory, capacity_, MADV_HUGEPAGE);
-  data_ = static_cast<char*>(memory);
-  return true;
-}
-
 Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   struct stat status {};
@@ -90,9 +60,9 @@ Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
   stamp = stampFrom(status);
   FileBytes bytes;
   const auto size = static_cast<std::size_t>(status.st_size);
-  if (!bytes.allocate(size)) return readError(path, ENOMEM);
+  if (!bytes.memory_.resize(size)) return readError(path, ENOMEM);
   while (bytes.size_ < size) {
-    const ssize_t got = ::read(file.get(), bytes.data_ + bytes.size_, size - bytes.size_);
+    const ssize_t got = ::read(file.get(), bytes.memory_.data() + bytes.size_, size - bytes.size_);
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return readError(path, errno);
     if (got == 0) break;
@@ -107,8 +77,8 @@ Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
 
 Result<FileBytes> FileBytes::copy(std::string_view source) {
   FileBytes bytes;
-  if (!bytes.allocate(source.size())) return readError("memory", ENOMEM);
-  if (!source.empty()) std::memcpy(bytes.data_, source.data(), source.size());
+  if (!bytes.memory_.resize(source.size())) return readError("memory", ENOMEM);
+  if (!source.empty()) std::memcpy(bytes.memory_.data(), source.data(), source.size());
   bytes.size_ = source.size();
   return bytes;
 }

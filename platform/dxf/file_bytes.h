@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/dxf/large_memory.h"
 #include "platform/dxf/result.h"
 
 namespace kovra::dxf {
@@ -26,22 +27,14 @@ Result<FileStamp> stampOf(const std::string& path);
 /// cuts the file short must not kill this one.
 class FileBytes {
  public:
-  FileBytes() = default;
-  ~FileBytes();
-  FileBytes(FileBytes&& other) noexcept;
-  FileBytes& operator=(FileBytes&& other) noexcept;
-
   static Result<FileBytes> read(const std::string& path, FileStamp& stamp);
   static Result<FileBytes> copy(std::string_view bytes);
 
-  std::string_view view() const { return {data_, size_}; }
+  std::string_view view() const { return {memory_.data(), size_}; }
 
  private:
-  bool allocate(std::size_t size);
-
-  char* data_ = nullptr;
+  LargeMemory memory_;
   std::size_t size_ = 0;
-  std::size_t capacity_ = 0;
 };
 
 /// The system's words for an errno value.

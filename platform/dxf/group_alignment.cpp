@@ -9,16 +9,6 @@ namespace kovra::dxf {
 
 namespace {
 
-/// Same codes in the same order: each stands for the one in its place.
-bool alignInPlace(const AlignmentTask& task, std::vector<std::size_t>& partners) {
-  if (task.oldSize != task.newSize) return false;
-  for (std::size_t n = 0; n < task.newSize; ++n) {
-    if (task.oldCode(n) != task.newCode(n)) return false;
-  }
-  for (std::size_t n = 0; n < task.newSize; ++n) partners[n] = n;
-  return true;
-}
-
 /// The pairing of the highest score, where equal values count much more than equal codes. Takes
 /// time and memory by the product of the sizes.
 void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners) {
@@ -83,16 +73,13 @@ void alignByLookahead(const AlignmentTask& task, std::vector<std::size_t>& partn
 
 }  // namespace
 
-std::vector<std::size_t> alignGroups(const AlignmentTask& task) {
-  constexpr std::size_t kLargestTable = 1U << 18U;
-  std::vector<std::size_t> partners(task.newSize, kNoGroup);
-  if (alignInPlace(task, partners)) return partners;
+void alignGroups(const AlignmentTask& task, std::vector<std::size_t>& partners) {
+  constexpr std::size_t kLargestTable = std::size_t{1} << 18U;
   if (task.newSize < kLargestTable && task.oldSize * task.newSize <= kLargestTable) {
     alignByScore(task, partners);
   } else {
     alignByLookahead(task, partners);
   }
-  return partners;
 }
 
 }  // namespace kovra::dxf

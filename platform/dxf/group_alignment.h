@@ -15,8 +15,9 @@ struct AlignmentTask {
   std::function<bool(std::size_t, std::size_t)> sameValue;  ///< asked for equal codes only
 };
 
-/// For each new group the old one that it stands for, in rising order, or kNoGroup. Partners have
-/// the same code; among the ways to pair, one with the most equal values is taken.
-std::vector<std::size_t> alignGroups(const AlignmentTask& task);
+/// Tells for each new group the old one that it stands for, in rising order; the entries of others,
+/// which must be kNoGroup before, stay. Partners have the same code; among the ways to pair, one
+/// with the most equal values is taken.
+void alignGroups(const AlignmentTask& task, std::vector<std::size_t>& partners);
 
 }  // namespace kovra::dxf

@@ -61,7 +61,7 @@ class AsciiReader {
   explicit AsciiReader(std::string_view text)
       : ends_(text), at_(text.data()), end_(text.data() + text.size()) {}
 
-  GroupStatus next(GroupView& group) {
+  [[gnu::always_inline]] GroupStatus next(GroupView& group) {
     if (at_ == end_) return GroupStatus::kEnd;
     const char* codeEnd = ends_.next();
     if (!parseCode(at_, codeEnd, group.code)) return badCode();
@@ -107,7 +107,8 @@ class BinaryReader {
 
 /// Calls `visit(group)` for each group of a record's bytes, up to the first fault.
 template <class Visit>
-void forEachGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
+[[gnu::always_inline]] inline void forEachGroup(std::string_view bytes, const Dialect& dialect,
+                                                Visit visit) {
   GroupView group;
   if (dialect.binary) {
     BinaryReader reader(bytes, dialect.wideCodes);

@@ -20,7 +20,7 @@ class LineEnds {
   }
 
   /// The next line feed; the end of the text when there is none left.
-  const char* next() {
+  [[gnu::always_inline]] const char* next() {
     while (mask_ == 0) {
       if (end_ - block_ <= kBlock) return end_;
       block_ += kBlock;

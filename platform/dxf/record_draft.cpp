@@ -4,6 +4,15 @@
 
 namespace kovra::dxf {
 
+namespace {
+
+/// Groups with these codes may begin or end a part of a record.
+bool changesPart(std::int32_t code) {
+  return (code >= 100 && code <= 102) || code == 1001;
+}
+
+}  // namespace
+
 void RecordDraft::clear(const Dialect& dialect) {
   dialect_ = &dialect;
   borrowed_ = {};
@@ -25,16 +34,19 @@ void RecordDraft::decode(std::string_view bytes, const Dialect& dialect) {
 void RecordDraft::readGroups() {
   const char* origin = base().data();
   const auto offset = [origin](const char* at) { return static_cast<std::uint32_t>(at - origin); };
-  forEachGroup(base(), *dialect_, [&](const GroupView& view) {
-    if (groups_.empty()) kind_ = recordKind(view.value());
-    Group& group = groups_.emplace_back();
-    group.code = view.code;
-    group.begin = offset(view.begin);
-    group.valueBegin = offset(view.valueBegin);
-    group.valueEnd = offset(view.valueEnd);
-    group.end = offset(view.end);
-    classify(groups_.size() - 1);
-  });
+  bool plain = false;  // nothing but data so far in this record, so a usual group is data too
+  bool marked = false;
+  forEachGroup(
+      base(), *dialect_, [&](const GroupView& view) __attribute__((always_inline)) {
+        groups_.push_back({view.code, offset(view.begin), offset(view.valueBegin),
+                           offset(view.valueEnd), offset(view.end), 0, 0, GroupPart::kData, false,
+                           marked});
+        if (plain && !changesPart(view.code)) return;
+        if (groups_.size() == 1) kind_ = recordKind(view.value());
+        classify(groups_.size() - 1);
+        plain = groups_.back().part == GroupPart::kData;
+        marked = groups_.back().marked;
+      });
 }
 
 void RecordDraft::classify(std::size_t at) {

@@ -30,55 +30,15 @@ bool isIndexed(int code) {
 
 }  // namespace
 
-/// Works on the stretch of the original that the draft's changes lie in.
-class OverlayBuilder {
- public:
-  OverlayBuilder(std::string_view original, const RecordOverlay* current, const RecordDraft& draft,
-                 const TextCodec& codec)
-      : original_(original), draft_(draft), dialect_(draft.dialect()), codec_(codec) {
-    const auto baseSize = static_cast<std::uint32_t>(draft.base().size());
-    head_ = draft.editBegin_;
-    tail_ = baseSize - draft.editEnd_;
-    if (current != nullptr) {
-      head_ = std::min(head_, current->head);
-      tail_ = std::min(tail_, current->tail);
-    }
-    collectOld();
-    collectNew(baseSize);
-  }
-
-  std::shared_ptr<const RecordOverlay> build();
-
- private:
-  using Group = RecordDraft::Group;
-
-  void collectOld();
-  void collectNew(std::uint32_t baseSize);
-  bool same(const GroupView& old, const Group& group) const;
-  bool matches(std::size_t oldGroup, std::size_t newGroup) const {
-    return old_[oldGroup].code == new_[newGroup].code && same(old_[oldGroup], new_[newGroup]);
-  }
-  void strip();
-  bool indexed() const;
-  void append(const GroupView* old, const Group& group, std::string& out) const;
-
-  std::string_view original_;
-  const RecordDraft& draft_;
-  const Dialect& dialect_;
-  const TextCodec& codec_;
-  std::uint32_t head_ = 0;
-  std::uint32_t tail_ = 0;
-  std::vector<GroupView> old_;
-  std::vector<Group> new_;
-};
-
 void OverlayBuilder::collectOld() {
+  old_.clear();
   const std::string_view stretch = original_.substr(head_, original_.size() - head_ - tail_);
-  forEachGroup(stretch, dialect_, [this](const GroupView& group) { old_.push_back(group); });
+  forEachGroup(stretch, draft_->dialect(),
+               [this](const GroupView& group) { old_.push_back(group); });
 }
 
 void OverlayBuilder::collectNew(std::uint32_t baseSize) {
-  const auto& groups = draft_.groups_;
+  const auto& groups = draft_->groups_;
   const auto first =
       std::lower_bound(groups.begin(), groups.end(), head_,
                        [](const Group& group, std::uint32_t at) { return group.begin < at; });
@@ -90,10 +50,10 @@ void OverlayBuilder::collectNew(std::uint32_t baseSize) {
 
 bool OverlayBuilder::same(const GroupView& old, const Group& group) const {
   const std::string_view left = old.value();
-  const std::string_view right = draft_.value(group);
-  if (sameValue(dialect_, group.code, left, right)) return true;
+  const std::string_view right = draft_->value(group);
+  if (sameValue(draft_->dialect(), group.code, left, right)) return true;
   const bool text = group.code != 0 && valueType(group.code) == ValueType::kText;
-  return text && codec_.sameText(left, right);
+  return text && codec_->sameText(left, right);
 }
 
 /// Gives back to the original what is equal at both ends of the stretch.
@@ -125,47 +85,62 @@ bool OverlayBuilder::indexed() const {
 
 /// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
 void OverlayBuilder::append(const GroupView* old, const Group& group, std::string& out) const {
-  if (old == nullptr) return draft_.appendGroupBytes(group, out);
+  if (old == nullptr) return draft_->appendGroupBytes(group, out);
   if (same(*old, group)) {
     out.append(old->begin, old->end);
-  } else if (dialect_.binary) {
-    appendGroup(groupStyle(dialect_), group.code, draft_.value(group), out);
+  } else if (draft_->dialect().binary) {
+    appendGroup(groupStyle(draft_->dialect()), group.code, draft_->value(group), out);
   } else {
     out.append(old->begin, old->valueBegin);
-    out.append(draft_.value(group));
+    out.append(draft_->value(group));
     out.append(old->valueEnd, old->end);
   }
 }
 
-std::shared_ptr<const RecordOverlay> OverlayBuilder::build() {
+void OverlayBuilder::align() {
+  partners_.assign(new_.size(), kNoGroup);
+  bool inPlace = old_.size() == new_.size();
+  for (std::size_t n = 0; n < new_.size() && inPlace; ++n) inPlace = old_[n].code == new_[n].code;
+  if (inPlace) {
+    for (std::size_t n = 0; n < new_.size(); ++n) partners_[n] = n;
+    return;
+  }
+  alignGroups({old_.size(), new_.size(), [this](std::size_t n) { return old_[n].code; },
+               [this](std::size_t n) { return new_[n].code; },
+               [this](std::size_t a, std::size_t b) { return same(old_[a], new_[b]); }},
+              partners_);
+}
+
+std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view original,
+                                                           const RecordOverlay* current,
+                                                           const RecordDraft& draft,
+                                                           const TextCodec& codec) {
+  original_ = original;
+  draft_ = &draft;
+  codec_ = &codec;
+  const auto baseSize = static_cast<std::uint32_t>(draft.base().size());
+  head_ = std::min(draft.editBegin_, current != nullptr ? current->head : baseSize);
+  tail_ = std::min(baseSize - draft.editEnd_, current != nullptr ? current->tail : baseSize);
+  collectOld();
+  collectNew(baseSize);
   strip();
   if (old_.empty() && new_.empty()) return nullptr;
-  const std::vector<std::size_t> partners =
-      alignGroups({old_.size(), new_.size(), [this](std::size_t n) { return old_[n].code; },
-                   [this](std::size_t n) { return new_[n].code; },
-                   [this](std::size_t a, std::size_t b) { return same(old_[a], new_[b]); }});
+  align();
   auto overlay = std::make_shared<RecordOverlay>();
   overlay->head = head_;
   overlay->tail = tail_;
   overlay->indexed = indexed();
   std::string& out = overlay->middle;
-  const bool cutLine = !dialect_.binary && head_ > 0 && original_[head_ - 1] != '\n';
-  if (cutLine && !new_.empty()) out = groupStyle(dialect_, original_).lineEnd();
+  const std::string_view lineEnd = groupStyle(draft.dialect(), original_).lineEnd();
+  // Nothing can follow a last line that has no end.
+  const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
+  if (cutLine && !new_.empty()) out = lineEnd;
   for (std::size_t n = 0; n < new_.size(); ++n) {
-    if (!out.empty() && !dialect_.binary && out.back() != '\n') {
-      out.append(groupStyle(dialect_, original_).lineEnd());
-    }
-    append(partners[n] == kNoGroup ? nullptr : &old_[partners[n]], new_[n], out);
+    if (!out.empty() && out.back() != '\n') out.append(lineEnd);
+    append(partners_[n] == kNoGroup ? nullptr : &old_[partners_[n]], new_[n], out);
   }
   out.shrink_to_fit();
   return overlay;
-}
-
-std::shared_ptr<const RecordOverlay> buildOverlay(std::string_view original,
-                                                  const RecordOverlay* current,
-                                                  const RecordDraft& draft,
-                                                  const TextCodec& codec) {
-  return OverlayBuilder(original, current, draft, codec).build();
 }
 
 }  // namespace kovra::dxf

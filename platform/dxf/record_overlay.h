@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "platform/dxf/group_format.h"
 #include "platform/dxf/record_draft.h"
 #include "platform/dxf/text_codec.h"
 
@@ -22,12 +24,39 @@ struct RecordOverlay {
   bool operator==(const RecordOverlay&) const = default;
 };
 
-/// The overlay that turns the original record into the draft; null if nothing differs.
-///
-/// `current` is the overlay that the draft was loaded with. Groups of the draft that stand for a
-/// group of the original and have an equal value get the original's bytes.
-std::shared_ptr<const RecordOverlay> buildOverlay(std::string_view original,
-                                                  const RecordOverlay* current,
-                                                  const RecordDraft& draft, const TextCodec& codec);
+/// Makes overlays; its storage is reused from one to the next.
+class OverlayBuilder {
+ public:
+  /// The overlay that turns the original record into the draft; null if nothing differs.
+  ///
+  /// `current` is the overlay that the draft was loaded with. Groups of the draft that stand for a
+  /// group of the original and have an equal value get the original's bytes.
+  std::shared_ptr<const RecordOverlay> build(std::string_view original,
+                                             const RecordOverlay* current, const RecordDraft& draft,
+                                             const TextCodec& codec);
+
+ private:
+  using Group = RecordDraft::Group;
+
+  void collectOld();
+  void collectNew(std::uint32_t baseSize);
+  bool same(const GroupView& old, const Group& group) const;
+  bool matches(std::size_t oldGroup, std::size_t newGroup) const {
+    return old_[oldGroup].code == new_[newGroup].code && same(old_[oldGroup], new_[newGroup]);
+  }
+  void strip();
+  bool indexed() const;
+  void align();
+  void append(const GroupView* old, const Group& group, std::string& out) const;
+
+  std::string_view original_;
+  const RecordDraft* draft_ = nullptr;
+  const TextCodec* codec_ = nullptr;
+  std::uint32_t head_ = 0;
+  std::uint32_t tail_ = 0;
+  std::vector<GroupView> old_;
+  std::vector<Group> new_;
+  std::vector<std::size_t> partners_;  ///< by new group: the old one that it stands for
+};
 
 }  // namespace kovra::dxf

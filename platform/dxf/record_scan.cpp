@@ -174,6 +174,8 @@ Result<ScannedFile> RecordScanner::scan() {
                  name_ + ": a DWG file (" + std::string(release) + "), not a DXF file"};
   }
   end_ = file_.data() + file_.size();
+  constexpr std::size_t kSmallUsualRecord = 100;
+  out_.records.reserve(file_.size() / kSmallUsualRecord + 64);
   position_ = file_.data();
   GroupStatus status = GroupStatus::kOk;
   if (file_.starts_with(kBinarySentinel)) {

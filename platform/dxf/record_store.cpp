@@ -229,7 +229,7 @@ bool RecordStore::replace(RecordIndex record, const RecordDraft& draft) {
   if (!draft.edited()) return false;
   const RecordState& old = impl_->state(record);
   RecordState state = old;
-  state.overlay = buildOverlay(impl_->original(record), old.overlay.get(), draft, codec_);
+  state.overlay = impl_->overlays.build(impl_->original(record), old.overlay.get(), draft, codec_);
   const bool same =
       state.overlay == old.overlay ||
       (state.overlay != nullptr && old.overlay != nullptr && *state.overlay == *old.overlay);

@@ -170,7 +170,8 @@ Result<void> checkRoundTrip(const std::string& path) {
   if (written == read) return {};
   std::size_t at = 0;
   while (at < written.size() && at < read.size() && written[at] == read[at]) ++at;
-  return Error{ErrorKind::kNotSupported, path + ": differs from byte " + std::to_string(at) + " on"};
+  return Error{ErrorKind::kNotSupported,
+               path + ": differs from byte " + std::to_string(at) + " on"};
 }
 
 }  // namespace kovra::dxf

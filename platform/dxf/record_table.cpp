@@ -7,19 +7,10 @@
 
 namespace kovra::dxf {
 
-void RecordTable::swap(RecordTable& other) noexcept {
-  std::swap(entries_, other.entries_);
-  std::swap(size_, other.size_);
-  std::swap(capacity_, other.capacity_);
-}
-
-void RecordTable::grow() {
-  constexpr std::size_t kFirst = 64;
-  const std::size_t capacity = capacity_ < kFirst ? kFirst : capacity_ + capacity_ / 2;
-  void* memory = std::realloc(entries_, capacity * sizeof(RecordEntry));
-  if (memory == nullptr) throw std::bad_alloc();
-  entries_ = static_cast<RecordEntry*>(memory);
-  capacity_ = capacity;
+void RecordTable::reserve(std::size_t records) {
+  if (records <= capacity_) return;
+  if (!memory_.resize(records * sizeof(RecordEntry))) throw std::bad_alloc();
+  capacity_ = records;
 }
 
 void FieldCollector::addFlag(RecordFlag flag, std::string_view value) {
@@ -94,13 +85,12 @@ std::size_t HandleMap::slotOf(std::uint64_t handle) const {
 }
 
 void HandleMap::rehash(std::size_t capacity) {
-  RecordIndex* old = slots_;
+  LargeMemory memory;
+  if (!memory.resize(capacity * sizeof(RecordIndex))) throw std::bad_alloc();
+  std::swap(memory, memory_);
+  const auto* old = slots_;
   const std::size_t oldCapacity = capacity_;
-  slots_ = static_cast<RecordIndex*>(std::calloc(capacity, sizeof(RecordIndex)));
-  if (slots_ == nullptr) {
-    slots_ = old;
-    throw std::bad_alloc();
-  }
+  slots_ = reinterpret_cast<RecordIndex*>(memory_.data());
   if (multiplier_ == 0) {
     std::random_device random;
     multiplier_ = (std::uint64_t{random()} << 32U | random()) | 1U;
@@ -110,7 +100,6 @@ void HandleMap::rehash(std::size_t capacity) {
   for (std::size_t n = 0; n < oldCapacity; ++n) {
     if (old[n] != 0) add(old[n] - 1);
   }
-  std::free(old);
 }
 
 void HandleMap::reserve(std::size_t handles) {

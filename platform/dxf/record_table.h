@@ -2,11 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "platform/dxf/dialect.h"
 #include "platform/dxf/group_format.h"
+#include "platform/dxf/large_memory.h"
 #include "platform/dxf/record_kind.h"
 
 namespace kovra::dxf {
@@ -40,32 +40,24 @@ struct RecordEntry {
 };
 static_assert(sizeof(RecordEntry) == 32);
 
-/// The records by index. Grows by realloc, which moves large memory without touching it, so that
-/// growing never needs the old and the new table side by side.
+/// The records by index.
 class RecordTable {
  public:
-  RecordTable() = default;
-  ~RecordTable() { std::free(entries_); }
-  RecordTable(RecordTable&& other) noexcept { swap(other); }
-  RecordTable& operator=(RecordTable&& other) noexcept {
-    swap(other);
-    return *this;
-  }
-
   std::size_t size() const { return size_; }
-  RecordEntry& operator[](std::size_t n) { return entries_[n]; }
-  const RecordEntry& operator[](std::size_t n) const { return entries_[n]; }
-  RecordEntry& back() { return entries_[size_ - 1]; }
+  RecordEntry& operator[](std::size_t n) { return entries()[n]; }
+  const RecordEntry& operator[](std::size_t n) const { return entries()[n]; }
+  RecordEntry& back() { return entries()[size_ - 1]; }
   void push(const RecordEntry& entry) {
-    if (size_ == capacity_) grow();
-    entries_[size_++] = entry;
+    if (size_ == capacity_) reserve(capacity_ + capacity_ / 2 + 64);
+    entries()[size_++] = entry;
   }
+  /// Memory that isn't used isn't taken, so a generous guess costs nothing.
+  void reserve(std::size_t records);
 
  private:
-  void swap(RecordTable& other) noexcept;
-  void grow();
+  RecordEntry* entries() const { return reinterpret_cast<RecordEntry*>(memory_.data()); }
 
-  RecordEntry* entries_ = nullptr;
+  LargeMemory memory_;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
 };
@@ -116,9 +108,6 @@ RecordFields fieldsOf(std::string_view record, const Dialect& dialect);
 class HandleMap {
  public:
   explicit HandleMap(const RecordTable& records) : records_(records) {}
-  ~HandleMap() { std::free(slots_); }
-  HandleMap(const HandleMap&) = delete;
-  HandleMap& operator=(const HandleMap&) = delete;
 
   /// Takes in a record; if its handle is there already, the earlier record stays and duplicates()
   /// becomes true.
@@ -133,8 +122,9 @@ class HandleMap {
   void rehash(std::size_t capacity);
 
   const RecordTable& records_;
-  RecordIndex* slots_ = nullptr;
-  std::size_t capacity_ = 0;  ///< a power of two
+  LargeMemory memory_;
+  RecordIndex* slots_ = nullptr;  ///< index + 1; 0: free
+  std::size_t capacity_ = 0;      ///< a power of two
   std::size_t size_ = 0;
   std::uint64_t multiplier_ = 0;
   bool duplicates_ = false;

@@ -74,6 +74,7 @@ struct RecordStore::Impl {
   RecordOrder order;
   std::deque<Slot> slots;     ///< slot 0 stands for all records as in the file
   std::size_t differing = 0;  ///< records that aren't what the file on disk has
+  OverlayBuilder overlays;
   std::vector<StoreListener*> listeners;
   std::uint64_t nextHandle = 0;  ///< 0: not asked for yet
   std::string path;
