@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "module/frame/companions/drawing_tools_lib.h"
+#include "module/frame/companions/entity_attr_lib.h"
+#include "module/frame/companions/project_data_lib.h"
+#include "module/frame/companions/project_tools_lib.h"
+#include "module/frame/companions/reactor_tools_lib.h"
+#include "module/frame/companions/string_res_lib.h"
+#include "module/frame/companions/ui_tools_lib.h"
+#include "module/frame/companions/window_ui_lib.h"
+#include "platform/arx/host_api.h"
+#include "platform/arx/journal.h"
+#include "platform/win/interaction.h"
+#include "platform/win/run_settings.h"
+#include "platform/win/system_metrics.h"
+#include "platform/win/window_api.h"
+#include "tests/companions/temporary_folder.h"
+
+namespace {
+
+namespace host = kovra::arx::host;
+
+std::string textRecord(const char* handle, const char* layer) {
+  return std::string("  0\nTEXT\n  5\n") + handle + "\n  8\n" + layer +
+         "\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  1\nX1\n";
+}
+
+std::string drawing() {
+  return "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  0\nENDSEC\n"
+         "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nLAYER\n 70\n2\n"
+         "  0\nLAYER\n  2\n0\n 70\n0\n 62\n7\n  6\nCONTINUOUS\n"
+         "  0\nLAYER\n  2\nFrame\n 70\n0\n 62\n7\n  6\nCONTINUOUS\n  0\nENDTAB\n  0\nENDSEC\n"
+         "  0\nSECTION\n  2\nENTITIES\n" +
+         textRecord("21", "0") + textRecord("22", "Frame") + textRecord("23", "FRAME") +
+         textRecord("24", "0") + "  0\nENDSEC\n  0\nEOF\n";
+}
+
+class Drawings : public ::testing::Test {
+ protected:
+  Drawings() {
+    folder.write("project.ini",
+                 "[Project]\nDataVersion=12.0\n[Drawings]\n1=a.dxf\n2=b.dxf\n"
+                 "[Scale]\na.dxf=20\n[ExcludedLayers]\n1=FRAME\n");
+    folder.write("a.dxf", drawing());
+    folder.write("b.dxf", drawing());
+    kovra::win::setCurrentProject(folder.path());
+    kovra::win::interaction().setTranscript([this](std::string_view text) { shown += text; });
+  }
+  ~Drawings() override {
+    for (const host::DrawingInfo& open : host::drawings()) EXPECT_TRUE(host::closeDrawing(open.id));
+    kovra::win::setCurrentProject({});
+    kovra::win::interaction().setTranscript({});
+    kovra::win::interaction().takeFailure();
+    kovra::win::runSettings().keepBackup = true;
+  }
+
+  std::wstring path(const char* name) const { return (folder.path() / name).wstring(); }
+
+  TemporaryFolder folder;
+  std::string shown;
+};
+
+TEST_F(Drawings, TheScaleIsTheProjectsForThisFile) {
+  double scale = -1;
+  EXPECT_EQ(GetDrawingScale(scale, nullptr, 0), 0);
+  AcDbDatabase unnamed(true, true);
+  EXPECT_EQ(GetDrawingScale(scale, &unnamed, 0), 0);
+  AcDbDatabase* b = OpenSharedDatabase(path("b.dxf").c_str());
+  EXPECT_EQ(GetDrawingScale(scale, b, 0), 0);
+  EXPECT_EQ(scale, -1);
+  AcDbDatabase* a = OpenSharedDatabase(path("a.dxf").c_str());
+  EXPECT_NE(GetDrawingScale(scale, a, 0), 0);
+  EXPECT_EQ(scale, 20);
+  kovra::win::setCurrentProject({});
+  EXPECT_EQ(GetDrawingScale(scale, a, 0), 0);
+  ReleaseSharedDatabase(a);
+  ReleaseSharedDatabase(b);
+}
+
+TEST_F(Drawings, ASharedDatabaseLivesUntilItsLastRelease) {
+  EXPECT_EQ(OpenSharedDatabase(path("none.dxf").c_str()), nullptr);
+  AcDbDatabase* first = OpenSharedDatabase(path("a.dxf").c_str());
+  ASSERT_NE(first, nullptr);
+  std::filesystem::create_symlink("a.dxf", folder.path() / "link.dxf");
+  EXPECT_EQ(OpenSharedDatabase(path("link.dxf").c_str()), first);
+  ReleaseSharedDatabase(first);
+  EXPECT_EQ(FindLoadedDatabase(path("a.dxf").c_str()), first);
+  ReleaseSharedDatabase(first);
+  EXPECT_EQ(FindLoadedDatabase(path("a.dxf").c_str()), nullptr);
+}
+
+TEST_F(Drawings, SavesWithTheRunsBackupRuleAndSaysWhatFails) {
+  AcDbDatabase* database = OpenSharedDatabase(path("a.dxf").c_str());
+  ASSERT_NE(database, nullptr);
+  ASSERT_EQ(database->setHeaderValue("$TEXTSIZE", 7.5), Acad::eOk);
+  kovra::win::runSettings().keepBackup = false;
+  SaveDatabase(database, path("a.dxf").c_str());
+  EXPECT_NE(folder.read("a.dxf"), drawing());
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "a.dxf.bak"));
+  EXPECT_EQ(shown, "");
+
+  std::filesystem::permissions(folder.path() / "b.dxf", std::filesystem::perms::owner_read);
+  SaveDatabase(database, path("b.dxf").c_str());
+  EXPECT_NE(shown.find("b.dxf"), std::string::npos);
+  EXPECT_TRUE(kovra::win::interaction().takeFailure().has_value());
+  EXPECT_EQ(folder.read("b.dxf"), drawing());
+  ReleaseSharedDatabase(database);
+}
+
+TEST_F(Drawings, EntitiesOnExcludedLayersLeaveASelection) {
+  ASSERT_TRUE(host::openDrawing(folder.path() / "a.dxf"));
+  ads_name set;
+  ASSERT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, set), RTNORM);
+  EXPECT_EQ(RemoveExcludedObjects(set), 2);
+  EXPECT_EQ(RemoveExcludedObjects(set), 0);
+  Adesk::Int32 length = 0;
+  EXPECT_EQ(acedSSLength(set, &length), RTNORM);
+  EXPECT_EQ(length, 2);
+  acedSSFree(set);
+}
+
+TEST_F(Drawings, EditsOfAnotherDocumentAreAStepOfTheirOwn) {
+  ASSERT_TRUE(host::openDrawing(folder.path() / "a.dxf"));
+  ASSERT_TRUE(host::openDrawing(folder.path() / "b.dxf"));
+  std::filesystem::create_symlink("a.dxf", folder.path() / "link.dxf");
+  AcApDocument* other = FindOpenDocument(path("link.dxf").c_str());
+  ASSERT_NE(other, nullptr);
+  EXPECT_EQ(FindOpenDocument(path("none.dxf").c_str()), nullptr);
+  AcDbDatabase& database = *other->database();
+  database.journal().beginStep(L"BEFORE");
+  ASSERT_EQ(database.setHeaderValue("$TEXTSIZE", 3.0), Acad::eOk);
+  BeginDocumentEdit(other);
+  ASSERT_EQ(database.setHeaderValue("$TEXTSIZE", 4.0), Acad::eOk);
+  EndDocumentEdit(other);
+  database.journal().undo(1);
+  EXPECT_EQ(database.textsize(), 3.0);
+}
+
+TEST_F(Drawings, ANotifiedTextLiesWhereItsAlignmentPutsIt) {
+  AcDbText text;
+  ASSERT_EQ(text.setTextString(L"ABC"), Acad::eOk);
+  ASSERT_EQ(text.setHeight(2.0), Acad::eOk);
+  ASSERT_EQ(text.setHorizontalMode(AcDb::kTextRight), Acad::eOk);
+  ASSERT_EQ(text.setAlignmentPoint(AcGePoint3d(50, 10, 0)), Acad::eOk);
+  NotifyEntityEdited(&text, nullptr);
+  const double left = text.position().x;
+  EXPECT_LT(left, 50);
+  EXPECT_GT(left, 40);
+  NotifyEntityEdited(nullptr, nullptr);
+}
+
+TEST_F(Drawings, ResourcesSpeakTheRunsLanguage) {
+  const auto title = [](kovra::win::Language language) {
+    kovra::win::runSettings().language = language;
+    wchar_t text[256] = L"";
+    LoadStringW(GetResourceModule(), 2809, text, 256);
+    return std::wstring(text);
+  };
+  EXPECT_EQ(title(kovra::win::Language::japanese), L"左寄せ");
+  const std::wstring english = title(kovra::win::Language::english);
+  EXPECT_TRUE(!english.empty() && english != L"左寄せ");
+  EXPECT_EQ(GetResourceModule(), GetResourceModule());
+
+  kovra::win::runSettings().resourceFolder = folder.path();
+  EXPECT_EQ(GetResourceModule(), nullptr);
+  EXPECT_NE(shown.find("kovra_en.res"), std::string::npos);
+  kovra::win::runSettings().resourceFolder.clear();
+}
+
+struct FitCase {
+  RECT before;
+  POINT after;
+};
+
+TEST(FitWindowToMonitor, MovesNoFurtherThanNeeded) {
+  RECT area{};
+  ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
+  const FitCase cases[] = {
+      {{100, 50, 400, 250}, {100, 50}},
+      {{-5000, -20, -4700, 180}, {area.left, area.top}},
+      {{area.right - 10, area.bottom + 900, area.right + 290, area.bottom + 1100},
+       {area.right - 300, area.bottom - 200}},
+      {{-10, 5, area.right + 500, 105}, {area.left, 5}},
+  };
+  for (const FitCase& c : cases) {
+    HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP, c.before.left, c.before.top,
+                                  c.before.right - c.before.left, c.before.bottom - c.before.top,
+                                  nullptr, nullptr, nullptr, nullptr);
+    FitWindowToMonitor(window, 1);
+    RECT place{};
+    EXPECT_TRUE(GetWindowRect(window, &place));
+    EXPECT_EQ(place.left, c.after.x);
+    EXPECT_EQ(place.top, c.after.y);
+    EXPECT_EQ(place.right - place.left, c.before.right - c.before.left);
+    DestroyWindow(window);
+  }
+  FitWindowToMonitor(nullptr, 1);
+}
+
+}  // namespace
