@@ -1,9 +1,11 @@
 #include "host/run_command.h"
 
 #include <iostream>
+#include <memory>
 
 #include "host/line_runner.h"
 #include "host/program_files.h"
+#include "host/terminal.h"
 #include "host/text_module.h"
 #include "platform/arx/host_api.h"
 #include "platform/win/interaction.h"
@@ -100,11 +102,26 @@ void closeAll(ProgramErrors& errors) {
   }
 }
 
+bool isInteractive(const RunOptions& options) {
+  return options.script.empty() && options.commands.empty() && Terminal::isThere();
+}
+
+Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options) {
+  if (isInteractive(options)) {
+    const bool saves = options.saveAll || !options.output.empty();
+    return std::unique_ptr<LineSource>(std::make_unique<Terminal>(saves));
+  }
+  auto lines = BatchLines::open(options.commands, options.script);
+  if (!lines) return lines.error();
+  return std::unique_ptr<LineSource>(std::move(lines).value());
+}
+
 void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
               ProgramErrors& errors) {
   LineContext context{options, module, std::cout};
   LineRunner runner(context, lines, errors);
-  editor::setEnterRepeats(false);
+  editor::setEnterRepeats(isInteractive(options));
+  editor::setInputShown(!isInteractive(options));
   editor::runIdle();
   runner.finish();
   const bool mayWrite = errors.status() == kExitDone || options.keepGoing;
@@ -114,7 +131,7 @@ void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
 }
 
 void runSession(const RunOptions& options, const ProgramFiles& files, ProgramErrors& errors) {
-  auto lines = BatchLines::open(options.commands, options.script);
+  const auto lines = openInput(options);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
   applySettings(options, files);
   TextModule module(files.module);
@@ -133,7 +150,10 @@ void runSession(const RunOptions& options, const ProgramFiles& files, ProgramErr
 
 }  // namespace
 
-int runDrawings(const RunOptions& options) {
+int runDrawings(const RunOptions& given) {
+  RunOptions options = given;
+  // A person sees what went wrong and goes on.
+  if (isInteractive(options)) options.keepGoing = true;
   ProgramErrors errors;
   if (!checkPlaces(options, errors)) return errors.status();
   const Result<ProgramFiles> files = findProgramFiles();

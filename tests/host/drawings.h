@@ -16,7 +16,7 @@ struct DrawingForm {
 
 struct Attribute {
   std::string tag;
-  std::string value;           ///< in the bytes of the file
+  std::string value;  ///< in the bytes of the file
   std::string layer = "0";
   std::string height = "2.5";  ///< numbers as the file spells them
   std::string x = "10.0";

@@ -1,0 +1,126 @@
+#include "host/terminal.h"
+
+#include <unistd.h>
+
+#include <clocale>
+#include <cstdio>
+#include <iostream>
+
+#include "platform/arx/host_api.h"
+#include "platform/win/interaction.h"
+#include "platform/win/pump.h"
+#include "platform/win/wide_text.h"
+
+namespace kovra::host {
+namespace {
+
+constexpr int kHistoryLines = 1000;
+
+// The line that stands in front of the cursor: of a prompt of several lines the last one.
+std::string promptOfWait() {
+  const win::Wait* top = win::Pump::instance().topWait();
+  if (top != nullptr && top->kind == win::WaitKind::modalDialog) return "[" + top->what + "] ";
+  const std::string prompt = win::toUtf8(arx::host::topWait().prompt);
+  const size_t lineEnd = prompt.rfind('\n');
+  if (lineEnd == std::string::npos) return prompt;
+  win::interaction().print(prompt.substr(0, lineEnd + 1));
+  return prompt.substr(lineEnd + 1);
+}
+
+}  // namespace
+
+bool Terminal::isThere() {
+  return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
+}
+
+Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
+  std::setlocale(LC_CTYPE, "");  // how wide characters are typed and shown
+  history_.reset(history_init());
+  HistEvent event{};
+  history(history_.get(), &event, H_SETSIZE, kHistoryLines);
+  history(history_.get(), &event, H_SETUNIQUE, 1);
+  editor_.reset(el_init("kovra", stdin, stdout, stderr));
+  EditLine* editor = editor_.get();
+  el_set(editor, EL_CLIENTDATA, this);
+  el_set(editor, EL_EDITOR, "emacs");
+  el_set(editor, EL_HIST, history, history_.get());
+  el_set(editor, EL_PROMPT, &Terminal::promptOf);
+  el_set(editor, EL_ADDFN, "kovra-cancel", "Cancels what waits", &Terminal::cancelKey);
+  el_set(editor, EL_SETTY, "-d", "-isig", nullptr);
+  el_set(editor, EL_BIND, "^C", "kovra-cancel", nullptr);
+  win::interaction().setBoxAsker(
+      [this](const win::MessageBoxRequest& box) { return askBox(box.buttons); });
+}
+
+Terminal::~Terminal() {
+  win::interaction().setBoxAsker({});
+}
+
+char* Terminal::promptOf(EditLine* editor) {
+  Terminal* terminal = nullptr;
+  el_get(editor, EL_CLIENTDATA, &terminal);
+  return terminal->prompt_.data();
+}
+
+unsigned char Terminal::cancelKey(EditLine* editor, int) {
+  Terminal* terminal = nullptr;
+  el_get(editor, EL_CLIENTDATA, &terminal);
+  terminal->cancelled_ = true;
+  std::fputs("*Cancel*\n", stdout);
+  return CC_NEWLINE;
+}
+
+std::optional<std::string> Terminal::readLine(const std::string& prompt) {
+  std::cout.flush();
+  prompt_ = prompt;
+  cancelled_ = false;
+  int count = 0;
+  const char* read = el_gets(editor_.get(), &count);
+  if (read == nullptr || count <= 0) return std::nullopt;
+  std::string line(read, static_cast<size_t>(count));
+  while (line.ends_with('\n') || line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+std::optional<InputLine> Terminal::next() {
+  win::interaction().freshLine();
+  while (true) {
+    const std::optional<std::string> line = readLine(promptOfWait());
+    if (cancelled_) return InputLine{"@esc", {}};
+    if (!line) {
+      std::cout << '\n';
+      if (warnOfChanges()) continue;
+      return std::nullopt;
+    }
+    HistEvent event{};
+    if (!line->empty()) history(history_.get(), &event, H_ENTER, line->c_str());
+    return InputLine{*line, {}};
+  }
+}
+
+bool Terminal::warnOfChanges() {
+  if (warned_) return false;
+  for (const arx::host::DrawingInfo& drawing : arx::host::drawings()) {
+    if (!drawing.modified) continue;
+    warned_ = true;
+    std::cout << win::toUtf8(drawing.title)
+              << " has changes that aren't saved (@save). Ctrl+D again drops them.\n";
+  }
+  return warned_;
+}
+
+int Terminal::askBox(const std::vector<int>& buttons) {
+  std::string prompt;
+  for (const int button : buttons) {
+    const char* name = win::answerName(button);
+    if (name != nullptr) prompt += (prompt.empty() ? " <" : "/") + std::string(name);
+  }
+  win::interaction().freshLine();
+  while (const std::optional<std::string> line = readLine(prompt + "> ")) {
+    const int button = cancelled_ ? IDCANCEL : win::answerButton(*line);
+    if (cancelled_ || button != 0) return button;
+  }
+  return 0;
+}
+
+}  // namespace kovra::host

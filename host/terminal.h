@@ -1,0 +1,49 @@
+#pragma once
+
+#include <histedit.h>
+
+#include <memory>
+#include <string>
+
+#include "host/line_source.h"
+
+namespace kovra::host {
+
+/// A person at a terminal: line editing and history, the prompt of what waits in front of the line.
+/// Ctrl+C cancels, Ctrl+D ends the input; with unsaved changes only the second time.
+/// Message boxes with several buttons are asked there.
+class Terminal : public LineSource {
+ public:
+  /// `savesAtEnd`: changes are written when the input ends, so there is nothing to warn of.
+  explicit Terminal(bool savesAtEnd);
+  ~Terminal() override;
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  /// True when standard input and output are terminals.
+  static bool isThere();
+
+  std::optional<InputLine> next() override;
+
+ private:
+  std::optional<std::string> readLine(const std::string& prompt);
+  bool warnOfChanges();
+  int askBox(const std::vector<int>& buttons);
+  static char* promptOf(EditLine* editor);
+  static unsigned char cancelKey(EditLine* editor, int key);
+
+  struct EndEditor {
+    void operator()(EditLine* editor) const { el_end(editor); }
+  };
+  struct EndHistory {
+    void operator()(History* history) const { history_end(history); }
+  };
+
+  std::unique_ptr<History, EndHistory> history_;
+  std::unique_ptr<EditLine, EndEditor> editor_;
+  std::string prompt_;
+  bool cancelled_ = false;
+  bool warned_;
+};
+
+}  // namespace kovra::host
