@@ -20,6 +20,19 @@ bool isRadio(DWORD kind) {
   return kind == BS_RADIOBUTTON || kind == BS_AUTORADIOBUTTON;
 }
 
+const char* ButtonState::kind(const Window& window) const {
+  const DWORD type = window.style & BS_TYPEMASK;
+  if (isCheckBox(type)) return "check";
+  if (isRadio(type)) return "radio";
+  return type == BS_GROUPBOX ? "group" : "button";
+}
+
+std::optional<int> ButtonState::checkState(const Window& window) const {
+  const DWORD type = window.style & BS_TYPEMASK;
+  if (!isCheckBox(type) && !isRadio(type)) return std::nullopt;
+  return static_cast<int>(check);
+}
+
 namespace {
 
 void setCheck(HWND button, WPARAM check) {
