@@ -20,7 +20,7 @@ bool IsItemChecked(const CWnd& dialog, int id) {
 }
 
 void CheckItem(CWnd& dialog, int id, bool check) {
-  dialog.CheckDlgButton(id, check ? BST_CHECKED : BST_UNCHECKED);
+  dialog.CheckDlgButton(id, static_cast<UINT>(check ? BST_CHECKED : BST_UNCHECKED));
 }
 
 CString ItemText(const CWnd& dialog, int id) {

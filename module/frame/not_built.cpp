@@ -18,8 +18,6 @@ void ResizeTextCommand() {
 void ChangePropertiesCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-ProjectMessage(kCommandNotBuilt);
-}
 void PropertyCopyCommand(int /*mode*/) {
   ProjectMessage(kCommandNotBuilt);
 }
