@@ -94,17 +94,6 @@ bool commandsShow() {
   return echo && echo.value().integer != 0;
 }
 
-std::wstring shownText(const Answer& token) {
-  switch (token.kind) {
-    case AnswerKind::kText:
-      return token.text;
-    case AnswerKind::kEntities:
-      return std::to_wstring(token.entities.size()) + L" found";
-    default:
-      return L"";
-  }
-}
-
 }  // namespace
 
 TokenFrame::TokenFrame(const AcApDocument& document, const resbuf* list, bool shown)
@@ -134,7 +123,7 @@ Answer TokenFrame::next(const AcApDocument&, const Question& question) {
   if (shown_ && inputShown()) {
     win::interaction().freshLine();
     win::interaction().print(question.prompt);
-    win::interaction().print(shownText(answer));
+    win::interaction().print(answer.text);
     win::interaction().freshLine();
   }
   return answer;

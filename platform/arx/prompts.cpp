@@ -243,7 +243,7 @@ int getMeasure(const ads_point from, const ACHAR* prompt, ads_real* result,
   }
 }
 
-double directionOf(const AcGePoint3d& a, const AcGePoint3d& b) {
+double angleBetween(const AcGePoint3d& a, const AcGePoint3d& b) {
   const double angle = std::atan2(b.y - a.y, b.x - a.x);
   return angle < 0 ? angle + 2 * std::numbers::pi : angle;
 }
@@ -361,5 +361,5 @@ int acedGetDist(const ads_point from, const ACHAR* prompt, ads_real* result) {
 
 int acedGetAngle(const ads_point from, const ACHAR* prompt, ads_real* result) {
   if (result == nullptr) return RTERROR;
-  return getMeasure(from, prompt, result, directionOf, std::numbers::pi / 180);
+  return getMeasure(from, prompt, result, angleBetween, std::numbers::pi / 180);
 }

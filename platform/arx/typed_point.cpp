@@ -32,11 +32,20 @@ std::optional<AcGePoint3d> parsePolar(std::wstring_view text, double elevation) 
   const std::optional<double> distance = parseReal(text.substr(0, mark));
   const std::optional<double> degrees = parseReal(text.substr(mark + 1));
   if (!distance || !degrees) return std::nullopt;
-  const double angle = *degrees * std::numbers::pi / 180;
-  return AcGePoint3d(*distance * std::cos(angle), *distance * std::sin(angle), elevation);
+  const AcGeVector3d along = directionOf(*degrees) * *distance;
+  return AcGePoint3d(along.x, along.y, elevation);
 }
 
 }  // namespace
+
+AcGeVector3d directionOf(double degrees) {
+  const double turned = std::fmod(degrees, 360);
+  const double angle = turned * std::numbers::pi / 180;
+  const bool right = std::fmod(turned, 90) == 0;
+  const double x = std::cos(angle);
+  const double y = std::sin(angle);
+  return right ? AcGeVector3d(std::round(x), std::round(y), 0) : AcGeVector3d(x, y, 0);
+}
 
 std::optional<double> parseReal(std::wstring_view typed) {
   if (typed.empty() || typed.find_first_of(L" \t\n") != std::wstring_view::npos)

@@ -18,6 +18,9 @@ struct TypedPoint {
 std::optional<TypedPoint> parsePoint(std::wstring_view typed, const AcGePoint3d& last,
                                      double elevation = 0);
 
+/// The direction of an angle in degrees from the X axis; exact at right angles.
+AcGeVector3d directionOf(double degrees);
+
 /// A decimal number that is the whole text, without blanks; finite.
 std::optional<double> parseReal(std::wstring_view typed);
 std::optional<int> parseInteger(std::wstring_view typed);
