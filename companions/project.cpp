@@ -84,6 +84,7 @@ std::vector<std::string> Project::listed(std::string_view section) const {
           value);
   std::ranges::stable_sort(rows, {}, &std::pair<unsigned long, std::string>::first);
   std::vector<std::string> values;
+  values.reserve(rows.size());
   for (auto& [number, value] : rows) values.push_back(std::move(value));
   return values;
 }

@@ -44,7 +44,6 @@ bool ProjectHandle::ResolveParamFile(ParamFileRef& file) const {
 }
 
 ProjectManager::ProjectManager() = default;
-ProjectManager::~ProjectManager() = default;
 
 ProjectManager& ProjectManager::Instance() {
   static ProjectManager manager;

@@ -1,27 +1,26 @@
 #include "companions/text.h"
 
 #include <cstddef>
-#include <cstdint>
 
 #include "platform/win/wide_text.h"
 
 namespace kovra::companions {
 namespace {
 
-constexpr std::uint32_t kEscapeBase = 0xDC00;
-constexpr std::uint32_t kReplacement = 0xFFFD;
+constexpr char32_t kEscapeBase = 0xDC00;
+constexpr char32_t kReplacement = 0xFFFD;
 
-bool isSurrogate(std::uint32_t c) {
+bool isSurrogate(char32_t c) {
   return c >= 0xD800 && c <= 0xDFFF;
 }
 
 // A byte 0x80 to 0xFF that wide() found outside any UTF-8 sequence.
-bool isEscapedByte(std::uint32_t c) {
+bool isEscapedByte(char32_t c) {
   return c >= kEscapeBase + 0x80 && c <= kEscapeBase + 0xFF;
 }
 
 struct Decoded {
-  std::uint32_t character;
+  char32_t character;
   std::size_t length;  // 0: no UTF-8 sequence begins here
 };
 
@@ -32,18 +31,18 @@ Decoded decodeOne(std::string_view bytes) {
   if (first < 0x80) return {first, 1};
   const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
   if (first < 0xC2 || first > 0xF4 || bytes.size() < length) return {0, 0};
-  std::uint32_t character = first & (0xFFU >> (length + 1));
+  char32_t character = first & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     if ((byte(i) & 0xC0) != 0x80) return {0, 0};
     character = character << 6 | (byte(i) & 0x3FU);
   }
-  const std::uint32_t smallest = length == 4 ? 0x10000 : length == 3 ? 0x800 : 0x80;
+  const char32_t smallest = length == 4 ? 0x10000 : length == 3 ? 0x800 : 0x80;
   if (character < smallest || character > 0x10FFFF || isSurrogate(character)) return {0, 0};
   return {character, length};
 }
 
-void appendUtf8(std::string& out, std::uint32_t c) {
-  const auto put = [&](std::uint32_t byte) { out.push_back(static_cast<char>(byte)); };
+void appendUtf8(std::string& out, char32_t c) {
+  const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
   if (c < 0x80) {
     put(c);
   } else if (c < 0x800) {
@@ -79,7 +78,7 @@ std::string narrow(std::wstring_view text) {
   std::string bytes;
   bytes.reserve(text.size());
   for (const wchar_t unit : text) {
-    const auto c = static_cast<std::uint32_t>(unit);
+    const auto c = static_cast<char32_t>(unit);
     if (isEscapedByte(c))
       bytes.push_back(static_cast<char>(c - kEscapeBase));
     else

@@ -74,7 +74,6 @@ class ProjectManager {
 
  private:
   ProjectManager();
-  ~ProjectManager();
 };
 
 class ConfigFile;
