@@ -43,13 +43,23 @@ bool isStructural(RecordKind kind) {
   return kind >= RecordKind::kSection && kind <= RecordKind::kEndBlk;
 }
 
+/// The beginning of a text of the file as it can stand in a message.
+std::string printable(std::string_view text) {
+  constexpr std::size_t kLength = 20;
+  text = trimmed(text);
+  std::string out;
+  for (const char c : text.substr(0, kLength)) out.push_back(c >= ' ' && c <= '~' ? c : '?');
+  if (text.size() > kLength) out += "...";
+  return out;
+}
+
 /// The release name that a DWG file begins with; empty for other files.
 std::string_view dwgRelease(std::string_view file) {
   constexpr std::size_t kNameSize = 6;
   const std::string_view head = file.substr(0, kNameSize);
   const bool magic = head.starts_with("AC10") || head.starts_with("AC1.") ||
                      head.starts_with("AC2.") || head.starts_with("MC0.0");
-  return magic && head.size() == kNameSize ? head : std::string_view();
+  return magic && printable(head) == head ? head : std::string_view();
 }
 
 }  // namespace
@@ -64,19 +74,13 @@ Error RecordScanner::fault(const char* place, const std::string& what) const {
 }
 
 std::string RecordScanner::excerpt(const char* place) const {
-  constexpr std::size_t kLength = 20;
-  std::string_view line(place, static_cast<std::size_t>(end_ - place));
-  line = trimmed(line.substr(0, line.find('\n')));
-  std::string text;
-  for (const char c : line.substr(0, kLength)) {
-    text.push_back(c >= ' ' && c <= '~' ? c : '?');
-  }
-  return "\"" + text + (line.size() > kLength ? "...\"" : "\"");
+  const std::string_view rest(place, static_cast<std::size_t>(end_ - place));
+  return "\"" + printable(rest.substr(0, rest.find('\n'))) + "\"";
 }
 
 void RecordScanner::nameSection(std::string_view value) {
   section_ = sectionKind(value);
-  sectionName_ = trimmed(value).substr(0, 32);
+  sectionName_ = printable(value);
   sectionNamed_ = true;
   out_.records.back().section = section_;
 }

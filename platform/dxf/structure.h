@@ -174,7 +174,8 @@ class Structure : private StoreListener {
   RecordIndex pastSubordinates(RecordIndex entity) const;
   bool continuesAttributes(RecordIndex record) const;
   RecordIndex settle(BlockNumber number, RecordIndex candidate) const;
-  RecordIndex firstInEntities(RecordIndex behind) const;
+  RecordIndex firstInEntities(RecordIndex from) const;
+  RecordIndex pastMark(const Block& block, RecordIndex mark) const;
 
   RecordStore& store_;
   RecordIndex header_ = kNoRecord;

@@ -37,6 +37,7 @@ std::wstring Structure::blockName(RecordIndex begin, RecordIndex blockRecord) co
 }
 
 void Structure::noteBlock(RecordIndex begin) const {
+  if (store_.section(begin) != SectionKind::kBlocks) return;
   RecordIndex blockRecord = store_.find(store_.owner(begin));
   if (blockRecord != kNoRecord && store_.kind(blockRecord) != RecordKind::kBlockRecord) {
     blockRecord = kNoRecord;

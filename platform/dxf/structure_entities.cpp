@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <functional>
 
 #include "platform/dxf/structure.h"
 
@@ -39,14 +38,23 @@ RecordIndex Structure::pastSubordinates(RecordIndex entity) const {
   return ended ? store_.next(next) : next;
 }
 
-/// The first record of the first ENTITIES section behind a record; kNoRecord if there is none.
-RecordIndex Structure::firstInEntities(RecordIndex behind) const {
-  const auto behindIt = [behind](const EntitySection& section) { return section.begin > behind; };
-  const auto found = behind == kNoRecord
-                         ? entitySections_.begin()
-                         : std::partition_point(entitySections_.begin(), entitySections_.end(),
-                                                std::not_fn(behindIt));
+/// The first record of the first ENTITIES section that begins at a record or behind it; kNoRecord
+/// if there is none.
+RecordIndex Structure::firstInEntities(RecordIndex from) const {
+  const auto found =
+      std::partition_point(entitySections_.begin(), entitySections_.end(),
+                           [from](const EntitySection& section) { return section.begin < from; });
   return found == entitySections_.end() ? kNoRecord : store_.next(found->begin);
+}
+
+/// Where to go on at a record that is no entity: behind a block its space goes on in the ENTITIES
+/// sections, behind such a section in the next one.
+RecordIndex Structure::pastMark(const Block& block, RecordIndex mark) const {
+  const RecordKind kind = store_.kind(mark);
+  if (!block.inEntities) return kNoRecord;
+  if (kind == RecordKind::kSection || kind == RecordKind::kEof) return firstInEntities(mark);
+  if (store_.section(mark) == SectionKind::kBlocks) return firstInEntities(0);
+  return kind == RecordKind::kEndSec ? firstInEntities(mark) : store_.next(mark);
 }
 
 /// The entity at `candidate` or the next one behind it that belongs to the block.
@@ -54,9 +62,7 @@ RecordIndex Structure::settle(BlockNumber number, RecordIndex candidate) const {
   const Block& block = blocks_[number];
   while (candidate != kNoRecord) {
     if (!isEntityPlace(candidate)) {
-      const bool inBlock = store_.section(candidate) == SectionKind::kBlocks;
-      if (!block.inEntities) return kNoRecord;
-      candidate = firstInEntities(inBlock ? kNoRecord : candidate);
+      candidate = pastMark(block, candidate);
     } else if (!store_.erased(candidate) && store_.kind(candidate) != RecordKind::kSeqEnd &&
                (store_.section(candidate) != SectionKind::kEntities ||
                 spaceOf(candidate) == number)) {
@@ -71,7 +77,7 @@ RecordIndex Structure::settle(BlockNumber number, RecordIndex candidate) const {
 RecordIndex Structure::firstEntity(BlockNumber number) const {
   const Block& at = block(number);
   if (at.begin != kNoRecord) return settle(number, store_.next(at.begin));
-  return at.inEntities ? settle(number, firstInEntities(kNoRecord)) : kNoRecord;
+  return at.inEntities ? settle(number, firstInEntities(0)) : kNoRecord;
 }
 
 RecordIndex Structure::nextEntity(BlockNumber number, RecordIndex entity) const {
