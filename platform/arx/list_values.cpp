@@ -42,7 +42,8 @@ ListValue listValue(int type) {
   if (type >= RTNONE) return ofResultCode(type);
   if (type == -1 || type == -2) return ListValue::kName;
   if (type == -4 || type == 0) return ListValue::kText;
-  if (type < 0) return ListValue::kNone;
+  constexpr int kLastGroupCode = 1071;
+  if (type < 0 || type > kLastGroupCode) return ListValue::kNone;
   if (dxf::isPointCode(type)) return ListValue::kPoint;
   switch (dxf::valueType(type)) {
     case dxf::ValueType::kReal:

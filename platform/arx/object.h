@@ -8,6 +8,7 @@
 
 #include "platform/arx/enums.h"
 #include "platform/arx/error_status.h"
+#include "platform/arx/gi.h"
 #include "platform/arx/object_id.h"
 #include "platform/arx/rx_class.h"
 
@@ -34,7 +35,7 @@ enum class TextSlot { kLayer, kLinetype, kText, kName, kStyle, kPrompt };
 /// close and then forgets the pointer. Changes reach the record when the writer closes or
 /// downgrades. An object outside a database holds groups of its own, is always readable and
 /// writable, and belongs to whoever made it.
-class AcDbObject : public AcRxObject {
+class AcDbObject : public AcGiDrawable {
  public:
   ACRX_DECLARE_MEMBERS(AcDbObject)
   explicit AcDbObject(kovra::arx::Stored);

@@ -12,6 +12,21 @@
 
 namespace kovra::arx {
 
+const dxf::Dialect& freeDialect() {
+  static const dxf::Dialect dialect = [] {
+    dxf::Dialect newest;
+    newest.release = dxf::kR2018;
+    newest.subclassMarkers = true;
+    return newest;
+  }();
+  return dialect;
+}
+
+const dxf::TextCodec& freeCodec() {
+  static const dxf::TextCodec codec(freeDialect());
+  return codec;
+}
+
 ObjectTable::ObjectTable(AcDbDatabase& database) : database_(database), buckets_(64, nullptr) {}
 
 ObjectTable::~ObjectTable() {

@@ -75,6 +75,7 @@ class AcDbText : public AcDbEntity {
  protected:
   kovra::dxf::RecordDraft& startText(const char* typeName);
   void subClose() override;
+  Adesk::Boolean subWorldDraw(AcGiWorldDraw* context) override;
   void subAppend(const AcDbDatabase& database) override;
 
  private:

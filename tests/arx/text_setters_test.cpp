@@ -1,0 +1,275 @@
+// What setters of texts write, for every kind of text and with and without subclass markers.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <numbers>
+
+#include "platform/arx/block_table_record.h"
+#include "platform/arx/text.h"
+#include "tests/arx/test_drawing.h"
+
+namespace kovra::arx::test {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+constexpr int kHandle = 0x101;
+
+struct SetterCase {
+  const char* name;
+  std::vector<Group> extra;
+  std::function<Acad::ErrorStatus(AcDbText&)> set;
+  std::vector<std::string> diff;
+  /// Attributes have their vertical mode in 74.
+  std::vector<std::string> attributeDiff = diff;
+};
+
+// The reference point of a text of two half-width characters: 2 * 0.625 * height * width factor
+// long.
+const SetterCase kCases[] = {
+    {"height of a left text",
+     {},
+     [](AcDbText& t) { return t.setHeight(5); },
+     {"-40=2.5", "+40=5.0"}},
+    {"equal height", {}, [](AcDbText& t) { return t.setHeight(2.5); }, {}},
+    {"height and back",
+     {},
+     [](AcDbText& t) {
+       t.setHeight(4);
+       return t.setHeight(2.5);
+     },
+     {}},
+    {"width factor that is missing",
+     {},
+     [](AcDbText& t) { return t.setWidthFactor(0.8); },
+     {"+41=0.8"}},
+    {"default width factor", {}, [](AcDbText& t) { return t.setWidthFactor(1); }, {}},
+    {"width factor to the default",
+     {{41, "0.8"}},
+     [](AcDbText& t) { return t.setWidthFactor(1); },
+     {"-41=0.8", "+41=1.0"}},
+    {"rotation below 0",
+     {},
+     [](AcDbText& t) { return t.setRotation(-90 * kPi / 180); },
+     {"+50=270.0"}},
+    {"rotation of a full turn", {}, [](AcDbText& t) { return t.setRotation(2 * kPi); }, {}},
+    {"rotation set to what it is",
+     {{50, "33.33333333333334"}},
+     [](AcDbText& t) { return t.setRotation(t.rotation()); },
+     {}},
+    {"oblique", {}, [](AcDbText& t) { return t.setOblique(-15 * kPi / 180); }, {"+51=-15.0"}},
+    {"value",
+     {},
+     [](AcDbText& t) { return t.setTextString(L"K1 \u00d8"); },
+     {"-1=K1", "+1=K1 \xd8"}},
+    {"value outside the code page",
+     {},
+     [](AcDbText& t) { return t.setTextString(L"\u56f3"); },
+     {"-1=K1", "+1=\\U+56F3"}},
+    {"layer in the table's spelling",
+     {},
+     [](AcDbText& t) { return t.setLayer(L"off"); },
+     {"-8=WIRES", "+8=OFF"}},
+    {"the same layer in another case", {}, [](AcDbText& t) { return t.setLayer(L"wires"); }, {}},
+    {"hidden and shown",
+     {},
+     [](AcDbText& t) {
+       t.setVisibility(AcDb::kInvisible);
+       return t.setVisibility(AcDb::kVisible);
+     },
+     {}},
+    {"color", {}, [](AcDbText& t) { return t.setColorIndex(3); }, {"+62=3"}},
+    {"height of a right text moves its position",
+     {{72, "2"}, {11, "100.0"}, {21, "50.0"}, {31, "0.0"}},
+     [](AcDbText& t) { return t.setHeight(4); },
+     {"-10=100.0", "+10=95.0", "-40=2.5", "+40=4.0"}},
+    {"layer of a right text leaves its position",
+     {{72, "2"}, {11, "100.0"}, {21, "50.0"}, {31, "0.0"}},
+     [](AcDbText& t) { return t.setLayer(L"OFF"); },
+     {"-8=WIRES", "+8=OFF"}},
+    {"height and back of a right text",
+     {{72, "2"}, {11, "100.0"}, {21, "50.0"}, {31, "0.0"}},
+     [](AcDbText& t) {
+       t.setHeight(4);
+       return t.setHeight(2.5);
+     },
+     {}},
+    {"middle center gets its alignment point where the text was",
+     {},
+     [](AcDbText& t) {
+       t.setVerticalMode(AcDb::kTextVertMid);
+       t.setHorizontalMode(AcDb::kTextCenter);
+       return t.setAlignmentPoint({100, 50, 0});
+     },
+     {"-10=100.0", "+10=98.4375", "-20=50.0", "+20=48.75", "+72=1", "+11=100.0", "+21=50.0",
+      "+31=0.0", "+73=2"},
+     {"-10=100.0", "+10=98.4375", "-20=50.0", "+20=48.75", "+72=1", "+11=100.0", "+21=50.0",
+      "+31=0.0", "+74=2"}},
+    {"the alignment point of a fitted text keeps its position",
+     {{72, "5"}, {11, "110.0"}, {21, "50.0"}, {31, "0.0"}},
+     [](AcDbText& t) {
+       return t.setAlignmentPoint({120, 50, 0});
+     },
+     {"-11=110.0", "+11=120.0"}},
+    {"elevated alignment",
+     {{72, "2"}, {11, "100.0"}, {21, "50.0"}, {31, "7.0"}},
+     [](AcDbText& t) { return t.setTextString(L"K"); },
+     {"-10=100.0", "+10=98.4375", "-30=0.0", "+30=7.0", "-1=K1", "+1=K"}},
+};
+
+using Variant = std::tuple<TextKind, int>;
+class TextSetters : public testing::TestWithParam<Variant> {};
+
+TEST_P(TextSetters, ChangeTheirGroupsOnly) {
+  const auto [kind, release] = GetParam();
+  for (const SetterCase& c : kCases) {
+    SCOPED_TRACE(c.name);
+    const std::string bytes =
+        TestDrawing{release, textEntity(kind, release, kHandle, c.extra)}.bytes();
+    OpenDrawing drawing(bytes);
+    AcDbText* text = nullptr;
+    ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(c.set(*text), Acad::eOk);
+    EXPECT_EQ(text->close(), Acad::eOk);
+    std::vector<std::string> expected = kind == TextKind::kText ? c.diff : c.attributeDiff;
+    std::vector<std::string> diff = groupDiff(bytes, drawing.bytes());
+    std::sort(expected.begin(), expected.end());
+    std::sort(diff.begin(), diff.end());
+    EXPECT_EQ(diff, expected);
+    EXPECT_EQ(drawing->isModified(), drawing.bytes() != bytes);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, TextSetters,
+                         testing::Combine(testing::Values(TextKind::kText, TextKind::kAttribute,
+                                                          TextKind::kDefinition),
+                                          testing::Values(1009, 1015)));
+
+TEST(TextSetters, RefuseWhatATextCannotBe) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const std::string bytes =
+      TestDrawing{1015, textEntity(TextKind::kText, 1015, kHandle, {})}.bytes();
+  OpenDrawing drawing(bytes);
+  AcDbText* text = nullptr;
+  ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+  for (const double bad : {0.0, -1.0, kNan, kInfinity}) {
+    EXPECT_EQ(text->setHeight(bad), Acad::eInvalidInput) << bad;
+    EXPECT_EQ(text->setWidthFactor(bad), Acad::eInvalidInput) << bad;
+  }
+  EXPECT_EQ(text->setRotation(kNan), Acad::eInvalidInput);
+  EXPECT_EQ(text->setPosition({kInfinity, 0, 0}), Acad::eInvalidInput);
+  EXPECT_EQ(text->setNormal({0, 0, 0}), Acad::eInvalidInput);
+  EXPECT_EQ(text->setHorizontalMode(static_cast<AcDb::TextHorzMode>(6)), Acad::eInvalidInput);
+  EXPECT_EQ(text->setTextString(nullptr), Acad::eInvalidInput);
+  EXPECT_EQ(text->setLayer(L"MISSING"), Acad::eKeyNotFound);
+  EXPECT_EQ(text->setLayer(L""), Acad::eInvalidLayer);
+  EXPECT_EQ(text->setTextStyle(AcDbObjectId::kNull), Acad::eNullObjectId);
+  EXPECT_EQ(text->setTextStyle(drawing->clayer()), Acad::eInvalidTextStyle);
+  text->close();
+  EXPECT_EQ(drawing.bytes(), bytes);
+}
+
+// 230 = -1: the text's plane is seen from below, its x runs to the world's left.
+TEST(Text, GivesPointsInTheWorld) {
+  const std::string bytes =
+      TestDrawing{1015, textEntity(TextKind::kText, 1015, kHandle,
+                                   {{210, "0.0"}, {220, "0.0"}, {230, "-1.0"}})}
+          .bytes();
+  OpenDrawing drawing(bytes);
+  AcDbText* text = nullptr;
+  ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+  EXPECT_EQ(text->position(), AcGePoint3d(-100, 50, 0));
+  EXPECT_EQ(text->setPosition({-90, 50, 0}), Acad::eOk);
+  text->close();
+  EXPECT_EQ(groupDiff(bytes, drawing.bytes()), (std::vector<std::string>{"-10=100.0", "+10=90.0"}));
+}
+
+TEST(Text, TransformsWithItsAlignmentPoint) {
+  OpenDrawing drawing(TestDrawing{
+      1015, textEntity(TextKind::kText, 1015, kHandle, {{72, "1"}, {11, "100.0"}, {21, "50.0"}})}
+                          .bytes());
+  AcDbText* text = nullptr;
+  ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+  EXPECT_EQ(text->transformBy(AcGeMatrix3d::translation({0, 10, 0}) *
+                              AcGeMatrix3d::rotation(kPi / 2, AcGeVector3d::kZAxis) *
+                              AcGeMatrix3d::scaling(2)),
+            Acad::eOk);
+  EXPECT_TRUE(text->alignmentPoint().isEqualTo({-100, 210, 0}));
+  EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
+  EXPECT_NEAR(text->height(), 5, 1e-12);
+  EXPECT_EQ(text->widthFactor(), 1);
+  text->close();
+}
+
+TEST(Text, MultiLineAttributeKeepsItsCopies) {
+  std::string multi =
+      TestDrawing{1032, textEntity(TextKind::kAttribute, 1032, kHandle,
+                                   {{72, "1"}, {11, "100.0"}, {21, "50.0"}, {31, "0.0"}})}
+          .bytes();
+  const std::string embedded = groupLines({{101, "Embedded Object"},
+                                           {10, "100.0"},
+                                           {20, "50.0"},
+                                           {30, "0.0"},
+                                           {11, "1.0"},
+                                           {21, "0.0"},
+                                           {31, "0.0"},
+                                           {40, "2.5"},
+                                           {41, "20.0"},
+                                           {1, "K1\\PK2"}});
+  multi.insert(multi.find("  0\nSEQEND"), embedded);
+  OpenDrawing drawing(multi);
+  AcDbAttribute* attribute = nullptr;
+  ASSERT_EQ(acdbOpenObject(attribute, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+  EXPECT_TRUE(attribute->isMTextAttribute());
+  EXPECT_EQ(attribute->setHeight(5), Acad::eOk);
+  EXPECT_EQ(attribute->setRotation(kPi / 2), Acad::eOk);
+  EXPECT_EQ(attribute->setAlignmentPoint({110, 50, 0}), Acad::eOk);
+  attribute->close();
+  const std::string after = drawing.bytes();
+  const std::size_t at = after.find("Embedded Object");
+  ASSERT_NE(at, std::string::npos);
+  const std::string tail = after.substr(at, after.find("SEQEND") - at);
+  for (const char* line :
+       {" 10\n110.0\n", " 20\n50.0\n", " 21\n1.0\n", " 40\n5.0\n", " 41\n20.0\n"})
+    EXPECT_NE(tail.find(line), std::string::npos) << line << "in\n" << tail;
+}
+
+TEST(Text, OutsideADatabaseHoldsItsOwnGroups) {
+  const std::string bytes = TestDrawing{1009, ""}.bytes();
+  OpenDrawing drawing(bytes);
+  auto* text = new AcDbText({1, 2, 0}, L"\u00c4", AcDbObjectId::kNull, 0, kPi / 4);
+  EXPECT_EQ(text->setDatabaseDefaults(), Acad::eOk);
+  EXPECT_EQ(text->setLayer(L"WIRES"), Acad::eOk);
+  EXPECT_EQ(text->setHorizontalMode(AcDb::kTextRight), Acad::eOk);
+  EXPECT_EQ(text->setAlignmentPoint({1, 2, 0}), Acad::eOk);
+  EXPECT_STREQ(text->textStringConst(), L"\u00c4");
+  EXPECT_EQ(text->close(), Acad::eInvalidOpenState);
+  AcDbBlockTableRecord* space = nullptr;
+  ASSERT_EQ(acdbOpenObject(space, drawing->modelSpaceId(), AcDb::kForWrite), Acad::eOk);
+  EXPECT_EQ(space->appendAcDbEntity(text), Acad::eOk);
+  EXPECT_EQ(space->appendAcDbEntity(text), Acad::eAlreadyInDb);
+  EXPECT_EQ(text->setHeight(4), Acad::eOk);
+  text->close();
+  space->close();
+  // R12: no markers; the position lies 0.625 * 4 along the text before its end.
+  const double back = 0.625 * 4 * std::sqrt(0.5);
+  std::vector<std::string> added;
+  for (const std::string& line : groupDiff(bytes, drawing.bytes()))
+    if (line.starts_with("+")) added.push_back(line.substr(1));
+  const std::vector<std::string> start = {"5=F001", "0=TEXT", "5=F000", "8=WIRES"};
+  ASSERT_GE(added.size(), start.size());
+  EXPECT_TRUE(std::equal(start.begin(), start.end(), added.begin()));
+  AcDbText* again = nullptr;
+  ASSERT_EQ(acdbOpenObject(again, drawing.find(0xF000)), Acad::eOk);
+  EXPECT_NEAR(again->position().x, 1 - back, 1e-12);
+  EXPECT_NEAR(again->position().y, 2 - back, 1e-12);
+  EXPECT_STREQ(again->textStringConst(), L"\u00c4");
+  EXPECT_STREQ(again->textStyleName(), L"Standard");
+  again->close();
+}
+
+}  // namespace
+}  // namespace kovra::arx::test
