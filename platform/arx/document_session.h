@@ -9,6 +9,7 @@
 #include "platform/arx/keywords.h"
 #include "platform/arx/object_id.h"
 #include "platform/arx/sysvars.h"
+#include "platform/arx/view.h"
 
 namespace kovra::arx {
 
@@ -39,6 +40,7 @@ struct DocumentSession {
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;
+  std::map<bool, View> views;  ///< of model space (true) and of paper space; fixed once shown
 };
 
 }  // namespace kovra::arx

@@ -162,6 +162,7 @@ void ActivePrompt::cancel() {
     win::interaction().print(L"*Cancel*");
     win::interaction().freshLine();
   }
+  if (isIdle() && asked != nullptr) asked->session().implied.clear();
   answer(Answer{});
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/arx/database.h"
+#include "platform/arx/document_session.h"
 #include "platform/arx/documents.h"
 #include "platform/arx/drawing_walk.h"
 #include "platform/arx/entity_order.h"
@@ -69,12 +70,23 @@ View extentsView(const AcApDocument& document) {
 
 }  // namespace
 
-View currentView(const AcApDocument& document) {
+namespace {
+
+View firstView(const AcApDocument& document) {
   const AcDbDatabase& database = *document.database();
   std::optional<View> view = viewportView(database);
   if (!view) view = headerView(database);
   const bool usable = view && std::isfinite(view->height) && view->height > 0;
   return usable ? *view : extentsView(document);
+}
+
+}  // namespace
+
+View currentView(const AcApDocument& document) {
+  std::map<bool, View>& views = document.session().views;
+  const bool space = inModelSpace(*document.database());
+  const auto known = views.find(space);
+  return known != views.end() ? known->second : views[space] = firstView(document);
 }
 
 AcDbExtents drawingExtents(const AcApDocument& document) {

@@ -23,7 +23,7 @@ struct View {
   double unitsPerPixel() const { return height / kWindowHeight; }
 };
 
-/// The file's active viewport, else the extents of what is drawn.
+/// The file's active viewport, else the extents of what is drawn when the view is first asked for.
 View currentView(const AcApDocument& document);
 /// Everything drawn in the current space, on whatever layer; not valid for an empty drawing.
 AcDbExtents drawingExtents(const AcApDocument& document);

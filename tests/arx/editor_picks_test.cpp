@@ -204,7 +204,7 @@ TEST_F(EditorPicks, SelectionSetsAsTheCommandsUseThem) {
   ads_name name;
   ASSERT_EQ(acedSSAdd(nullptr, nullptr, set), RTNORM);
   EXPECT_EQ(members(set), "");
-  for (const std::uint64_t handle : {0x50, 0x40, 0x50}) {
+  for (const std::uint64_t handle : {0x50U, 0x40U, 0x50U}) {
     acdbGetAdsName(name, user.find(handle));
     EXPECT_EQ(acedSSAdd(name, set, set), RTNORM);
   }
