@@ -48,6 +48,8 @@ class AcDbEntity : public AcDbObject {
   virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
 
  protected:
+  /// For drawables of an application's own, which never enter a drawing.
+  AcDbEntity() : AcDbEntity(kovra::arx::Stored{}) {}
   friend class AcDbBlockTableRecord;
   /// Takes from a database what a new entity leaves to it, before it goes there.
   virtual void subAppend(const AcDbDatabase&) {}

@@ -91,7 +91,8 @@ bool isStructural(int type) {
 }
 
 const resbuf* skipAppGroup(const resbuf* element) {
-  if (element->restype == kDxfXData || element->restype >= 1000) {
+  const bool isXData = element->restype >= 1000 && element->restype < RTNONE;
+  if (element->restype == kDxfXData || isXData) {
     while (element->rbnext != nullptr) element = element->rbnext;
     return element;
   }

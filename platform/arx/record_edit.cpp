@@ -63,6 +63,8 @@ std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
       inside = draft.text(i) == property.subclass;
       if (inside && (++markers == 1 || groupRank(property.subclass, kMarker) < wanted))
         place = i + 1;
+    } else if (common && !marked && groupRank(kEntityPart, code) < 0 && code != 5) {
+      continue;  // the type's own groups, which no marker parts from the common ones
     } else if (inside && groupRank(property.subclass, code) < wanted) {
       place = i + 1;
     }

@@ -1,7 +1,7 @@
 #include "platform/arx/wildcard.h"
 
-#include <cwctype>
 #include <optional>
+#include <string>
 
 #include "platform/arx/result_codes.h"
 #include "platform/win/wide_text.h"
@@ -10,7 +10,8 @@ namespace kovra::arx {
 namespace {
 
 wchar_t folded(wchar_t c) {
-  return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+  if (c < 0x80) return c >= L'a' && c <= L'z' ? c - L'a' + L'A' : c;
+  return win::upperCase(std::wstring_view(&c, 1)).front();
 }
 
 bool isDigit(wchar_t c) {
@@ -134,9 +135,7 @@ class Matcher {
 
   bool between(wchar_t low, wchar_t c, wchar_t high) const {
     if (low <= c && c <= high) return true;
-    if (!ignoreCase_) return false;
-    const auto lower = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
-    return (low <= folded(c) && folded(c) <= high) || (low <= lower && lower <= high);
+    return ignoreCase_ && folded(low) <= folded(c) && folded(c) <= folded(high);
   }
 
   bool inSet(std::wstring_view set, wchar_t c) const {
