@@ -1,9 +1,9 @@
 #include "tests/module/module_run.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <stdexcept>
 
@@ -49,7 +49,7 @@ ModuleRun::ModuleRun() : folder_(makeFolder()) {
 }
 
 ModuleRun::~ModuleRun() {
-  if (drawing_ != 0) arx::host::closeDrawing(drawing_);
+  closeDrawing();
   unload();
   win::setCurrentProject({});
   win::interaction().setTranscript({});
@@ -87,11 +87,18 @@ void ModuleRun::registry(std::string_view lines) {
 }
 
 void ModuleRun::open(std::string_view dxf) {
-  if (drawing_ != 0) arx::host::closeDrawing(drawing_);
+  closeDrawing();
   write(folder_ / "drawing.dxf", dxf);
   const auto opened = arx::host::openDrawing(folder_ / "drawing.dxf");
   if (!opened) throw std::runtime_error(opened.error().message);
   drawing_ = opened.value();
+}
+
+void ModuleRun::closeDrawing() {
+  if (drawing_ == 0) return;
+  const auto closed = arx::host::closeDrawing(drawing_);
+  EXPECT_TRUE(closed) << closed.error().message;
+  drawing_ = 0;
 }
 
 void ModuleRun::type(std::string_view lines) {
@@ -104,8 +111,9 @@ std::string ModuleRun::saved() const {
   const auto copy = folder_ / "saved.dxf";
   const auto result = arx::host::saveDrawing(drawing_, &copy, {.backup = false});
   if (!result) throw std::runtime_error(result.error().message);
-  std::ifstream stream(copy, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  std::ostringstream bytes;
+  bytes << std::ifstream(copy, std::ios::binary).rdbuf();
+  return bytes.str();
 }
 
 std::vector<std::string> ModuleRun::changes(std::string_view before, std::string_view after) {

@@ -43,6 +43,7 @@ class ModuleRun {
   std::string takeTranscript();
 
  private:
+  void closeDrawing();
   void write(const std::filesystem::path& file, std::string_view content) const;
 
   std::filesystem::path folder_;
