@@ -94,26 +94,26 @@ std::string_view RecordDraft::typeName() const {
 }
 
 double RecordDraft::real(std::size_t group) const {
-  return decodeReal(*dialect_, code(group), value(groups_[group]));
+  return decodeReal(*dialect_, code(group), valueAt(group));
 }
 
 std::int64_t RecordDraft::integer(std::size_t group) const {
-  return decodeInteger(*dialect_, code(group), value(groups_[group]));
+  return decodeInteger(*dialect_, code(group), valueAt(group));
 }
 
 std::uint64_t RecordDraft::handle(std::size_t group) const {
-  return decodeHandle(value(groups_[group]));
+  return decodeHandle(valueAt(group));
 }
 
 std::string_view RecordDraft::text(std::size_t group) const {
   const ValueType valueType = type(group);
   if (dialect_->binary && valueType != ValueType::kText && valueType != ValueType::kHandle)
     return {};
-  return value(groups_[group]);
+  return valueAt(group);
 }
 
 std::string RecordDraft::asciiText(std::size_t group) const {
-  const std::string_view bytes = value(groups_[group]);
+  const std::string_view bytes = valueAt(group);
   if (!dialect_->binary) return std::string(bytes);
   std::string text;
   switch (type(group)) {
@@ -135,7 +135,7 @@ std::string RecordDraft::asciiText(std::size_t group) const {
 }
 
 std::string RecordDraft::binary(std::size_t group) const {
-  return decodeBinary(*dialect_, value(groups_[group]));
+  return decodeBinary(*dialect_, valueAt(group));
 }
 
 std::size_t RecordDraft::find(int code, std::size_t occurrence) const {

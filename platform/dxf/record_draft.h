@@ -61,12 +61,13 @@ class RecordDraft {
 
   // Groups by position, group 0 first.
   std::size_t size() const { return groups_.size(); }
-  int code(std::size_t group) const { return groups_[group].code; }
+  /// -1 for kNoGroup.
+  int code(std::size_t group) const { return group < size() ? groups_[group].code : -1; }
   GroupPart part(std::size_t group) const { return groups_[group].part; }
-  ValueType type(std::size_t group) const { return valueType(groups_[group].code); }
+  ValueType type(std::size_t group) const { return valueType(code(group)); }
 
-  // Values; a value that isn't of the wanted type reads as 0. Reals and integers may stand for one
-  // another, as real files have it.
+  // Values; a value that isn't of the wanted type, and that of kNoGroup, reads as 0 or empty. Reals
+  // and integers may stand for one another, as real files have it.
   double real(std::size_t group) const;
   std::int64_t integer(std::size_t group) const;
   std::uint64_t handle(std::size_t group) const;
@@ -108,7 +109,7 @@ class RecordDraft {
   /// First group of a code within a range; kNoGroup if there is none.
   std::size_t findIn(Range range, int code, std::size_t occurrence = 0) const;
 
-  // Changes. Setting a value that the group has already changes nothing.
+  // Changes. Setting a value that the group has already, or setting kNoGroup, changes nothing.
   void setReal(std::size_t group, double value);
   void setInteger(std::size_t group, std::int64_t value);
   void setHandle(std::size_t group, std::uint64_t value);
@@ -168,6 +169,9 @@ class RecordDraft {
 
   std::string_view base() const { return ownsBase_ ? std::string_view(owned_) : borrowed_; }
   std::string_view value(const Group& group) const;
+  std::string_view valueAt(std::size_t group) const {
+    return group < size() ? value(groups_[group]) : std::string_view();
+  }
   void clear(const Dialect& dialect);
   void readGroups();
   void classify(std::size_t group);

@@ -43,6 +43,10 @@ std::uint32_t RecordDraft::beginPool() {
 
 /// Gives a group the value that was just appended to the pool, unless it is what the group has.
 void RecordDraft::setPooled(std::size_t at, std::uint32_t poolBegin) {
+  if (at >= size()) {
+    pool_.resize(poolBegin);
+    return;
+  }
   Group& group = groups_[at];
   const std::string_view encoded = std::string_view(pool_).substr(poolBegin);
   if (sameValue(*dialect_, group.code, value(group), encoded)) {
@@ -97,7 +101,7 @@ void RecordDraft::setReal(std::size_t group, double value) {
 void RecordDraft::setInteger(std::size_t group, std::int64_t value) {
   const std::uint32_t begin = beginPool();
   encodeInteger(*dialect_, code(group), value, pool_);
-  alignInteger(begin, this->value(groups_[group]));
+  alignInteger(begin, valueAt(group));
   setPooled(group, begin);
 }
 
@@ -114,7 +118,7 @@ void RecordDraft::setText(std::size_t group, std::string_view bytes) {
 }
 
 void RecordDraft::setText(std::size_t group, std::wstring_view text, const TextCodec& codec) {
-  if (codec.decode(value(groups_[group])) != text) setText(group, codec.encode(text));
+  if (codec.decode(valueAt(group)) != text) setText(group, codec.encode(text));
 }
 
 void RecordDraft::setBinary(std::size_t group, std::string_view bytes) {
