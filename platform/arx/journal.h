@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -78,7 +79,7 @@ class Journal : private dxf::StoreListener {
   bool differs(const Entry& entry) const;
 
   dxf::RecordStore& store_;
-  std::vector<Entry> entries_;
+  std::deque<Entry> entries_;  ///< grows without moving what is there
   std::vector<Boundary> boundaries_;
   std::vector<Undone> undone_;
   std::vector<std::size_t> transactions_;

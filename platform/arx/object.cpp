@@ -62,12 +62,19 @@ Adesk::Boolean AcDbObject::isWriteEnabled() const {
 
 kovra::dxf::RecordDraft& AcDbObject::startGroups(std::string_view typeName) {
   body_ = std::make_unique<kovra::arx::ObjectBody>();
+  body_->decoded = true;
   body_->draft.start(kovra::arx::freeDialect(), typeName, 0, 0);
   return body_->draft;
 }
 
+kovra::arx::ObjectBody& AcDbObject::ensureBody() const {
+  return database_ != nullptr ? database_->objects().body(*this) : *body_;
+}
+
 const kovra::dxf::RecordDraft& AcDbObject::groups() const {
-  return (database_ != nullptr ? database_->objects().body(*this) : *body_).draft;
+  kovra::arx::ObjectBody& body = ensureBody();
+  if (!body.decoded) database_->objects().decode(record_, body);
+  return body.draft;
 }
 
 const kovra::dxf::TextCodec& AcDbObject::codec() const {
@@ -75,17 +82,28 @@ const kovra::dxf::TextCodec& AcDbObject::codec() const {
 }
 
 const std::wstring& AcDbObject::cachedText(TextSlot slot, kovra::arx::Property property) const {
-  const kovra::dxf::RecordDraft& draft = groups();
+  const kovra::arx::ObjectBody& body = ensureBody();
   const auto index = static_cast<std::size_t>(slot);
   std::wstring& text = body_->texts[index];
   const auto bit = static_cast<std::uint8_t>(1U << index);
-  if ((body_->validTexts & bit) == 0) {
-    codec().decode(kovra::arx::readBytes(draft, property), text);
+  if ((body.validTexts & bit) == 0) {
+    decodeText(property, text);
     const bool isValue = slot == TextSlot::kText || slot == TextSlot::kPrompt;
     if (isValue && text.find(L'^') != std::wstring::npos) text = kovra::dxf::decodeCarets(text);
     body_->validTexts = static_cast<std::uint8_t>(body_->validTexts | bit);
   }
   return text;
+}
+
+// Most objects of a drawing are opened for one look at a name or a tag, which costs no decoding.
+void AcDbObject::decodeText(kovra::arx::Property property, std::wstring& text) const {
+  if (!body_->decoded && record_ < database_->store().count()) {
+    std::string scratch;
+    const std::optional<std::string_view> found = kovra::arx::scanText(
+        database_->store().bytes(record_, scratch), database_->store().dialect(), property);
+    if (found) return codec().decode(*found, text);
+  }
+  codec().decode(kovra::arx::readBytes(groups(), property), text);
 }
 
 Acad::ErrorStatus AcDbObject::apply(const std::function<bool(kovra::arx::RecordEdit&)>& change,

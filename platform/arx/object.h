@@ -94,6 +94,9 @@ class AcDbObject : public AcGiDrawable {
   virtual void subClose() {}
 
  private:
+  kovra::arx::ObjectBody& ensureBody() const;
+  void decodeText(kovra::arx::Property property, std::wstring& text) const;
+
   mutable std::unique_ptr<kovra::arx::ObjectBody> body_;
   AcDbDatabase* database_ = nullptr;
   AcDbObject* nextInTable_ = nullptr;

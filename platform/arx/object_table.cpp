@@ -126,7 +126,7 @@ void ObjectTable::flush(AcDbObject& object) {
   object.subClose();
   // The draft looks into the record's old bytes, so it can't outlive the replacement.
   flushing_ = true;
-  database_.store().replace(object.record_, body(object).draft);
+  database_.store().replace(object.record_, object.groups());
   flushing_ = false;
   releaseBody(object);
   object.modified_ = false;
@@ -177,21 +177,25 @@ void ObjectTable::recordChanged(dxf::RecordIndex index) {
 }
 
 ObjectBody& ObjectTable::body(const AcDbObject& object) const {
-  if (object.body_ == nullptr) {
-    if (spareBodies_.empty()) {
-      object.body_ = std::make_unique<ObjectBody>();
-    } else {
-      object.body_ = std::move(spareBodies_.back());
-      spareBodies_.pop_back();
-    }
-    object.body_->validTexts = 0;
-    if (object.record_ < database_.store().count()) {
-      database_.store().load(object.record_, object.body_->draft);
-    } else {
-      object.body_->draft.start(database_.store().dialect(), "TABLE", 0, 0);
-    }
+  if (object.body_ != nullptr) return *object.body_;
+  if (spareBodies_.empty()) {
+    object.body_ = std::make_unique<ObjectBody>();
+  } else {
+    object.body_ = std::move(spareBodies_.back());
+    spareBodies_.pop_back();
   }
+  object.body_->validTexts = 0;
+  object.body_->decoded = false;
   return *object.body_;
+}
+
+void ObjectTable::decode(dxf::RecordIndex index, ObjectBody& body) const {
+  if (index < database_.store().count()) {
+    database_.store().load(index, body.draft);
+  } else {
+    body.draft.start(database_.store().dialect(), "TABLE", 0, 0);
+  }
+  body.decoded = true;
 }
 
 void ObjectTable::loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) const {
@@ -201,7 +205,7 @@ void ObjectTable::loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) c
     return;
   }
   draft.decodeOwned(database_.store().dialect(),
-                    [&](std::string& bytes) { body(*object).draft.appendBytes(bytes); });
+                    [&](std::string& bytes) { object->groups().appendBytes(bytes); });
 }
 
 void ObjectTable::releaseBody(AcDbObject& object) const {

@@ -19,6 +19,7 @@ struct ObjectBody {
   dxf::RecordDraft draft;
   std::array<std::wstring, 6> texts;
   std::uint8_t validTexts = 0;  ///< bits by TextSlot
+  bool decoded = false;         ///< the draft holds the record
 };
 
 /// How objects outside a database keep their groups: as the newest release, in UTF-8.
@@ -79,8 +80,9 @@ class ObjectTable {
 
   /// The groups of a record as they are now, also while a writer holds changes back.
   void loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) const;
-  /// Decodes the object's record if that wasn't done yet.
+  /// The object's body, which may be one that another object gave back.
   ObjectBody& body(const AcDbObject& object) const;
+  void decode(dxf::RecordIndex index, ObjectBody& body) const;
 
  private:
   AcDbObject* find(dxf::RecordIndex index) const;

@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "platform/arx/group_order.h"
+#include "platform/dxf/group_format.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
@@ -99,14 +100,44 @@ std::size_t coordinate(const dxf::RecordDraft& draft, std::size_t x, int step) {
 
 }  // namespace
 
-std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property property) {
-  const std::size_t x = findProperty(draft, property);
-  if (x == dxf::kNoGroup) return std::nullopt;
+AcGePoint3d pointAt(const dxf::RecordDraft& draft, std::size_t x) {
   AcGePoint3d point;
   point.x = draft.real(x);
   if (const std::size_t y = coordinate(draft, x, 1); y != dxf::kNoGroup) point.y = draft.real(y);
   if (const std::size_t z = coordinate(draft, x, 2); z != dxf::kNoGroup) point.z = draft.real(z);
   return point;
+}
+
+std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property property) {
+  const std::size_t x = findProperty(draft, property);
+  if (x == dxf::kNoGroup) return std::nullopt;
+  return pointAt(draft, x);
+}
+
+namespace {
+
+template <class Reader>
+std::optional<std::string_view> scan(Reader reader, Property property) {
+  dxf::GroupView group;
+  bool inside = false;
+  while (reader.next(group) == dxf::GroupStatus::kOk) {
+    if (group.code == 100) {
+      inside = group.value() == property.subclass;
+    } else if (inside && group.code == property.code) {
+      return group.value();
+    } else if (group.code == 101 || group.code == 102 || group.code == 1001) {
+      break;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string_view> scanText(std::string_view record, const dxf::Dialect& dialect,
+                                         Property property) {
+  if (dialect.binary) return scan(dxf::BinaryReader(record, dialect.wideCodes), property);
+  return scan(dxf::AsciiReader(record), property);
 }
 
 bool RecordEdit::loadOriginal(dxf::RecordDraft& draft) const {

@@ -44,6 +44,13 @@ std::int64_t readInteger(const dxf::RecordDraft& draft, Property property, std::
 std::string_view readBytes(const dxf::RecordDraft& draft, Property property);
 /// A point whose x has the property's code; z may be missing. Nothing if x is missing.
 std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property property);
+/// The point whose x is this group.
+AcGePoint3d pointAt(const dxf::RecordDraft& draft, std::size_t x);
+/// The bytes of a text property of a record that isn't decoded, where one look over it suffices:
+/// outside of 102 groups, extended data and embedded objects. Nothing if the property is missing or
+/// needs a closer look.
+std::optional<std::string_view> scanText(std::string_view record, const dxf::Dialect& dialect,
+                                         Property property);
 
 /// Changes properties of one record. Each function says whether something changed: an equal value
 /// leaves the bytes alone, and so does the value that a missing group stands for. A group that the

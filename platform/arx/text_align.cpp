@@ -10,10 +10,11 @@ namespace {
 
 AcGePoint3d positionOf(const dxf::RecordDraft& draft, const AcDbDatabase& database) {
   const dxf::TextCodec& codec = database.store().codec();
-  const std::wstring value = dxf::decodeCarets(codec.decode(readBytes(draft, kTextValue)));
+  std::wstring value = codec.decode(readBytes(draft, kTextValue));
+  if (value.find(L'^') != std::wstring::npos) value = dxf::decodeCarets(value);
   TextShape shape = textShape(draft);
   shape.text = value;
-  shape.vertical = database.textStyles().find(codec.decode(readBytes(draft, kTextStyle))).vertical;
+  shape.vertical = database.textStyles().findBytes(readBytes(draft, kTextStyle)).vertical;
   return placeText(shape).position;
 }
 

@@ -15,10 +15,17 @@ std::string_view attributePart(dxf::RecordKind kind) {
   return kind == dxf::RecordKind::kAttDef ? kDefinitionPart : kAttributePart;
 }
 
-AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
-  const std::int64_t mode = readInteger(draft, kTextHorizontal, 0);
+namespace {
+
+AcDb::TextHorzMode horizontalOf(std::int64_t mode) {
   return mode >= 0 && mode <= AcDb::kTextFit ? static_cast<AcDb::TextHorzMode>(mode)
                                              : AcDb::kTextLeft;
+}
+
+}  // namespace
+
+AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
+  return horizontalOf(readInteger(draft, kTextHorizontal, 0));
 }
 
 AcDb::TextVertMode textVerticalMode(const dxf::RecordDraft& draft) {
@@ -47,19 +54,104 @@ double textRotation(const dxf::RecordDraft& draft) {
   return normalizedAngle(readReal(draft, kTextRotation, 0) * std::numbers::pi / 180);
 }
 
+namespace {
+
+/// Positions of the groups that decide where a text is drawn, found in one pass; the same that
+/// findProperty would give one by one.
+struct PlacementGroups {
+  std::size_t position = dxf::kNoGroup;
+  std::size_t alignment = dxf::kNoGroup;
+  std::size_t height = dxf::kNoGroup;
+  std::size_t widthFactor = dxf::kNoGroup;
+  std::size_t rotation = dxf::kNoGroup;
+  std::size_t oblique = dxf::kNoGroup;
+  std::size_t flags = dxf::kNoGroup;
+  std::size_t horizontal = dxf::kNoGroup;
+
+  std::size_t* of(int code) {
+    switch (code) {
+      case 10:
+        return &position;
+      case 11:
+        return &alignment;
+      case 40:
+        return &height;
+      case 41:
+        return &widthFactor;
+      case 50:
+        return &rotation;
+      case 51:
+        return &oblique;
+      case 71:
+        return &flags;
+      case 72:
+        return &horizontal;
+      default:
+        return nullptr;
+    }
+  }
+};
+
+PlacementGroups locatePlacement(const dxf::RecordDraft& draft) {
+  PlacementGroups groups;
+  bool inside = draft.find(100) == dxf::kNoGroup;
+  for (std::size_t i = 1; i < draft.size(); ++i) {
+    if (draft.part(i) != dxf::GroupPart::kData) continue;
+    const int code = draft.code(i);
+    if (code == 100) inside = draft.text(i) == kTextPart;
+    if (!inside) continue;
+    if (std::size_t* place = groups.of(code); place != nullptr && *place == dxf::kNoGroup)
+      *place = i;
+  }
+  // Groups that some writers put below the attribute's own marker.
+  const auto lookElsewhere = [&](std::size_t& place, Property property) {
+    if (place == dxf::kNoGroup) place = findProperty(draft, property);
+  };
+  lookElsewhere(groups.alignment, kTextAlignment);
+  lookElsewhere(groups.widthFactor, kTextWidthFactor);
+  lookElsewhere(groups.rotation, kTextRotation);
+  lookElsewhere(groups.oblique, kTextOblique);
+  lookElsewhere(groups.horizontal, kTextHorizontal);
+  return groups;
+}
+
+double realAt(const dxf::RecordDraft& draft, std::size_t group, double absent) {
+  return group == dxf::kNoGroup ? absent : draft.real(group);
+}
+
+std::int64_t integerAt(const dxf::RecordDraft& draft, std::size_t group) {
+  return group == dxf::kNoGroup ? 0 : draft.integer(group);
+}
+
+double radians(double degrees) {
+  return degrees * std::numbers::pi / 180;
+}
+
+}  // namespace
+
 TextShape textShape(const dxf::RecordDraft& draft) {
+  const PlacementGroups groups = locatePlacement(draft);
   TextShape shape;
-  shape.height = readReal(draft, kTextHeight, 0);
-  shape.widthFactor = readReal(draft, kTextWidthFactor, 1);
-  shape.oblique = readReal(draft, kTextOblique, 0) * std::numbers::pi / 180;
-  shape.rotation = textRotation(draft);
-  const std::int64_t flags = readInteger(draft, kTextFlags, 0);
+  shape.height = realAt(draft, groups.height, 0);
+  shape.widthFactor = realAt(draft, groups.widthFactor, 1);
+  shape.oblique = radians(realAt(draft, groups.oblique, 0));
+  shape.rotation = normalizedAngle(radians(realAt(draft, groups.rotation, 0)));
+  const std::int64_t flags = integerAt(draft, groups.flags);
   shape.mirroredInX = (flags & kMirroredInX) != 0;
   shape.mirroredInY = (flags & kMirroredInY) != 0;
-  shape.horizontal = textHorizontalMode(draft);
+  shape.horizontal = horizontalOf(integerAt(draft, groups.horizontal));
   shape.verticalMode = textVerticalMode(draft);
-  shape.position = textPoint(draft, kTextPosition);
-  shape.alignment = textPoint(draft, kTextAlignment);
+  const double elevation = readReal(draft, {kEntityPart, 38}, 0);
+  const auto point = [&](std::size_t group) {
+    AcGePoint3d found = group == dxf::kNoGroup ? AcGePoint3d() : pointAt(draft, group);
+    if (found.z == 0) found.z = elevation;
+    return found;
+  };
+  shape.position = point(groups.position);
+  const bool isMissing = groups.alignment == dxf::kNoGroup;
+  shape.alignment = isMissing && usesAlignmentPoint(shape.horizontal, shape.verticalMode)
+                        ? shape.position
+                        : point(groups.alignment);
   return shape;
 }
 
@@ -72,14 +164,17 @@ bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b) {
 }  // namespace
 
 bool samePlacement(const dxf::RecordDraft& a, const dxf::RecordDraft& b) {
+  // What changes most often is compared first.
+  if (readReal(a, kTextHeight, 0) != readReal(b, kTextHeight, 0) ||
+      readReal(a, kTextWidthFactor, 1) != readReal(b, kTextWidthFactor, 1) ||
+      readBytes(a, kTextValue) != readBytes(b, kTextValue))
+    return false;
   const TextShape left = textShape(a);
   const TextShape right = textShape(b);
-  return left.height == right.height && left.widthFactor == right.widthFactor &&
-         left.oblique == right.oblique && left.rotation == right.rotation &&
+  return left.oblique == right.oblique && left.rotation == right.rotation &&
          left.mirroredInX == right.mirroredInX && left.mirroredInY == right.mirroredInY &&
          left.horizontal == right.horizontal && left.verticalMode == right.verticalMode &&
          samePoint(left.alignment, right.alignment) &&
-         readBytes(a, kTextValue) == readBytes(b, kTextValue) &&
          readBytes(a, kTextStyle) == readBytes(b, kTextStyle);
 }
 

@@ -14,6 +14,14 @@ TextStyleInfo TextStyles::find(std::wstring_view name) const {
   return found != styles_.end() ? found->second : TextStyleInfo();
 }
 
+TextStyleInfo TextStyles::findBytes(std::string_view name) const {
+  if (!last_ || lastName_ != name) {
+    last_ = find(store_.codec().decode(name));
+    lastName_ = name;
+  }
+  return *last_;
+}
+
 void TextStyles::collect() const {
   styles_.clear();
   dxf::RecordDraft draft;

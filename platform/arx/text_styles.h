@@ -1,5 +1,6 @@
 // What texts need of their styles, for every measuring.
 #pragma once
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,7 +24,12 @@ class TextStyles {
 
   /// The platform's defaults for a style that the table lacks.
   TextStyleInfo find(std::wstring_view name) const;
-  void stylesChanged() { known_ = false; }
+  /// The same by the name's bytes in the drawing.
+  TextStyleInfo findBytes(std::string_view name) const;
+  void stylesChanged() {
+    known_ = false;
+    last_.reset();
+  }
 
  private:
   void collect() const;
@@ -32,6 +38,9 @@ class TextStyles {
   const dxf::Structure& structure_;
   mutable std::unordered_map<std::wstring, TextStyleInfo> styles_;  ///< by folded name
   mutable bool known_ = false;
+  /// Texts mostly have the style of the text before them.
+  mutable std::string lastName_;
+  mutable std::optional<TextStyleInfo> last_;
 };
 
 }  // namespace kovra::arx
