@@ -102,7 +102,9 @@ Result<void> projectLine(LineContext&, Arguments& arguments) {
 // The code of a command that waits somewhere below would vanish under its feet.
 Result<void> reloadLine(LineContext& context, Arguments& arguments) {
   if (const Result<void> end = arguments.end(); !end) return end;
-  if (win::Pump::instance().depth() > 1) return refused("a command is running");
+  const editor::WaitKind wait = editor::topWait().kind;
+  const bool idle = wait == editor::WaitKind::kIdle || wait == editor::WaitKind::kNone;
+  if (!idle || win::Pump::instance().depth() > 1) return refused("a command is running");
   if (const Result<void> unloaded = context.module.unload(); !unloaded) return unloaded;
   return context.module.load();
 }

@@ -1,6 +1,7 @@
 // Lines of the keyboard.
 #include "host/line_handlers.h"
 #include "platform/arx/host_api.h"
+#include "platform/win/desktop.h"
 #include "platform/win/pump.h"
 #include "platform/win/user_input.h"
 
@@ -11,6 +12,12 @@ namespace {
 bool modalDialogHasKeys() {
   const win::Wait* top = win::Pump::instance().topWait();
   return top != nullptr && top->kind == win::WaitKind::modalDialog;
+}
+
+// Whether a control has the focus, rather than the drawing.
+bool controlHasKeys() {
+  const HWND focused = win::focusedControl();
+  return focused != nullptr && focused != win::drawingWindow() && focused != win::frameWindow();
 }
 
 Result<void> done(const win::InputResult& input) {
@@ -37,7 +44,7 @@ Result<void> escapeLine(LineContext&, Arguments& arguments) {
 Result<void> keysLine(LineContext&, Arguments& arguments) {
   const Result<std::wstring> text = arguments.text("a text");
   if (!text) return text.error();
-  if (modalDialogHasKeys() || win::focusedControl() != nullptr) {
+  if (modalDialogHasKeys() || controlHasKeys()) {
     return done(win::typeCharacters(text.value()));
   }
   return arx::host::typeText(text.value());

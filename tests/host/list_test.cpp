@@ -38,7 +38,7 @@ TEST_F(ListTest, EveryKindOfTextWithItsAlignmentPoint) {
        "\n1\n\\Ptwo\n50\n30\n11\n0\n21\n1\n",
        ",MTEXT,model,,one \\Ptwo,A,Standard,2,,90,MC,1,2,0"},
       {"0\nTEXT\n67\n1\n8\nA\n10\n1\n20\n2\n40\n2\n1\na \"q\", b\n",
-       ",TEXT,*Paper_Space,,\"a \"\"q\"\", b\",A,Standard,2,1,0,L,1,2,0"},
+       ",TEXT,Layout1,,\"a \"\"q\"\", b\",A,Standard,2,1,0,L,1,2,0"},
   };
   for (const auto& row : cases) {
     write("a.dxf", simpleDrawing(row.entity));

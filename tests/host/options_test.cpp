@@ -42,8 +42,9 @@ TEST_F(OptionsTest, OutputNeverReplacesAnInput) {
   std::filesystem::create_symlink("a.dxf", path("link.dxf"));
   std::filesystem::create_symlink(".", path("loop"));
   std::filesystem::create_hard_link(path("a.dxf"), path("hard.dxf"));
-  for (const std::string output : {"a.dxf", "./a.dxf", "sub/../a.dxf", "link.dxf", "loop/a.dxf",
-                                   "hard.dxf", path("a.dxf").c_str()}) {
+  for (const auto& output :
+       std::vector<std::string>{"a.dxf", "./a.dxf", "sub/../a.dxf", "link.dxf", "loop/a.dxf",
+                                "hard.dxf", path("a.dxf").string()}) {
     const ProgramRun result =
         run({"a.dxf", "-c", "SETVAR", "-c", "DIMSCALE", "-c", "7", "-o", output});
     EXPECT_EQ(result.status, 2) << output;

@@ -1,10 +1,11 @@
 #include "tests/host/program.h"
 
 #include <fcntl.h>
-#include <poll.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <sstream>
@@ -37,6 +38,14 @@ void redirect(const std::filesystem::path& file, int flags, int descriptor) {
   _exit(127);
 }
 
+// Writing beyond the limit fails instead of ending the program.
+void limitFiles(std::size_t bytes) {
+  if (bytes == 0) return;
+  const rlimit limit{bytes, bytes};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
@@ -66,6 +75,7 @@ ProgramRun ProgramTest::run(const std::vector<std::string>& arguments, const std
   std::vector<std::string> variables = {"LC_ALL=C.UTF-8"};
   variables.insert(variables.end(), environment.begin(), environment.end());
   const pid_t child = fork();
+  if (child == 0) limitFiles(fileSizeLimit_);
   if (child == 0) becomeProgram(all, variables, folder_);
   int status = 0;
   waitpid(child, &status, 0);
@@ -81,6 +91,16 @@ ProgramRun ProgramTest::runScript(const std::string& lines,
   write("test.scr", lines);
   arguments.insert(arguments.end(), {"-s", "test.scr"});
   return run(arguments);
+}
+
+std::vector<std::string> ProgramTest::files() const {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    const std::string name = entry.path().filename();
+    if (!name.starts_with(".state")) names.push_back(name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 void ProgramTest::write(const std::string& name, const std::string& bytes) const {

@@ -30,10 +30,15 @@ class ProgramTest : public ::testing::Test {
   std::filesystem::path path(const std::string& name) const { return folder_ / name; }
   void write(const std::string& name, const std::string& bytes) const;
   std::string read(const std::string& name) const;
+  /// Names of the files in the folder, sorted; the dialog store left out.
+  std::vector<std::string> files() const;
+  /// From now on the program can't write files beyond this size, as on a full disk.
+  void limitFileSize(std::size_t bytes) { fileSizeLimit_ = bytes; }
   bool exists(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
  private:
   std::filesystem::path folder_;
+  std::size_t fileSizeLimit_ = 0;  // 0: none
 };
 
 /// The lines that differ, as "-old" and "+new", in order; for texts with the same number of lines

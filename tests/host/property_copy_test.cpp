@@ -1,8 +1,5 @@
 // The property copy from the command line on whole drawings: only what was asked for changes, and
 // what goes wrong loses nothing.
-#include <sys/mount.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <sstream>
 
@@ -60,24 +57,22 @@ TEST_F(PropertyCopyTest, EachOptionChangesItsGroups) {
   for (const auto& row : cases) EXPECT_EQ(changed(row.line), row.changes) << row.line;
 }
 
-TEST_F(PropertyCopyTest, InsertedGroupsStandWhereTheirKindHasThem) {
+TEST_F(PropertyCopyTest, NewGroupsComeBetweenOnesThatStay) {
   write("a.dxf", drawingWith({{"NAME", "M1"}}));
-  EXPECT_EQ(copy("NAME /W 0.8 /A 90 /J R").status, 0);
-  const std::string before = read("a.dxf");
-  const std::string after = read("b.dxf");
-  EXPECT_NE(after.find(" 41\n0.8\n"), std::string::npos);
-  EXPECT_NE(after.find(" 50\n90.0\n"), std::string::npos);
-  EXPECT_NE(after.find(" 72\n"), std::string::npos);
+  EXPECT_EQ(copy("NAME /W 0.8 /A 90").status, 0);
+  EXPECT_NE(read("b.dxf").find(" 41\n0.8\n"), std::string::npos);
+  EXPECT_NE(read("b.dxf").find(" 50\n90.0\n"), std::string::npos);
   // Every line of the first file is still there, in order.
-  std::istringstream lines(before);
-  std::istringstream result(after);
+  std::istringstream lines(read("a.dxf"));
+  std::istringstream result(read("b.dxf"));
   std::string found;
   for (std::string line; std::getline(lines, line);) {
     while (std::getline(result, found) && found != line) continue;
     ASSERT_EQ(found, line);
   }
-  EXPECT_NE(run({"list", "--format", "csv", "b.dxf"}).out.find(",0.8,90,R,10,20,0"),
-            std::string::npos);
+  // The text stays where it was when its alignment changes.
+  EXPECT_EQ(copy("NAME /J BC").status, 0);
+  EXPECT_NE(run({"list", "--format", "csv", "b.dxf"}).out.find(",BC,10,20,0"), std::string::npos);
 }
 
 TEST_F(PropertyCopyTest, HeightIsScaledFromDataVersionTwelveOn) {
@@ -128,15 +123,15 @@ TEST_F(PropertyCopyTest, TextsOfOtherScriptsStayAsTheyAre) {
   EXPECT_EQ(changed("線番 /H 3"), (Lines{"-2.5", "+3.0"}));
 }
 
-TEST_F(PropertyCopyTest, LockedLayersAreLeftAlone) {
-  write("a.dxf", drawingWith({{"NAME", "M1", "LOCKED"}, {"NAME", "M2"}}));
-  const ProgramRun result = copy("NAME /H 3");
+TEST_F(PropertyCopyTest, LockedLayersAreWrittenAndStayLocked) {
+  write("a.dxf", drawingWith({{"NAME", "M1", "LOCKED"}}));
+  EXPECT_EQ(changed("NAME /H 3"), (Lines{"-2.5", "+3.0"}));
+  // ERASE and MOVE keep off them.
+  const ProgramRun result = runScript(
+      "-LAYER\nLO\n0\n\nERASE\n@select all\n@enter\n@save b.dxf\nU\nU\n@save c.dxf\n", {"a.dxf"});
   EXPECT_EQ(result.status, 0) << result.err;
-  EXPECT_EQ(changedLines(read("a.dxf"), read("b.dxf")).back(), "+3.0");
-  // Moving onto a locked layer is allowed, and locking is no change of the drawing's texts.
-  EXPECT_EQ(
-      runScript("-LAYER\nL\nWIRENO\n\n-KOVRA_ATTR_COPY\nNAME /L WIRENO\n@list\n", {"a.dxf"}).status,
-      0);
+  EXPECT_EQ(changedLines(read("a.dxf"), read("b.dxf")), (Lines{"-0", "+4"}));
+  EXPECT_EQ(read("c.dxf"), read("a.dxf"));
 }
 
 TEST_F(PropertyCopyTest, UndoGivesTheFirstFileAndRedoTheSecond) {
@@ -155,7 +150,7 @@ TEST_F(PropertyCopyTest, UndoGivesTheFirstFileAndRedoTheSecond) {
 
 TEST_F(PropertyCopyTest, ResultLineAndRefusedLines) {
   write("a.dxf", motorDrawing());
-  EXPECT_NE(copy("NAME,SENBAN1 /H 3").out.find("2"), std::string::npos);
+  EXPECT_NE(copy("NAME,SENBAN1 /H 3").out.find(" 1 "), std::string::npos);  // one reference
   DrawingForm form;
   form.modelSpace = false;
   write("a.dxf", motorDrawing(form));
@@ -201,6 +196,17 @@ TEST_F(PropertyCopyTest, AFileThatChangedMeanwhileIsNotWrittenOver) {
   EXPECT_EQ(result.status, 3) << result.out;
   EXPECT_NE(result.err.find("test.scr:6"), std::string::npos) << result.err;
   EXPECT_EQ(read("a.dxf"), read("other.dxf"));
+}
+
+TEST_F(PropertyCopyTest, AFullDiskLosesNothing) {
+  const std::string before = motorDrawing();
+  write("a.dxf", before);
+  limitFileSize(before.size() / 2);
+  const ProgramRun result = run({"a.dxf", "-c", "-KOVRA_ATTR_COPY", "-c", "NAME /H 3", "--save"});
+  EXPECT_EQ(result.status, 3) << result.out;
+  EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+  EXPECT_EQ(read("a.dxf"), before);
+  EXPECT_EQ(files(), (Lines{".err", ".in", ".out", "a.dxf"}));
 }
 
 TEST_F(PropertyCopyTest, PlacesThatCantBeWrittenLoseNothing) {
