@@ -140,16 +140,23 @@ TEST_F(CountUpCommand, DragsCountOnFromPassToPass) {
   EXPECT_EQ(read("out.dxf"), drawing) << "one U takes all of it back";
 }
 
-TEST_F(CountUpCommand, NothingStaysWhenTheDrawingIsClosedInADrag) {
+TEST_F(CountUpCommand, NothingStaysHoweverADragEnds) {
+  const std::string drag = "@preselect all\nKOVRA_TEXT_COUNTUP\n@click 1974\n@click 1\n";
+  const char* const ends[] = {
+      "@esc\n",
+      "@point 0,0\n@esc\n",
+      "@point 0,0\n@move 5,5\n@open other.dxf\n@list\n@activate in.dxf\n@esc\n",
+      "@point 0,0\n@move 5,5\n@closedrawing\n@open in.dxf\n",
+      "@point 0,0\n@enter\n@esc\n",
+  };
   write("project/project.ini", "[Project]\nDataVersion=10.0\n");
-  write("in.dxf", sheet(kTerminals));
   write("other.dxf", sheet(kTerminals));
-  const auto closed = runScript(
-      "@preselect all\nKOVRA_TEXT_COUNTUP\n@click 1974\n@click 1\n@point 0,0\n@move 5,5\n"
-      "@closedrawing\n@open in.dxf\n@list\n",
-      {"-p", "project", "in.dxf", "--save"});
-  EXPECT_EQ(closed.status, 0) << closed.err << closed.out;
-  EXPECT_EQ(read("in.dxf"), sheet(kTerminals));
+  for (const auto* end : ends) {
+    write("in.dxf", sheet(kTerminals));
+    const auto ended = runScript(drag + end + "@save saved.dxf\n", {"-p", "project", "in.dxf"});
+    EXPECT_EQ(ended.status, 0) << end << ended.err << ended.out;
+    EXPECT_EQ(read("saved.dxf"), sheet(kTerminals)) << end;
+  }
 }
 
 TEST_F(CountUpCommand, OkIsRefusedWhileEntriesAreInvalid) {

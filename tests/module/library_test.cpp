@@ -129,7 +129,7 @@ TEST(Library, RegistrySwitchOrVersion15AdoptsTextStyles) {
 TEST(Library, CommandsThatAreMissingSaySo) {
   ModuleRun run;
   run.exported(1000)();
-  EXPECT_EQ(run.takeTranscript(), "\nThis command isn't available in this version.");
+  EXPECT_EQ(run.takeTranscript(), "This command isn't available in this version.");
 }
 
 }  // namespace
