@@ -9,7 +9,6 @@
 #include "platform/arx/block_table_record.h"
 #include "platform/arx/database.h"
 #include "platform/arx/dialog_bases.h"
-#include "platform/arx/dialog_bases.h"
 #include "platform/arx/documents.h"
 #include "platform/arx/editor.h"
 #include "platform/arx/entity.h"
