@@ -6,7 +6,6 @@
 #include <array>
 #include <charconv>
 #include <clocale>
-#include <cmath>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -22,6 +21,14 @@ struct Column {
   bool number;
   std::string (*text)(const TextRow&);
 };
+
+// Reads back as the same double; whole numbers without a point.
+std::string shortestNumber(double value) {
+  if (value == 0) return "0";  // also for a zero with a sign
+  std::array<char, 32> buffer{};
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  return {buffer.data(), result.ptr};
+}
 
 std::string handleText(const TextRow& row) {
   return row.handle == 0 ? std::string() : dxf::formatHandle(row.handle);
@@ -85,15 +92,17 @@ std::string tableCell(std::string text) {
 
 using Widths = std::array<size_t, kColumns.size()>;
 
-// Tables and comma separated values put the drawing in front only when there are several.
 void writeTableLine(std::ostream& out, const Widths& widths,
                     const std::function<std::string(const Column&)>& text) {
   std::string line;
+  line.reserve(256);
   for (size_t i = 0; i < kColumns.size(); ++i) {
     const std::string cell = tableCell(text(kColumns[i]));
-    const std::string padding(widths[i] - std::min(widths[i], widthOf(cell)), ' ');
+    const size_t padding = widths[i] - std::min(widths[i], widthOf(cell));
     if (i > 0) line += "  ";
-    line += kColumns[i].number ? padding + cell : cell + padding;
+    if (kColumns[i].number) line.append(padding, ' ');
+    line += cell;
+    if (!kColumns[i].number) line.append(padding, ' ');
   }
   out << line << '\n';
 }
@@ -142,35 +151,38 @@ void writeCsv(std::ostream& out, const std::string& drawing, bool head, const Ro
   });
 }
 
-// Whole numbers as such, so that 2 doesn't become 2.0.
-nlohmann::ordered_json jsonNumber(double value) {
-  constexpr double kExactWhole = 9007199254740992.0;  // 2^53
-  if (std::abs(value) < kExactWhole && value == std::trunc(value)) {
-    return static_cast<std::int64_t>(value);
+// Most texts need no escapes; the others are the library's.
+void appendJson(std::string& out, const std::string& text) {
+  const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
+    return c >= ' ' && c < '\x7f' && c != '"' && c != '\\';
+  });
+  if (plain) {
+    out.append(1, '"').append(text).append(1, '"');
+  } else {
+    out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
   }
-  return value;
 }
 
 void writeJson(std::ostream& out, const std::string& drawing, const RowSource& rows) {
+  std::string head = "{";
+  if (!drawing.empty()) {
+    head += "\"drawing\":";
+    appendJson(head, drawing);
+    head += ',';
+  }
   rows([&](const TextRow& row) {
-    nlohmann::ordered_json object;
-    if (!drawing.empty()) object["drawing"] = drawing;
-    object["handle"] = handleText(row);
-    object["kind"] = row.kind;
-    object["space"] = row.space;
-    object["tag"] = row.tag;
-    object["value"] = row.value;
-    object["layer"] = row.layer;
-    object["style"] = row.style;
-    object["height"] = jsonNumber(row.height);
-    object["width_factor"] =
-        row.widthFactor ? jsonNumber(*row.widthFactor) : nlohmann::ordered_json();
-    object["rotation"] = jsonNumber(row.rotation);
-    object["alignment"] = row.alignment;
-    object["x"] = jsonNumber(row.x);
-    object["y"] = jsonNumber(row.y);
-    object["z"] = jsonNumber(row.z);
-    out << object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+    std::string line = head;
+    for (const Column& column : kColumns) {
+      line.append(1, '"').append(column.name).append("\":");
+      const std::string text = column.text(row);
+      if (column.number) {
+        line += text.empty() ? "null" : text;
+      } else {
+        appendJson(line, text);
+      }
+      line += &column == &kColumns.back() ? "}\n" : ",";
+    }
+    out << line;
   });
 }
 
@@ -186,18 +198,6 @@ void writeRows(std::ostream& out, ListFormat format, const std::string& drawing,
     case ListFormat::kJson:
       return writeJson(out, drawing, rows);
   }
-}
-
-std::string shortestNumber(double value) {
-  if (value == 0) return "0";  // also for a zero with a sign
-  std::array<char, 32> buffer{};
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
-}
-
-std::size_t displayWidth(const std::string& utf8) {
-  const Utf8Locale locale;
-  return widthOf(utf8);
 }
 
 }  // namespace kovra::host

@@ -21,10 +21,4 @@ using RowSource = std::function<void(const std::function<void(const TextRow&)>&)
 void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
                const RowSource& rows);
 
-/// The shortest decimal text that reads back as the same double; whole numbers without a point.
-std::string shortestNumber(double value);
-
-/// Columns that a text takes in a terminal; wide East Asian characters take two.
-std::size_t displayWidth(const std::string& utf8);
-
 }  // namespace kovra::host

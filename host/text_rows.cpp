@@ -1,5 +1,6 @@
 #include "host/text_rows.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -37,11 +38,11 @@ struct Point {
 
 // The groups of a text that matter here, as the record has them.
 struct Groups {
-  std::wstring value;
-  std::wstring lastChunk;
-  std::wstring tag;
-  std::wstring layer = L"0";
-  std::wstring style = L"Standard";
+  std::string value;
+  std::string lastChunk;
+  std::string tag;
+  std::string layer = "0";
+  std::string style = "Standard";
   double height = 0;
   double widthFactor = 1;
   double rotation = 0;
@@ -83,13 +84,15 @@ class RowReader {
 
  private:
   void readGroup(std::size_t group, RecordKind kind);
+  void decode(std::string_view bytes);
   void readText(int code, std::size_t group, RecordKind kind);
   static void setCoordinate(Point& point, int axis, double value);
 
   const dxf::RecordStore& store_;
   dxf::RecordDraft draft_;
   Groups groups_;
-  std::wstring chunk_;
+  std::string chunk_;  // UTF-8 of the text in hand
+  std::wstring wide_;
 };
 
 void RowReader::read(RecordIndex record, RecordKind kind) {
@@ -106,8 +109,20 @@ void RowReader::setCoordinate(Point& point, int axis, double value) {
   (axis == 0 ? point.x : axis == 1 ? point.y : point.z) = value;
 }
 
+// Nearly all texts are plain ASCII without an escape and mean themselves.
+void RowReader::decode(std::string_view bytes) {
+  const bool plain =
+      std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0 && c != '\\'; });
+  if (plain) {
+    chunk_ = bytes;
+    return;
+  }
+  store_.codec().decode(bytes, wide_);
+  chunk_ = win::toUtf8(wide_);
+}
+
 void RowReader::readText(int code, std::size_t group, RecordKind kind) {
-  store_.codec().decode(draft_.text(group), chunk_);
+  decode(draft_.text(group));
   switch (code) {
     case 1:
       (kind == RecordKind::kMText ? groups_.lastChunk : groups_.value) = chunk_;
@@ -174,10 +189,10 @@ void RowReader::fill(RecordIndex record, RecordKind kind, TextRow& row) const {
   const bool multiline = kind == RecordKind::kMText;
   row.handle = store_.handle(record);
   row.kind = kindName(kind);
-  row.tag = win::toUtf8(groups_.tag);
-  row.value = win::toUtf8(groups_.value);
-  row.layer = win::toUtf8(groups_.layer);
-  row.style = win::toUtf8(groups_.style);
+  row.tag = groups_.tag;
+  row.value = groups_.value;
+  row.layer = groups_.layer;
+  row.style = groups_.style;
   row.height = groups_.height;
   row.rotation = groups_.rotation;
   row.widthFactor = multiline ? std::nullopt : std::optional(groups_.widthFactor);
@@ -239,10 +254,10 @@ void TextWalk::visit(RecordIndex record) {
 
 bool TextWalk::passes(RecordKind kind) {
   const Groups& groups = reader_.groups();
-  if (filter_.layer && !dxf::equalNames(groups.layer, *filter_.layer)) return false;
+  if (filter_.layer && !dxf::equalNames(win::fromUtf8(groups.layer), *filter_.layer)) return false;
   if (!filter_.tagPattern) return true;
   const bool attribute = kind == RecordKind::kAttrib || kind == RecordKind::kAttDef;
-  return attribute && arx::wildcardMatch(groups.tag, *filter_.tagPattern, true);
+  return attribute && arx::wildcardMatch(win::fromUtf8(groups.tag), *filter_.tagPattern, true);
 }
 
 }  // namespace
