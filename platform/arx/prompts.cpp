@@ -109,10 +109,11 @@ Reply askKeyword(std::wstring prompt, const KeywordList& keywords) {
 }
 
 Reply askInteger(std::wstring prompt, const PromptControl& control) {
-  return askNumber(std::move(prompt), control, L"Requires an integer value.",
+  return askNumber(std::move(prompt), control, L"Requires an integer between -32768 and 32767.",
                    [](std::wstring_view typed) -> std::optional<double> {
                      const std::optional<int> value = parseInteger(typed);
-                     return value ? std::optional<double>(*value) : std::nullopt;
+                     const bool fits = value && *value >= -32768 && *value <= 32767;
+                     return fits ? std::optional<double>(*value) : std::nullopt;
                    });
 }
 

@@ -68,14 +68,14 @@ Step preselect(std::vector<std::uint64_t> handles) {
   return Step([=] { show(host::preselect(handleInput(handles))); });
 }
 
-EditorUser::EditorUser(const std::string& entities)
+EditorUser::EditorUser(const std::string& entities, const std::string& blockEntities)
     : folder_(std::filesystem::temp_directory_path() /
               ("kovra-editor-" + std::to_string(getpid()))) {
   std::filesystem::create_directories(folder_);
   win::Pump::instance().addSource(win::kOutsideInput, this);
   win::interaction().setTranscript([this](std::string_view text) { transcript_ += text; });
   win::interaction().takeFailure();
-  first_ = open(entities);
+  first_ = open(entities, blockEntities);
 }
 
 EditorUser::~EditorUser() {
@@ -86,11 +86,14 @@ EditorUser::~EditorUser() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-host::DrawingId EditorUser::open(const std::string& entities) {
+host::DrawingId EditorUser::open(const std::string& entities, const std::string& blockEntities) {
   const std::filesystem::path file = folder_ / ("sheet" + std::to_string(++files_) + ".dxf");
   TestDrawing drawing;
   drawing.entities = entities;
-  std::ofstream(file, std::ios::binary) << drawing.bytes();
+  std::string bytes = drawing.bytes();
+  // SYM is the last block.
+  bytes.insert(bytes.rfind("0\nENDBLK"), blockEntities);
+  std::ofstream(file, std::ios::binary) << bytes;
   const Result<host::DrawingId> id = host::openDrawing(file);
   show(id);
   return id ? id.value() : 0;

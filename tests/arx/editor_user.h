@@ -31,10 +31,11 @@ Step select(std::vector<std::uint64_t> handles);
 Step selectBox(double x1, double y1, double x2, double y2);
 Step preselect(std::vector<std::uint64_t> handles);
 
-/// Opens a drawing with these entities (see TestDrawing) and closes every drawing at the end.
+/// Opens a drawing with these entities (see TestDrawing), and others in its block SYM, and closes
+/// every drawing at the end.
 class EditorUser : public win::PumpSource {
  public:
-  explicit EditorUser(const std::string& entities = {});
+  explicit EditorUser(const std::string& entities = {}, const std::string& blockEntities = {});
   ~EditorUser() override;
 
   /// Does all steps, one whenever everything before has come to rest, and returns what was shown.
@@ -42,7 +43,7 @@ class EditorUser : public win::PumpSource {
   std::string run(std::vector<Step> steps);
 
   /// Another drawing like the first, opened and activated.
-  host::DrawingId open(const std::string& entities = {});
+  host::DrawingId open(const std::string& entities = {}, const std::string& blockEntities = {});
   host::DrawingId first() const { return first_; }
 
   AcDbDatabase& database() const { return *acDocManagerPtr()->curDocument()->database(); }
