@@ -47,7 +47,16 @@ CDialog::CDialog(LPCWSTR templateName, CWnd* parent)
 INT_PTR CDialog::dialogProcedure(HWND handle, UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
   if (message != WM_INITDIALOG) return FALSE;
   auto* dialog = dynamic_cast<CDialog*>(CWnd::FromHandlePermanent(handle));
-  return dialog != nullptr ? dialog->OnInitDialog() : TRUE;
+  if (dialog == nullptr) return TRUE;
+  CRect before;
+  ::GetWindowRect(handle, &before);
+  const BOOL result = dialog->OnInitDialog();
+  CRect after;
+  if (!::GetWindowRect(handle, &after)) return result;
+  // One that hasn't found its place by itself, and can still do so unseen, goes to the middle.
+  const bool child = (dialog->GetStyle() & WS_CHILD) != 0;
+  if (!child && !dialog->IsWindowVisible() && before == after) dialog->CenterWindow();
+  return result;
 }
 
 bool CDialog::makeWindow(LPCWSTR templateName, CWnd* parent) {

@@ -122,6 +122,8 @@ class CWnd : public CCmdTarget {
     return ::SetWindowPos(m_hWnd, after != nullptr ? after->m_hWnd : nullptr, x, y, width, height,
                           flags);
   }
+  /// In the middle of its owner, as far as the screen allows.
+  void CenterWindow();
   void ScreenToClient(LPPOINT point) const { ::ScreenToClient(m_hWnd, point); }
   void ScreenToClient(LPRECT rect) const;
   void ClientToScreen(LPPOINT point) const { ::ClientToScreen(m_hWnd, point); }

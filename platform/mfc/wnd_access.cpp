@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <string>
 
 #include "platform/mfc/frame.h"
 #include "platform/mfc/wnd.h"
 #include "platform/win/desktop.h"
 #include "platform/win/message_box.h"
+#include "platform/win/system_metrics.h"
 #include "platform/win/window.h"
 
 void CWnd::GetWindowText(CString& text) const {
@@ -25,6 +27,20 @@ BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT /*flags*/) {
 
 void CWnd::MoveWindow(LPCRECT rect, BOOL repaint) {
   MoveWindow(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top, repaint);
+}
+
+void CWnd::CenterWindow() {
+  CRect own;
+  CRect owner;
+  CRect work;
+  GetWindowRect(&own);
+  ::GetWindowRect(::GetParent(m_hWnd), &owner);
+  ::SystemParametersInfoW(SPI_GETWORKAREA, 0, static_cast<RECT*>(&work), 0);
+  const CPoint middle = owner.IsRectEmpty() ? work.CenterPoint() : owner.CenterPoint();
+  const LONG left = std::min(middle.x - own.Width() / 2, work.right - own.Width());
+  const LONG top = std::min(middle.y - own.Height() / 2, work.bottom - own.Height());
+  SetWindowPos(nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CWnd::ScreenToClient(LPRECT rect) const {
