@@ -17,7 +17,7 @@ class RecordScanner {
   template <class Reader>
   GroupStatus read(Reader& reader);
   void beginRecord(const GroupView& group);
-  void endRecord();
+  void endRecord(const char* end);
   void enter(RecordKind kind);
   void nameSection(std::string_view value);
   Result<void> checkEnd(GroupStatus status) const;
@@ -32,6 +32,7 @@ class RecordScanner {
   bool inSection_ = false;
   bool sectionNamed_ = true;  ///< false right after SECTION, until its group 2
   bool sawEof_ = false;
+  bool tooLarge_ = false;
   std::string sectionName_;
   const char* position_ = nullptr;
   const char* end_ = nullptr;
@@ -114,9 +115,13 @@ void RecordScanner::beginRecord(const GroupView& group) {
   sawEof_ = kind == RecordKind::kEof;
 }
 
-void RecordScanner::endRecord() {
+void RecordScanner::endRecord(const char* end) {
   if (out_.records.size() == 0) return;
   RecordEntry& entry = out_.records.back();
+  // Inside a record offsets have 32 bits.
+  constexpr std::uint64_t kLargestRecord = 0xffffffff;
+  const auto size = static_cast<std::uint64_t>(end - file_.data()) - entry.begin;
+  if (size > kLargestRecord || out_.records.size() >= kNoRecord) tooLarge_ = true;
   const RecordFields& fields = collector_.fields();
   entry.flags = fields.flags;
   if (fields.flags & kMarkers) out_.dialect.subclassMarkers = true;
@@ -135,7 +140,8 @@ GroupStatus RecordScanner::read(Reader& reader) {
   while (status == GroupStatus::kOk && group.code == 999) status = reader.next(group);
   while (status == GroupStatus::kOk) {
     if (group.code == 0) {
-      endRecord();
+      endRecord(group.begin);
+      if (tooLarge_) break;
       beginRecord(group);
       if (sawEof_) break;
     } else if (out_.records.size() == 0) {
@@ -147,13 +153,14 @@ GroupStatus RecordScanner::read(Reader& reader) {
     }
     status = reader.next(group);
   }
-  endRecord();
   position_ = reader.position();
+  endRecord(position_);
   if (status == GroupStatus::kOk && out_.records.size() == 0) position_ = group.begin;
   return status;
 }
 
 Result<void> RecordScanner::checkEnd(GroupStatus status) const {
+  if (tooLarge_) return fault(position_, "a record or their number is too large");
   if (status == GroupStatus::kBadCode) {
     return fault(position_, excerpt(position_) + " is no group code");
   }

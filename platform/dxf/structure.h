@@ -133,7 +133,7 @@ class Structure : private StoreListener {
     RecordIndex table = kNoRecord;
     RecordIndex end = kNoRecord;  ///< the structural record behind the entries
     /// By folded name. Entries that were renamed or erased stay; lookups look again.
-    std::unordered_multimap<std::wstring, RecordIndex> byName;
+    std::unordered_map<std::wstring, std::vector<RecordIndex>> byName;
     bool renamed = false;  ///< some entry may not have the name that it stands under
   };
   struct EntitySection {

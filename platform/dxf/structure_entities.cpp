@@ -118,6 +118,7 @@ RecordIndex Structure::seqEnd(RecordIndex main) const {
 RecordIndex Structure::insertOf(RecordIndex attribute) const {
   const RecordKind kind = store_.kind(attribute);
   if (kind != RecordKind::kAttrib && kind != RecordKind::kSeqEnd) return kNoRecord;
+  if (attribute == lastAttribute_) return lastInsert_;
   RecordIndex insert = store_.previous(attribute);
   while (insert != kNoRecord && insert != lastAttribute_ && continuesAttributes(insert)) {
     insert = store_.previous(insert);

@@ -50,12 +50,12 @@ void Structure::noteTable(RecordIndex record) {
 
 void Structure::indexEntry(TableKind kind, RecordIndex entry) {
   Table& table = tables_[static_cast<std::size_t>(kind)];
-  const std::wstring name = foldCase(entryName(entry));
-  const auto [first, last] = table.byName.equal_range(name);
-  const bool known =
-      std::any_of(first, last, [entry](const auto& at) { return at.second == entry; });
-  if (known) return;
-  table.byName.emplace(name, entry);
+  std::vector<RecordIndex>& entries = table.byName[foldCase(entryName(entry))];
+  // Entries come in rising order but for those that are renamed later.
+  const bool newest = entries.empty() || entries.back() < entry;
+  if (newest || std::find(entries.begin(), entries.end(), entry) == entries.end()) {
+    entries.push_back(entry);
+  }
   table.renamed = true;
 }
 
@@ -65,13 +65,13 @@ RecordIndex Structure::tableRecord(TableKind table) const {
 
 RecordIndex Structure::findEntry(TableKind kind, std::wstring_view name) const {
   const Table& table = tables_[static_cast<std::size_t>(kind)];
-  const auto [first, last] = table.byName.equal_range(foldCase(name));
-  RecordIndex found = kNoRecord;
-  for (auto at = first; at != last; ++at) {
-    if (at->second >= found || store_.erased(at->second)) continue;
-    if (!table.renamed || equalNames(entryName(at->second), name)) found = at->second;
+  const auto found = table.byName.find(foldCase(name));
+  if (found == table.byName.end()) return kNoRecord;
+  for (const RecordIndex entry : found->second) {
+    if (store_.erased(entry)) continue;
+    if (!table.renamed || equalNames(entryName(entry), name)) return entry;
   }
-  return found;
+  return kNoRecord;
 }
 
 RecordIndex Structure::firstEntry(TableKind table) const {
