@@ -183,4 +183,15 @@ std::string motorDrawing(const DrawingForm& form) {
   return drawingWith({{"NAME", "M1"}, {"SENBAN1", "101", "WIRENO", "2.5", "10.0", "30.0"}}, form);
 }
 
+std::string textDrawing() {
+  std::string drawing = drawingWith({});
+  const auto text = [](const char* handle, const char* y, const char* value) {
+    return std::string("  0\nTEXT\n  5\n") + handle +
+           "\n330\n1F\n100\nAcDbEntity\n  8\n0\n100\nAcDbText\n 10\n10.0\n 20\n" + y +
+           "\n 30\n0.0\n 40\n2.5\n  1\n" + value + "\n100\nAcDbText\n";
+  };
+  const size_t end = drawing.rfind("  0\nENDSEC");
+  return drawing.insert(end, text("60", "10.0", "X001") + text("61", "20.0", "A-9"));
+}
+
 }  // namespace kovra::test

@@ -30,4 +30,7 @@ std::string drawingWith(const std::vector<Attribute>& attributes, const DrawingF
 /// Two attributes: NAME "M1" and SENBAN1 "101".
 std::string motorDrawing(const DrawingForm& form = {});
 
+/// A reference without attributes, and texts X001 (handle 60) at 10,10 and A-9 (61) at 10,20.
+std::string textDrawing();
+
 }  // namespace kovra::test
