@@ -79,7 +79,9 @@ HWND drawingWindow() {
   return desktop().drawing;
 }
 
-void setDrawingProcedure(WNDPROC procedure) { desktop().drawingProcedure = procedure; }
+void setDrawingProcedure(WNDPROC procedure) {
+  desktop().drawingProcedure = procedure;
+}
 
 void focusDrawing() {
   SetFocus(drawingWindow());
