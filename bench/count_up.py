@@ -8,7 +8,6 @@ from measuring import Result, measured
 HERE = Path(__file__).resolve().parent
 TEXTS = 10
 ROW_HEIGHT, COLUMN_WIDTH = 5, 400
-SIDES = (50, 100, 200)
 HEAD = ["pattern", "program", "seconds", "copies/s", "against ezdxf", "bytes a copy"]
 
 
@@ -52,7 +51,7 @@ def expected_texts(side):
                   for i in range(TEXTS) for c in range(side) for r in range(side))
 
 
-def run_one(build, folder, side, name, runs):
+def run_one(build, folder, side, name):
     source, target, state = folder / "texts.dxf", folder / "copies.dxf", folder / "state.db"
     make_source(source)
     (folder / "copies.kovra").write_text(script(side))
@@ -62,19 +61,19 @@ def run_one(build, folder, side, name, runs):
                    "-p", HERE.parent / "examples" / "panel", "-s", folder / "copies.kovra"]
     else:
         command = [sys.executable, HERE / "ezdxf_copies.py", source, target, str(side), str(ROW_HEIGHT), str(COLUMN_WIDTH)]
-    result = measured(build / "bin" / "measure", target, command, runs)
+    result = measured(build / "bin" / "measure", target, command)
     if isinstance(result, Result) and texts_of(target) != expected_texts(side):
         return "wrong result"
     return result
 
 
-def count_up_rows(build, folder, runs):
+def count_up_rows(build, folder, sides):
     """The head of the table and its rows."""
     rows = []
-    for side in SIDES:
+    for side in sides:
         copies = TEXTS * (side * side - 1)
-        other = run_one(build, folder, side, "ezdxf, copy", 1)
-        for name, result in (("kovra", run_one(build, folder, side, "kovra", runs)), ("ezdxf, copy", other)):
+        other = run_one(build, folder, side, "ezdxf, copy")
+        for name, result in (("kovra", run_one(build, folder, side, "kovra")), ("ezdxf, copy", other)):
             cells = [result, "", "", ""] if not isinstance(result, Result) else [
                 f"{result.seconds:.2f}", f"{copies / result.seconds:.0f}",
                 f"{other.seconds / result.seconds:.1f}" if isinstance(other, Result) else "",

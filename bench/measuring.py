@@ -1,4 +1,4 @@
-"""Runs a program under `measure` and keeps the best of several runs."""
+"""Runs a program under `measure`, and the form of the tables."""
 
 import subprocess
 from dataclasses import dataclass
@@ -11,17 +11,21 @@ class Result:
     memory: int
 
 
-def measured(measure, output, command, runs):
-    """The fastest of `runs` runs, or the last lines of what the program said when it failed."""
-    results = []
-    for _ in range(runs):
-        output.unlink(missing_ok=True)
-        told = subprocess.run([measure, output, *command], capture_output=True, text=True, check=True)
-        seconds, processor, memory, status = told.stdout.split()
-        if status != "0" or not output.exists():
-            return f"failed, status {status}: " + " ".join(told.stderr.strip().splitlines()[-2:])
-        results.append(Result(float(seconds), float(processor), int(memory)))
-    return min(results, key=lambda result: result.seconds)
+def measured(measure, output, command):
+    """One run, or the last lines of what the program said when it failed."""
+    output.unlink(missing_ok=True)
+    told = subprocess.run([measure, output, *command], capture_output=True, text=True, check=True)
+    seconds, processor, memory, status = told.stdout.split()
+    if status != "0" or not output.exists():
+        return f"failed, status {status}: " + " ".join(told.stderr.strip().splitlines()[-2:])
+    return Result(float(seconds), float(processor), int(memory))
+
+
+def better(one, other):
+    """The best of each figure of two runs; a failure of either stays."""
+    if not isinstance(one, Result) or not isinstance(other, Result):
+        return other if isinstance(one, Result) else one
+    return Result(min(one.seconds, other.seconds), min(one.processor, other.processor), max(one.memory, other.memory))
 
 
 def print_table(head, rows):
