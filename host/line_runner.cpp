@@ -77,7 +77,8 @@ std::optional<LineRunner::Failure> LineRunner::takeFailure() {
   failure_.reset();
   // Emptied in any case, so that nothing is left for the next line.
   std::optional<std::string> noted = win::interaction().takeFailure();
-  if (!failure && noted) failure = Failure{{ErrorKind::kInvalidInput, std::move(*noted)}};
+  if (!failure && noted)
+    failure = Failure{{ErrorKind::kInvalidInput, std::move(*noted)}, false, true};
   return failure;
 }
 
@@ -93,6 +94,7 @@ void LineRunner::settle() {
 }
 
 void LineRunner::fail(const Failure& failure) {
+  if (failure.shown && place_.empty()) return;  // a person at the terminal has read it
   const bool file = failure.file && failure.error.kind != ErrorKind::kInvalidInput;
   errors_.report(file ? kExitFile : kExitRefused, place_, failure.error.message);
   if (!context_.options.keepGoing) stopped_ = true;

@@ -30,6 +30,7 @@ class LineRunner : public win::PumpSource {
   struct Failure {
     Error error;
     bool file = false;
+    bool shown = false;  // the transcript says it already
   };
 
   void begin(const InputLine& line);

@@ -1,5 +1,6 @@
-// Ids of the strings, dialogs, controls and icons. The numbers are fixed: the companion programs of the
-// product know them too. Read by the resource compiler as well, so nothing but preprocessor lines.
+// Ids of the strings, dialogs, controls and icons. The numbers are fixed: the companion programs of
+// the product know them too. Read by the resource compiler as well, so nothing but preprocessor
+// lines.
 #pragma once
 
 // Grid: context menu (also the command ids of its items, at most 63 characters)

@@ -1,5 +1,5 @@
-// The style bits that the dialog templates use, as the operating system defines them. A Windows resource
-// compiler takes them from its own header.
+// The style bits that the dialog templates use, as the operating system defines them. A Windows
+// resource compiler takes them from its own header.
 #pragma once
 
 #ifdef _WIN32

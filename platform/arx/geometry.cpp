@@ -33,13 +33,17 @@ AcGePoint3d& AcGePoint3d::transformBy(const AcGeMatrix3d& m) {
              m(2, 0) * x + m(2, 1) * y + m(2, 2) * z + m(2, 3));
 }
 
-double AcGePoint3d::distanceTo(const AcGePoint3d& other) const { return (*this - other).length(); }
+double AcGePoint3d::distanceTo(const AcGePoint3d& other) const {
+  return (*this - other).length();
+}
 
 bool AcGePoint3d::isEqualTo(const AcGePoint3d& other, const AcGeTol& tol) const {
   return distanceTo(other) <= tol.equalPoint();
 }
 
-AcGeVector3d AcGePoint3d::asVector() const { return {x, y, z}; }
+AcGeVector3d AcGePoint3d::asVector() const {
+  return {x, y, z};
+}
 
 AcGePoint3d& AcGePoint3d::operator+=(const AcGeVector3d& v) {
   return set(x + v.x, y + v.y, z + v.z);
@@ -64,16 +68,22 @@ AcGeVector3d& AcGeVector3d::set(double px, double py, double pz) {
   return *this;
 }
 
-double AcGeVector3d::length() const { return std::hypot(x, y, z); }
+double AcGeVector3d::length() const {
+  return std::hypot(x, y, z);
+}
 
 AcGeVector3d AcGeVector3d::normal() const {
   const double l = length();
   return l > 0 ? AcGeVector3d(x / l, y / l, z / l) : *this;
 }
 
-AcGeVector3d& AcGeVector3d::normalize() { return *this = normal(); }
+AcGeVector3d& AcGeVector3d::normalize() {
+  return *this = normal();
+}
 
-double AcGeVector3d::dotProduct(const AcGeVector3d& o) const { return x * o.x + y * o.y + z * o.z; }
+double AcGeVector3d::dotProduct(const AcGeVector3d& o) const {
+  return x * o.x + y * o.y + z * o.z;
+}
 
 AcGeVector3d AcGeVector3d::crossProduct(const AcGeVector3d& o) const {
   return {y * o.z - z * o.y, z * o.x - x * o.z, x * o.y - y * o.x};
@@ -103,9 +113,13 @@ AcGeVector3d AcGeVector3d::perpVector() const {
   return (nearZ ? kYAxis : kZAxis).crossProduct(*this).normal();
 }
 
-AcGeVector3d& AcGeVector3d::negate() { return set(-x, -y, -z); }
+AcGeVector3d& AcGeVector3d::negate() {
+  return set(-x, -y, -z);
+}
 
-bool AcGeVector3d::isZeroLength(const AcGeTol& tol) const { return length() <= tol.equalVector(); }
+bool AcGeVector3d::isZeroLength(const AcGeTol& tol) const {
+  return length() <= tol.equalVector();
+}
 
 bool AcGeVector3d::isParallelTo(const AcGeVector3d& other, const AcGeTol& tol) const {
   return normal().crossProduct(other.normal()).length() <= tol.equalVector();
@@ -115,7 +129,9 @@ bool AcGeVector3d::isEqualTo(const AcGeVector3d& other, const AcGeTol& tol) cons
   return (*this - other).length() <= tol.equalVector();
 }
 
-AcGeVector3d operator*(double factor, const AcGeVector3d& vector) { return vector * factor; }
+AcGeVector3d operator*(double factor, const AcGeVector3d& vector) {
+  return vector * factor;
+}
 
 void AcDbExtents::addPoint(const AcGePoint3d& p) {
   min_.set(std::min(min_.x, p.x), std::min(min_.y, p.y), std::min(min_.z, p.z));

@@ -139,9 +139,13 @@ AcGeMatrix3d AcGeMatrix3d::inverse() const {
   return result;
 }
 
-AcGeMatrix3d& AcGeMatrix3d::invert() { return *this = inverse(); }
+AcGeMatrix3d& AcGeMatrix3d::invert() {
+  return *this = inverse();
+}
 
-AcGeVector3d AcGeMatrix3d::translation() const { return {entry[0][3], entry[1][3], entry[2][3]}; }
+AcGeVector3d AcGeMatrix3d::translation() const {
+  return {entry[0][3], entry[1][3], entry[2][3]};
+}
 
 double AcGeMatrix3d::scale() const {
   return AcGeVector3d(entry[0][0], entry[1][0], entry[2][0]).length();

@@ -5,4 +5,6 @@ AcRxClass* AcRxObject::desc() {
   return &theClass;
 }
 
-AcRxClass* AcRxObject::isA() const { return AcRxObject::desc(); }
+AcRxClass* AcRxObject::isA() const {
+  return AcRxObject::desc();
+}
