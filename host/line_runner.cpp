@@ -77,8 +77,9 @@ std::optional<LineRunner::Failure> LineRunner::takeFailure() {
   failure_.reset();
   // Emptied in any case, so that nothing is left for the next line.
   std::optional<std::string> noted = win::interaction().takeFailure();
-  if (!failure && noted)
+  if (!failure && noted) {
     failure = Failure{{ErrorKind::kInvalidInput, std::move(*noted)}, false, true};
+  }
   return failure;
 }
 
