@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <iostream>
 
@@ -35,6 +36,7 @@ bool Terminal::isThere() {
 
 Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
   std::setlocale(LC_CTYPE, "");  // how wide characters are typed and shown
+  std::signal(SIGINT, SIG_IGN);  // a Ctrl+C between two lines mustn't end the program
   history_.reset(history_init());
   HistEvent event{};
   history(history_.get(), &event, H_SETSIZE, kHistoryLines);
@@ -53,6 +55,7 @@ Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
 }
 
 Terminal::~Terminal() {
+  std::signal(SIGINT, SIG_DFL);
   win::interaction().setBoxAsker({});
 }
 
@@ -75,6 +78,8 @@ std::optional<std::string> Terminal::readLine(const std::string& prompt) {
   prompt_ = prompt;
   cancelled_ = false;
   int count = 0;
+  // Before the prompt shows, so that a quick Ctrl+C is a key already.
+  el_set(editor_.get(), EL_PREP_TERM, 1);
   const char* read = el_gets(editor_.get(), &count);
   if (read == nullptr || count <= 0) return std::nullopt;
   std::string line(read, static_cast<size_t>(count));

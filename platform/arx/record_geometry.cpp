@@ -64,6 +64,14 @@ void translateCode(dxf::RecordDraft& draft, int code, const AcGeVector3d& vector
   }
 }
 
+/// The place of a multi-line attribute's embedded text, in world coordinates.
+void translateEmbedded(dxf::RecordDraft& draft, const AcGeVector3d& vector) {
+  const dxf::RecordDraft::Range embedded = draft.embedded();
+  addReal(draft, draft.findIn(embedded, 10), vector.x);
+  addReal(draft, draft.findIn(embedded, 20), vector.y);
+  addReal(draft, draft.findIn(embedded, 30), vector.z);
+}
+
 bool translateRecord(AcDbDatabase& database, dxf::RecordIndex record, const AcGeVector3d& vector) {
   const RecordKind kind = database.store().kind(record);
   const std::span<const int> codes = pointCodes(kind);
@@ -73,6 +81,7 @@ bool translateRecord(AcDbDatabase& database, dxf::RecordIndex record, const AcGe
     AcGeVector3d own = vector;
     if (hasOcsPoints(kind)) own.transformBy(wcsToOcs(entityNormal(draft)));
     for (const int code : codes) translateCode(draft, code, own);
+    if (kind == RecordKind::kAttrib) translateEmbedded(draft, vector);
     if (kind == RecordKind::kLwPolyline && own.z != 0)
       edit.setReal({"AcDbPolyline", 38}, readReal(draft, {"AcDbPolyline", 38}, 0) + own.z, 0);
   });
@@ -151,7 +160,11 @@ bool translateEntity(AcDbObjectId id, const AcGeVector3d& vector) {
   AcDbDatabase& database = *entity->database();
   const RecordKind kind = database.store().kind(id.index());
   entity->close();
-  if (moved) return true;
+  if (moved) {
+    // Attributes go with their block reference, also those on locked layers.
+    if (kind == RecordKind::kInsert) translateFollowers(database, id.index(), vector);
+    return true;
+  }
   if (kind == RecordKind::kPolyline) return translatePolyline(database, id.index(), vector);
   const bool known = translateRecord(database, id.index(), vector);
   if (known) translateFollowers(database, id.index(), vector);

@@ -1,0 +1,100 @@
+// A person at a terminal.
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/host/drawings.h"
+#include "tests/host/program.h"
+
+namespace kovra::test {
+namespace {
+
+// The program on a terminal of its own.
+class Terminal {
+ public:
+  explicit Terminal(const std::filesystem::path& folder) {
+    child_ = forkpty(&master_, nullptr, nullptr, nullptr);
+    if (child_ != 0) return;
+    if (chdir(folder.c_str()) != 0) _exit(126);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    setenv("TERM", "xterm", 1);
+    alarm(60);
+    execl(KOVRA_PROGRAM, "kovra", "a.dxf", "--state", ".state", static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  ~Terminal() {
+    close(master_);
+    if (status_ < 0) waitpid(child_, nullptr, 0);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  /// Waits until the text stands on the screen behind what was waited for before.
+  bool shows(const std::string& text) {
+    size_t at = std::string::npos;
+    while ((at = screen_.find(text, seen_)) == std::string::npos && readMore()) continue;
+    if (at == std::string::npos) return false;
+    seen_ = at + text.size();
+    return true;
+  }
+  void type(const std::string& keys) const {
+    ASSERT_EQ(write(master_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+  }
+  int exitStatus() {
+    while (readMore()) continue;
+    waitpid(child_, &status_, 0);
+    return WIFEXITED(status_) ? WEXITSTATUS(status_) : 255;
+  }
+  const std::string& screen() const { return screen_; }
+
+ private:
+  bool readMore() {
+    pollfd ready{master_, POLLIN, 0};
+    if (poll(&ready, 1, 20000) <= 0) return false;
+    char bytes[4096];
+    const ssize_t count = read(master_, bytes, sizeof bytes);
+    if (count > 0) screen_.append(bytes, static_cast<size_t>(count));
+    return count > 0;
+  }
+
+  int master_ = -1;
+  pid_t child_ = 0;
+  int status_ = -1;
+  std::string screen_;
+  size_t seen_ = 0;
+};
+
+using TerminalTest = ProgramTest;
+
+TEST_F(TerminalTest, PromptsEditingHistoryCancelAndAWarning) {
+  write("a.dxf", motorDrawing());
+  Terminal terminal(path("."));
+  const struct {
+    std::string prompt;
+    std::string keys;
+  } steps[] = {
+      {"Command: ", "DIMSCALEX\x7f\r"},
+      {"<1>: ", "5\r"},
+      {"Command: ", "\r"},        // repeats the last command
+      {"<5>: ", "\x03"},          // Ctrl+C
+      {"Command: ", "NOSUCH\r"},  // an error, and on it goes
+      {"Unknown command", ""},
+      {"Command: ", "@show DIMSCALE\r"},
+      {"DIMSCALE=5", ""},
+      {"Command: ", "\x1b[A\r"},  // the line before
+      {"DIMSCALE=5", ""},
+      {"Command: ", "\x04"},
+      {"aren't saved", ""},
+      {"Command: ", "\x04"},
+  };
+  for (const auto& step : steps) {
+    ASSERT_TRUE(terminal.shows(step.prompt)) << step.prompt << '\n' << terminal.screen();
+    terminal.type(step.keys);
+  }
+  EXPECT_EQ(terminal.exitStatus(), 0) << terminal.screen();
+  EXPECT_EQ(read("a.dxf"), motorDrawing());
+}
+
+}  // namespace
+}  // namespace kovra::test
