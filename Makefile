@@ -31,9 +31,9 @@ SECONDS_TO_RUN ?= 300
 fuzz: setup
 	fuzz/run.sh build/fuzz $(SECONDS_TO_RUN)
 
-# The analyser over all sources, with the compile commands of the dev build.
+# The analyser over all sources.
 tidy: setup
-	tools/tidy.sh build/dev
+	tools/tidy.sh build/tidy
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

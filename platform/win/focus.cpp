@@ -32,7 +32,7 @@ WPARAM asParameter(HWND window) {
 void raise(HWND window) {
   if (topLevelWindows().empty() || topLevelWindows().front() == window) return;
   reorder(window, HWND_TOP);
-  const std::vector<HWND> order = topLevelWindows();
+  std::vector<HWND> order = topLevelWindows();  // a copy: raising changes the list
   for (auto handle = order.rbegin(); handle != order.rend(); ++handle) {
     const Window* other = findWindow(*handle);
     if (other != nullptr && other->owner == window) raise(*handle);
