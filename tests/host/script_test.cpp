@@ -148,11 +148,20 @@ TEST_F(ScriptTest, DrawingsAreOpenedActivatedClosedAndSaved) {
       {"a.dxf", "--quiet"});
   EXPECT_EQ(result.status, 0) << result.err;
   std::string names;
-  for (const char c : result.out) {
-    if (c == 'a' || c == 'b') names += c;
-  }
+  for (const std::string name : {"b.dxf", "a.dxf"}) names += "DWGNAME=\"" + name + "\"\n";
+  EXPECT_EQ(result.out, "DWGNAME=\"a.dxf\"\n" + names + "DWGNAME=\"b.dxf\"\n");
   EXPECT_TRUE(contains(read("copy of a.dxf"), "$DIMSCALE\n 40\n3.0\n"));
   EXPECT_EQ(read("a.dxf"), motorDrawing());
+}
+
+TEST_F(ScriptTest, MoveTakesAttributesAlong) {
+  const ProgramRun result = runScript(
+      "MOVE\n@select all\n@enter\n0,0\n5,-5\n@save moved.dxf\nU\n@save back.dxf\n", {"a.dxf"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(changedLines(read("a.dxf"), read("moved.dxf")),
+            (std::vector<std::string>{"-0.0", "+5.0", "-0.0", "+-5.0", "-10.0", "+15.0", "-20.0",
+                                      "+15.0", "-10.0", "+15.0", "-30.0", "+25.0"}));
+  EXPECT_EQ(read("back.dxf"), read("a.dxf"));
 }
 
 TEST_F(ScriptTest, FailedRunKeepsWhatWasSavedBefore) {
