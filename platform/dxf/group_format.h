@@ -15,6 +15,13 @@ namespace kovra::dxf {
 /// Begins every binary DXF file; 22 bytes, a NUL at their end.
 inline constexpr std::string_view kBinarySentinel{"AutoCAD Binary DXF\r\n\x1a\0", 22};
 
+/// The UTF-8 mark that some programs write before the first line of an ASCII file; empty if `file`
+/// has none.
+inline std::string_view byteOrderMark(std::string_view file) {
+  constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
+  return file.substr(0, file.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0);
+}
+
 /// A group where it lies.
 struct GroupView {
   std::int32_t code = 0;

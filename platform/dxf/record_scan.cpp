@@ -198,9 +198,7 @@ Result<ScannedFile> RecordScanner::scan() {
     BinaryReader reader(body, out_.dialect.wideCodes);
     status = read(reader);
   } else {
-    constexpr std::string_view kUtf8Mark = "\xef\xbb\xbf";
-    const std::size_t begin = file_.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0;
-    AsciiReader reader(file_.substr(begin));
+    AsciiReader reader(file_.substr(byteOrderMark(file_).size()));
     status = read(reader);
   }
   if (Result<void> end = checkEnd(status); !end) return end.error();

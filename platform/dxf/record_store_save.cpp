@@ -1,6 +1,7 @@
 #include <string>
 
 #include "platform/dxf/atomic_file.h"
+#include "platform/dxf/group_format.h"
 #include "platform/dxf/header_variables.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/store_impl.h"
@@ -17,6 +18,10 @@ class DrawingWriter {
   explicit DrawingWriter(std::string_view lineEnd, Append append)
       : lineEnd_(lineEnd), append_(append) {}
 
+  /// What stands before the first line, on no line of its own.
+  void writeMark(std::string_view mark) {
+    if (!mark.empty()) append_(mark);
+  }
   void write(std::string_view bytes) {
     if (bytes.empty()) return;
     append_(bytes);
@@ -89,7 +94,9 @@ void RecordStore::writeTo(Append append) const {
   const std::string header = headerWithSeed(headerIndex);
   const std::string_view file = impl_->file.view();
   std::string scratch;
-  std::uint64_t written = 0;  // of the file
+  const std::string_view mark = byteOrderMark(file);
+  writer.writeMark(mark);
+  std::uint64_t written = mark.size();  // of the file
   for (RecordIndex record = first(); record != kNoRecord; record = next(record)) {
     const RecordEntry& entry = impl_->records[record];
     const bool seeded = record == headerIndex && !header.empty();

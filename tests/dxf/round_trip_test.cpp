@@ -40,6 +40,9 @@ TEST(RoundTrip, OddFilesComeBackAsTheyAre) {
     const auto store = RecordStore::fromBytes(bytes);
     ASSERT_TRUE(store.ok()) << name << ": " << store.error().message;
     EXPECT_EQ(store.value()->toBytes(), bytes) << name;
+    Structure(*store.value()).addLayer(L"new", 3);
+    const auto grown = RecordStore::fromBytes(store.value()->toBytes());
+    EXPECT_TRUE(grown.ok()) << name << ": " << grown.error().message;
   }
 }
 
