@@ -300,4 +300,12 @@ void appendGroup(const GroupStyle& style, int code, std::string_view value, std:
   out.append(style.lineEnd());
 }
 
+void appendRevalued(const GroupView& group, std::string_view value, const GroupStyle& style,
+                    std::string& out) {
+  out.append(group.begin, group.valueBegin);
+  out.append(value);
+  const bool lost = value.empty() && group.valueEnd == group.end;
+  lost ? out.append(style.lineEnd()) : out.append(group.valueEnd, group.end);
+}
+
 }  // namespace kovra::dxf

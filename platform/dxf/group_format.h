@@ -160,4 +160,9 @@ GroupStyle groupStyle(const Dialect& dialect, std::string_view record);
 /// Appends a whole group with an encoded value.
 void appendGroup(const GroupStyle& style, int code, std::string_view value, std::string& out);
 
+/// Appends a group of an ASCII file with another value. The end that a file's last line lacks is
+/// added only to an empty value, which wouldn't be a line without it.
+void appendRevalued(const GroupView& group, std::string_view value, const GroupStyle& style,
+                    std::string& out);
+
 }  // namespace kovra::dxf

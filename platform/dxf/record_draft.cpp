@@ -244,9 +244,12 @@ void RecordDraft::appendGroupBytes(const Group& group, std::string& out) const {
     if (!style.binary && !out.empty() && out.back() != '\n') out.append(style.lineEnd());
     appendGroup(style, group.code, value(group), out);
   } else {
-    out.append(bytes.substr(group.begin, group.valueBegin - group.begin));
-    out.append(value(group));
-    out.append(bytes.substr(group.valueEnd, group.end - group.valueEnd));
+    GroupView like;
+    like.begin = bytes.data() + group.begin;
+    like.valueBegin = bytes.data() + group.valueBegin;
+    like.valueEnd = bytes.data() + group.valueEnd;
+    like.end = bytes.data() + group.end;
+    appendRevalued(like, value(group), groupStyle(*dialect_, bytes), out);
   }
 }
 

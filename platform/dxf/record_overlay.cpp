@@ -91,9 +91,8 @@ void OverlayBuilder::append(const GroupView* old, const Group& group, std::strin
   } else if (draft_->dialect().binary) {
     appendGroup(groupStyle(draft_->dialect()), group.code, draft_->value(group), out);
   } else {
-    out.append(old->begin, old->valueBegin);
-    out.append(draft_->value(group));
-    out.append(old->valueEnd, old->end);
+    const GroupStyle style = groupStyle(draft_->dialect(), original_);
+    appendRevalued(*old, draft_->value(group), style, out);
   }
 }
 

@@ -84,6 +84,23 @@ TEST(Edit, ChangesNothingButTheValue) {
   }
 }
 
+TEST(Edit, AnEmptyValueOnALastLineWithoutEndIsALine) {
+  const std::string drawing = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nTEXT\n1\nabc";
+  const auto store = open(drawing);
+  const RecordIndex text = store->previous(kNoRecord);
+  RecordDraft draft;
+  for (const char* value : {"x", "", "abc"}) {
+    store->load(text, draft);
+    draft.setText(draft.find(1), value);
+    store->replace(text, draft);
+    const auto saved = open(store->toBytes());
+    saved->load(saved->previous(kNoRecord), draft);
+    ASSERT_EQ(draft.size(), 2U) << value;
+    EXPECT_EQ(draft.text(1), value);
+  }
+  EXPECT_EQ(store->toBytes(), drawing);
+}
+
 TEST(Edit, AnInsertedGroupFollowsTheRecord) {
   for (const bool padded : {true, false}) {
     for (const bool crlf : {true, false}) {
