@@ -26,10 +26,11 @@ corpus: build
 bench: build
 	bench/run.sh $(BUILD)
 
-# The parser under a fuzzer for a bounded time.
+# The parser under a fuzzer for a bounded time; a seed other than 0 makes runs alike.
 SECONDS_TO_RUN ?= 300
+SEED ?= 0
 fuzz: setup
-	fuzz/run.sh build/fuzz $(SECONDS_TO_RUN)
+	fuzz/run.sh build/fuzz $(SECONDS_TO_RUN) $(SEED)
 
 # The analyser over all sources.
 tidy: setup
