@@ -56,7 +56,7 @@ void changeAndRestore(RecordStore& store, RecordIndex record, const std::string&
   again.decode(store.bytes(record, scratch), store.dialect());
   demand(again.size() == draft.size(), "a changed record keeps its groups");
   store.load(record, draft);
-  draft.setAsciiText(group, old);
+  draft.setText(group, old);
   store.replace(record, draft);
   const bool oneLine = old.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos;
   if (oneLine && !store.dialect().binary) {
@@ -110,7 +110,7 @@ void insertAndUndo(Structure& structure, RecordStore& store) {
       structure.headerRecord() == kNoRecord ? RecordState{} : store.state(structure.headerRecord());
   structure.setRealVariable("$TEXTSIZE", 40, 7.25);
   const auto saved = RecordStore::fromBytes(store.toBytes());
-  demand(saved.ok(), "what was written can be read");
+  demand(saved.ok(), saved.ok() ? "" : ("what was written: " + saved.error().message).c_str());
   if (structure.headerRecord() < first) store.restore(structure.headerRecord(), header);
   for (RecordIndex record = first; record < store.count(); ++record) {
     store.setErased(record, true);

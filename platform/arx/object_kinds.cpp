@@ -198,7 +198,7 @@ void ObjectTable::translateGroups(const AcDbObject& object, dxf::RecordDraft& dr
     } else if (groups.type(i) == dxf::ValueType::kText) {
       draft.appendText(code, object.codec().decode(groups.text(i)), store.codec());
     } else {
-      draft.insertAsciiText(draft.size(), code, groups.asciiText(i));
+      draft.insertText(draft.size(), code, groups.asciiText(i));
     }
   }
 }

@@ -223,8 +223,10 @@ void encodeInteger(const Dialect& dialect, int code, std::int64_t value, std::st
   store(value, out);
 }
 
-void encodeHandle(std::uint64_t value, std::string& out) {
-  appendHandle(out, value);
+void encodeHandle(const Dialect& dialect, int code, std::uint64_t value, std::string& out) {
+  std::string digits;
+  appendHandle(digits, value);
+  encodeAscii(dialect, code, digits, out);
 }
 
 void encodeBinary(const Dialect& dialect, std::string_view bytes, std::string& out) {

@@ -138,7 +138,7 @@ bool sameValue(const Dialect& dialect, int code, std::string_view left, std::str
 // The same, for writing; each appends the value without its line end.
 void encodeReal(const Dialect& dialect, int code, double value, std::string& out);
 void encodeInteger(const Dialect& dialect, int code, std::int64_t value, std::string& out);
-void encodeHandle(std::uint64_t value, std::string& out);
+void encodeHandle(const Dialect& dialect, int code, std::uint64_t value, std::string& out);
 void encodeBinary(const Dialect& dialect, std::string_view bytes, std::string& out);
 /// From the text that an ASCII file has.
 void encodeAscii(const Dialect& dialect, int code, std::string_view text, std::string& out);

@@ -113,13 +113,12 @@ class RecordDraft {
   void setReal(std::size_t group, double value);
   void setInteger(std::size_t group, std::int64_t value);
   void setHandle(std::size_t group, std::uint64_t value);
-  /// Bytes in the drawing's own encoding; line breaks and NUL are cut off.
+  /// Bytes in the drawing's own encoding; line breaks and NUL are cut off. For codes of other types
+  /// as an ASCII file has the value.
   void setText(std::size_t group, std::string_view bytes);
   /// Leaves the bytes alone when they already read as `text`.
   void setText(std::size_t group, std::wstring_view text, const TextCodec& codec);
   void setBinary(std::size_t group, std::string_view bytes);
-  /// Reads `value` as an ASCII file has it and stores it by the code's type.
-  void setAsciiText(std::size_t group, std::string_view value);
 
   // Insertion before a position (size(): at the end). The value takes the type of the code.
   void insertReal(std::size_t at, int code, double value);
@@ -128,7 +127,6 @@ class RecordDraft {
   void insertText(std::size_t at, int code, std::string_view bytes);
   void insertText(std::size_t at, int code, std::wstring_view text, const TextCodec& codec);
   void insertBinary(std::size_t at, int code, std::string_view bytes);
-  void insertAsciiText(std::size_t at, int code, std::string_view value);
 
   // The same at the end.
   void appendReal(int code, double value) { insertReal(size(), code, value); }

@@ -107,13 +107,7 @@ void RecordDraft::setInteger(std::size_t group, std::int64_t value) {
 
 void RecordDraft::setHandle(std::size_t group, std::uint64_t value) {
   const std::uint32_t begin = beginPool();
-  encodeHandle(value, pool_);
-  setPooled(group, begin);
-}
-
-void RecordDraft::setText(std::size_t group, std::string_view bytes) {
-  const std::uint32_t begin = beginPool();
-  pool_.append(firstLine(bytes));
+  encodeHandle(*dialect_, code(group), value, pool_);
   setPooled(group, begin);
 }
 
@@ -127,7 +121,7 @@ void RecordDraft::setBinary(std::size_t group, std::string_view bytes) {
   setPooled(group, begin);
 }
 
-void RecordDraft::setAsciiText(std::size_t group, std::string_view value) {
+void RecordDraft::setText(std::size_t group, std::string_view value) {
   const std::uint32_t begin = beginPool();
   encodeAscii(*dialect_, code(group), firstLine(value), pool_);
   setPooled(group, begin);
@@ -148,13 +142,7 @@ void RecordDraft::insertInteger(std::size_t at, int code, std::int64_t value) {
 
 void RecordDraft::insertHandle(std::size_t at, int code, std::uint64_t value) {
   const std::uint32_t begin = beginPool();
-  encodeHandle(value, pool_);
-  insertPooled(at, code, begin);
-}
-
-void RecordDraft::insertText(std::size_t at, int code, std::string_view bytes) {
-  const std::uint32_t begin = beginPool();
-  pool_.append(firstLine(bytes));
+  encodeHandle(*dialect_, code, value, pool_);
   insertPooled(at, code, begin);
 }
 
@@ -169,7 +157,7 @@ void RecordDraft::insertBinary(std::size_t at, int code, std::string_view bytes)
   insertPooled(at, code, begin);
 }
 
-void RecordDraft::insertAsciiText(std::size_t at, int code, std::string_view value) {
+void RecordDraft::insertText(std::size_t at, int code, std::string_view value) {
   const std::uint32_t begin = beginPool();
   encodeAscii(*dialect_, code, firstLine(value), pool_);
   insertPooled(at, code, begin);

@@ -84,6 +84,35 @@ TEST(Edit, ChangesNothingButTheValue) {
   }
 }
 
+TEST(Edit, AValueOfAnotherTypeKeepsTheRecordWhole) {
+  const std::function<void(RecordDraft&, std::size_t)> setters[] = {
+      [](RecordDraft& draft, std::size_t group) { draft.setReal(group, 2.75); },
+      [](RecordDraft& draft, std::size_t group) { draft.setInteger(group, 77); },
+      [](RecordDraft& draft, std::size_t group) { draft.setHandle(group, 0x1F2); },
+      [](RecordDraft& draft, std::size_t group) { draft.setText(group, "some text"); },
+  };
+  for (const bool binary : {false, true}) {
+    const auto store = open(sampleDrawing({"", kR2000, binary, false}));
+    const RecordIndex record = at(*store, 0x51);
+    const RecordState before = store->state(record);
+    RecordDraft draft;
+    RecordDraft again;
+    std::string scratch;
+    store->load(record, draft);
+    for (std::size_t group = 1; group < draft.size(); ++group) {
+      for (const auto& set : setters) {
+        store->load(record, draft);
+        set(draft, group);
+        store->replace(record, draft);
+        again.decode(store->bytes(record, scratch), store->dialect());
+        ASSERT_EQ(again.size(), draft.size()) << binary << " " << draft.code(group);
+        EXPECT_EQ(again.asciiText(group), draft.asciiText(group)) << draft.code(group);
+        store->restore(record, before);
+      }
+    }
+  }
+}
+
 TEST(Edit, AnEmptyValueOnALastLineWithoutEndIsALine) {
   const std::string drawing = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nTEXT\n1\nabc";
   const auto store = open(drawing);

@@ -96,7 +96,7 @@ class RandomEdits {
         if (group != 0) store_.setErased(record, true);
         break;
       default:
-        if (group != 0) draft_.setAsciiText(group, "17");
+        if (group != 0) draft_.setText(group, "17");
         break;
     }
     store_.replace(record, draft_);
