@@ -33,7 +33,8 @@ resbuf* acdbEntGet(const ads_name name) {
   if (name == nullptr || acdbGetObjectId(id, name) != Acad::eOk || id.isErased()) return nullptr;
   const AcDbDatabase& database = *id.database();
   if (id.index() >= database.store().count()) return nullptr;
-  dxf::RecordDraft draft;
+  const kovra::arx::ScratchDraft scratch(database.objects());
+  dxf::RecordDraft& draft = *scratch;
   database.objects().loadCurrent(id.index(), draft);
   kovra::arx::ListBuilder list;
   list.appendName(kDxfEntityName, id);

@@ -1,5 +1,6 @@
 #include "platform/arx/list_groups.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -31,6 +32,14 @@ std::wstring groupText(const AcDbDatabase& database, const dxf::RecordDraft& dra
   if (code == 0) return std::wstring(draft.typeName().begin(), draft.typeName().end());
   const std::wstring text = database.store().codec().decode(draft.text(group));
   return hasCarets(draft, code) ? dxf::decodeCarets(text) : text;
+}
+
+/// A text whose characters are its bytes. Most are, and need no decoding.
+bool readsAsItStands(const dxf::RecordDraft& draft, std::size_t group) {
+  const int code = draft.code(group);
+  if (code == 0 || draft.type(group) != dxf::ValueType::kText) return false;
+  const std::string_view bytes = draft.text(group);
+  return dxf::isPlainText(bytes) && !(hasCarets(draft, code) && bytes.find('^') != bytes.npos);
 }
 
 std::size_t coordinateAt(const dxf::RecordDraft& draft, std::size_t x, int step) {
@@ -112,6 +121,14 @@ void ListBuilder::appendText(int code, const std::wstring& text) {
   if (resbuf* element = append(code)) acutNewString(text.c_str(), element->resval.rstring);
 }
 
+void ListBuilder::appendAscii(int code, std::string_view text) {
+  resbuf* element = append(code);
+  if (element == nullptr) return;
+  auto* wide = static_cast<ACHAR*>(std::malloc((text.size() + 1) * sizeof(ACHAR)));
+  if (wide != nullptr) *std::copy(text.begin(), text.end(), wide) = ACHAR{};
+  element->resval.rstring = wide;
+}
+
 void ListBuilder::appendPoint(int code, const AcGePoint3d& point) {
   resbuf* element = append(code);
   if (element == nullptr) return;
@@ -141,7 +158,11 @@ void ListBuilder::appendGroup(const AcDbDatabase& database, const dxf::RecordDra
       if (resbuf* element = append(code)) element->resval.mnInt64 = draft.integer(group);
       break;
     case ListValue::kText:
-      appendText(code, groupText(database, draft, group));
+      if (readsAsItStands(draft, group)) {
+        appendAscii(code, draft.text(group));
+      } else {
+        appendText(code, groupText(database, draft, group));
+      }
       break;
     case ListValue::kName: {
       const dxf::RecordIndex named = database.store().find(draft.handle(group));

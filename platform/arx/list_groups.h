@@ -22,6 +22,7 @@ class ListBuilder {
 
   void appendName(int code, AcDbObjectId id);
   void appendText(int code, const std::wstring& text);
+  void appendAscii(int code, std::string_view text);
   void appendPoint(int code, const AcGePoint3d& point);
   /// The group as its code's kind of element; a point takes its y and z along. Nothing for the y
   /// and z of a point and for what lists don't show.

@@ -35,7 +35,8 @@ AcDbObjectId appendRecord(AcDbDatabase& database, AcDbObjectId block, std::strin
   if (number == dxf::kNoBlock) return AcDbObjectId::kNull;
   dxf::RecordStore& store = database.store();
   dxf::Structure& structure = database.structure();
-  dxf::RecordDraft draft;
+  const ScratchDraft scratch(database.objects());
+  dxf::RecordDraft& draft = *scratch;
   draft.start(store.dialect(), type, store.newHandle(), structure.blockHandle(number));
   fill(draft);
   const Property paper{kEntityPart, 67};

@@ -177,16 +177,22 @@ void ObjectTable::recordChanged(dxf::RecordIndex index) {
 }
 
 ObjectBody& ObjectTable::body(const AcDbObject& object) const {
-  if (object.body_ != nullptr) return *object.body_;
-  if (spareBodies_.empty()) {
-    object.body_ = std::make_unique<ObjectBody>();
-  } else {
-    object.body_ = std::move(spareBodies_.back());
-    spareBodies_.pop_back();
-  }
-  object.body_->validTexts = 0;
-  object.body_->decoded = false;
+  if (object.body_ == nullptr) object.body_ = takeBody();
   return *object.body_;
+}
+
+std::unique_ptr<ObjectBody> ObjectTable::takeBody() const {
+  if (spareBodies_.empty()) return std::make_unique<ObjectBody>();
+  std::unique_ptr<ObjectBody> body = std::move(spareBodies_.back());
+  spareBodies_.pop_back();
+  body->validTexts = 0;
+  body->decoded = false;
+  return body;
+}
+
+void ObjectTable::giveBack(std::unique_ptr<ObjectBody> body) const {
+  constexpr std::size_t kSpare = 64;
+  if (body != nullptr && spareBodies_.size() < kSpare) spareBodies_.push_back(std::move(body));
 }
 
 void ObjectTable::decode(dxf::RecordIndex index, ObjectBody& body) const {
@@ -209,10 +215,7 @@ void ObjectTable::loadCurrent(dxf::RecordIndex index, dxf::RecordDraft& draft) c
 }
 
 void ObjectTable::releaseBody(AcDbObject& object) const {
-  constexpr std::size_t kSpare = 64;
-  if (object.body_ != nullptr && spareBodies_.size() < kSpare)
-    spareBodies_.push_back(std::move(object.body_));
-  object.body_.reset();
+  giveBack(std::move(object.body_));
 }
 
 }  // namespace kovra::arx

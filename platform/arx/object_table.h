@@ -84,6 +84,10 @@ class ObjectTable {
   ObjectBody& body(const AcDbObject& object) const;
   void decode(dxf::RecordIndex index, ObjectBody& body) const;
 
+  // Bodies that nobody needs at the moment; their storage saves the next user allocations.
+  std::unique_ptr<ObjectBody> takeBody() const;
+  void giveBack(std::unique_ptr<ObjectBody> body) const;
+
  private:
   AcDbObject* find(dxf::RecordIndex index) const;
   void link(AcDbObject& object);
@@ -99,6 +103,22 @@ class ObjectTable {
   mutable std::vector<std::unique_ptr<ObjectBody>> spareBodies_;
   std::unordered_map<dxf::RecordIndex, std::vector<dxf::RecordIndex>> erasedWith_;
   bool flushing_ = false;
+};
+
+/// A draft for the length of a function, in storage that goes from user to user.
+class ScratchDraft {
+ public:
+  explicit ScratchDraft(const ObjectTable& objects)
+      : objects_(objects), body_(objects.takeBody()) {}
+  ~ScratchDraft() { objects_.giveBack(std::move(body_)); }
+  ScratchDraft(const ScratchDraft&) = delete;
+  ScratchDraft& operator=(const ScratchDraft&) = delete;
+
+  dxf::RecordDraft& operator*() const { return body_->draft; }
+
+ private:
+  const ObjectTable& objects_;
+  std::unique_ptr<ObjectBody> body_;
 };
 
 }  // namespace kovra::arx

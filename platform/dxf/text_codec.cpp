@@ -173,18 +173,13 @@ TextCodec::~TextCodec() = default;
 TextCodec::TextCodec(TextCodec&&) noexcept = default;
 TextCodec& TextCodec::operator=(TextCodec&&) noexcept = default;
 
-namespace {
-
-/// Such bytes read the same in every page: no escape can begin in them.
-bool isPlain(std::string_view bytes) {
+bool isPlainText(std::string_view bytes) {
   return std::none_of(bytes.begin(), bytes.end(),
                       [](char c) { return static_cast<unsigned char>(c) >= 0x80 || c == '\\'; });
 }
 
-}  // namespace
-
 void TextCodec::decode(std::string_view bytes, std::wstring& out) const {
-  if (isPlain(bytes)) {
+  if (isPlainText(bytes)) {
     out.assign(bytes.begin(), bytes.end());
     return;
   }
@@ -224,7 +219,7 @@ std::string TextCodec::encode(std::wstring_view text) const {
 
 bool TextCodec::sameText(std::string_view left, std::string_view right) const {
   if (left == right) return true;
-  if (isPlain(left) && isPlain(right)) return false;
+  if (isPlainText(left) && isPlainText(right)) return false;
   return decode(left) == decode(right);
 }
 

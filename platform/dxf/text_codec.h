@@ -40,6 +40,9 @@ class TextCodec {
   std::unique_ptr<Page> page_;
 };
 
+/// True for bytes that read the same in every encoding: ASCII in which no escape can begin.
+bool isPlainText(std::string_view bytes);
+
 /// Reads caret sequences: "^J" is a line feed, "^I" a tab, "^ " a caret, "^M" a carriage return; in
 /// general "^" and a character from "@" to "_" is the control character. Texts of TEXT, ATTRIB and
 /// ATTDEF have them.
