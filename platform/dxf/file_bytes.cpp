@@ -50,7 +50,8 @@ Result<FileStamp> stampOf(const std::string& path) {
 }
 
 Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  // Without O_NONBLOCK a pipe without a writer would be waited for before it could be refused.
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status {};
   if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return readError(path, errno);
   if (S_ISDIR(status.st_mode)) return readError(path, EISDIR);

@@ -170,7 +170,11 @@ TEST_F(Save, LeavesTheOldFileWhenItCantWrite) {
   EXPECT_EQ(message(drawing_), "saved") << "it works again afterwards";
 }
 
-TEST_F(Save, RefusesADeviceThatIsFull) {
+TEST_F(Save, PipesAndDevicesAreNoDrawings) {
+  // A pipe that nobody writes to must not be waited for.
+  const std::string pipe = folder_ / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(RecordStore::readFile(pipe).error().message, pipe + ": not a regular file");
   EXPECT_EQ(RecordStore::readFile("/dev/full").error().kind, ErrorKind::kNotReadable);
   EXPECT_EQ(RecordStore::newDrawing()->saveTo("/dev/full").error().kind, ErrorKind::kNotWritable);
 }
