@@ -10,7 +10,7 @@ CMDIFrameWnd* acedGetAcadFrame() {
 void InitAcUiDLL() {}
 
 BEGIN_MESSAGE_MAP(CAdUiBaseDialog, CDialog)
-ON_MESSAGE(WM_ACAD_KEEPFOCUS, &CAdUiBaseDialog::OnAcadKeepFocus)
+ON_MESSAGE(kKeepFocusMessage, &CAdUiBaseDialog::OnKeepFocus)
 END_MESSAGE_MAP()
 
 CAdUiBaseDialog::CAdUiBaseDialog(UINT templateId, CWnd* parent, HINSTANCE resources)
@@ -37,7 +37,7 @@ void CAdUiBaseDialog::CompleteEditorCommand(BOOL restoreDialogs) {
   if (drawingWasBlocked_) ::EnableWindow(kovra::win::frameWindow(), FALSE);
 }
 
-LRESULT CAdUiBaseDialog::OnAcadKeepFocus(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+LRESULT CAdUiBaseDialog::OnKeepFocus(WPARAM /*wParam*/, LPARAM /*lParam*/) {
   return FALSE;
 }
 

@@ -24,8 +24,8 @@ class CAdUiBaseDialog : public CDialog {
  protected:
   DECLARE_MESSAGE_MAP()
 
-  /// The answer to WM_ACAD_KEEPFOCUS: whether the focus stays when the cursor enters the drawing.
-  LRESULT OnAcadKeepFocus(WPARAM wParam, LPARAM lParam);
+  /// The answer to kKeepFocusMessage: whether the focus stays when the cursor enters the drawing.
+  LRESULT OnKeepFocus(WPARAM wParam, LPARAM lParam);
 
  private:
   bool editing_ = false;

@@ -55,6 +55,3 @@ enum ErrorStatus {
   eEndOfObject,
 };
 }  // namespace Acad
-
-/// The name of a status, for messages and test output. Never null.
-const wchar_t* acadErrorStatusText(Acad::ErrorStatus status);

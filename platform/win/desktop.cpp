@@ -90,7 +90,7 @@ void focusDrawing() {
 void offerFocusToDrawing() {
   const HWND focused = GetFocus();
   if (isInside(frameWindow(), focused)) return;
-  if (focused != nullptr && SendMessageW(topLevelOf(focused), WM_ACAD_KEEPFOCUS, 0, 0) != 0) return;
+  if (focused != nullptr && SendMessageW(topLevelOf(focused), kKeepFocusMessage, 0, 0) != 0) return;
   focusDrawing();
 }
 

@@ -21,7 +21,7 @@ void setDrawingProcedure(WNDPROC procedure);
 void focusDrawing();
 
 /// To be called when the cursor moves in the drawing: asks the dialog that has the focus with
-/// WM_ACAD_KEEPFOCUS and moves the focus to the drawing only if the answer is 0.
+/// kKeepFocusMessage and moves the focus to the drawing only if the answer is 0.
 void offerFocusToDrawing();
 
 /// Puts the cursor on a pixel of the drawing window (origin top left), for those who ask for it.

@@ -124,6 +124,15 @@ bool pressAccessKey(HWND dialog, wchar_t character) {
   return false;
 }
 
+/// The dialog whose keys these are: a dialog that stands in another one as a control shares the
+/// tab order, default button and Cancel of the outer one.
+HWND keyboardOwner(HWND dialog) {
+  while (hasStyle(dialog, DS_CONTROL) && kovra::win::isDialog(GetParent(dialog))) {
+    dialog = GetParent(dialog);
+  }
+  return dialog;
+}
+
 /// True when the key means something to the dialog itself.
 bool dialogKey(HWND dialog, const MSG& message) {
   const LRESULT code = codeOf(message.hwnd, &message);
@@ -190,6 +199,7 @@ BOOL IsDialogMessageW(HWND dialog, MSG* message) {
   if (message == nullptr || !kovra::win::isDialog(dialog) || !isInside(dialog, message->hwnd)) {
     return FALSE;
   }
+  dialog = keyboardOwner(dialog);
   if (message->message == WM_KEYDOWN && dialogKey(dialog, *message)) return TRUE;
   if (message->message == WM_SYSCHAR &&
       pressAccessKey(dialog, static_cast<wchar_t>(message->wParam))) {

@@ -75,7 +75,7 @@ inline constexpr UINT DM_SETDEFID = WM_USER + 1;
 inline constexpr WORD DC_HASDEFID = 0x534B;
 
 /// The CAD program's question whether a window keeps the focus when the cursor enters the drawing.
-inline constexpr UINT WM_ACAD_KEEPFOCUS = 0x7101;
+inline constexpr UINT kKeepFocusMessage = 0x7101;
 
 // Parameters of messages.
 inline constexpr WPARAM WA_INACTIVE = 0;

@@ -27,10 +27,10 @@ TEST_F(Focus, ATypedLineOrAClickMovesItToTheDrawingFirst) {
 }
 
 TEST_F(Focus, ACursorMoveAsksTheDialog) {
-  answers[WM_ACAD_KEEPFOCUS] = 1;
+  answers[kKeepFocusMessage] = 1;
   offerFocusToDrawing();
   EXPECT_EQ(GetFocus(), control(11));
-  answers[WM_ACAD_KEEPFOCUS] = 0;
+  answers[kKeepFocusMessage] = 0;
   offerFocusToDrawing();
   EXPECT_EQ(GetFocus(), drawingWindow());
 }

@@ -40,6 +40,32 @@ TEST_F(Keys, TabFollowsTheOrderOfTheWindows) {
   EXPECT_EQ(focusId(), 40);
 }
 
+TEST_F(Keys, ADialogInsideAnotherSharesItsKeys) {
+  show({{10, L"EDIT", kTab}, {1, L"BUTTON", kTab | BS_DEFPUSHBUTTON}, {2, L"BUTTON", kTab}});
+  const DWORD childStyle = WS_CHILD | WS_VISIBLE | DS_CONTROL;
+  const HWND child = makeDialog(
+      nullptr, makeTemplate({{20, L"EDIT", kTab}, {21, L"EDIT", kTab}}, childStyle), dialog,
+      [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+  SetFocus(GetDlgItem(child, 20));
+  told();
+  // Each dialog is asked from the inside out, as window classes do.
+  const auto pressInside = [&](int key) {
+    MSG message{};
+    message.hwnd = GetFocus();
+    message.message = WM_KEYDOWN;
+    message.wParam = static_cast<WPARAM>(key);
+    EXPECT_TRUE(IsDialogMessageW(child, &message) || IsDialogMessageW(dialog, &message));
+  };
+  for (const int next : {21, 10, 1, 2, 20}) {
+    pressInside(VK_TAB);
+    EXPECT_EQ(focusId(), next);
+  }
+  told();
+  pressInside(VK_RETURN);
+  pressInside(VK_ESCAPE);
+  EXPECT_EQ(told(), (Told{"1 BN_CLICKED", "2 BN_CLICKED"}));
+}
+
 TEST_F(Keys, TabSelectsAFieldAsAWhole) {
   show({{1, L"BUTTON", kTab}, {10, L"EDIT", kTab, L"12345"}});
   SetFocus(control(1));
