@@ -67,6 +67,11 @@ ProgramTest::~ProgramTest() {
 
 ProgramRun ProgramTest::run(const std::vector<std::string>& arguments, const std::string& input,
                             const std::vector<std::string>& environment) const {
+  return finish(start(arguments, input, environment));
+}
+
+pid_t ProgramTest::start(const std::vector<std::string>& arguments, const std::string& input,
+                         const std::vector<std::string>& environment) const {
   write(".in", input);
   std::vector<std::string> all = {"kovra"};
   const bool reads = !arguments.empty() && (arguments[0] == "list" || arguments[0] == "check");
@@ -77,8 +82,12 @@ ProgramRun ProgramTest::run(const std::vector<std::string>& arguments, const std
   const pid_t child = fork();
   if (child == 0) limitFiles(fileSizeLimit_);
   if (child == 0) becomeProgram(all, variables, folder_);
+  return child;
+}
+
+ProgramRun ProgramTest::finish(pid_t program) const {
   int status = 0;
-  waitpid(child, &status, 0);
+  waitpid(program, &status, 0);
   ProgramRun result;
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   result.out = read(".out");

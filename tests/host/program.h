@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
 #include <filesystem>
 #include <string>
@@ -24,7 +25,11 @@ class ProgramTest : public ::testing::Test {
   /// `environment`: further NAME=VALUE.
   ProgramRun run(const std::vector<std::string>& arguments, const std::string& input = {},
                  const std::vector<std::string>& environment = {}) const;
-  /// The same with the lines as a script.
+  /// Starts it and gives its process id; finish() waits for its end.
+  pid_t start(const std::vector<std::string>& arguments, const std::string& input = {},
+              const std::vector<std::string>& environment = {}) const;
+  ProgramRun finish(pid_t program) const;
+  /// run() with the lines as a script.
   ProgramRun runScript(const std::string& lines, std::vector<std::string> arguments = {}) const;
 
   std::filesystem::path path(const std::string& name) const { return folder_ / name; }

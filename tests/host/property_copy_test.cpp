@@ -209,6 +209,19 @@ TEST_F(PropertyCopyTest, AFullDiskLosesNothing) {
   EXPECT_EQ(files(), (Lines{".err", ".in", ".out", "a.dxf"}));
 }
 
+TEST_F(PropertyCopyTest, AReadOnlyDrawingIsReadAndNotWritten) {
+  namespace fs = std::filesystem;
+  const std::string before = motorDrawing();
+  write("a.dxf", before);
+  fs::permissions(path("a.dxf"), fs::perms(0444));
+  EXPECT_EQ(changed("NAME /H 3"), (Lines{"-2.5", "+3.0"})) << "to another file";
+  const ProgramRun result = run({"a.dxf", "-c", "-KOVRA_ATTR_COPY", "-c", "NAME /H 3", "--save"});
+  EXPECT_EQ(result.status, 3) << result.out;
+  EXPECT_NE(result.err.find("a.dxf: the file is read-only"), std::string::npos) << result.err;
+  EXPECT_EQ(read("a.dxf"), before);
+  EXPECT_FALSE(exists("a.dxf.bak"));
+}
+
 TEST_F(PropertyCopyTest, PlacesThatCantBeWrittenLoseNothing) {
   write("a.dxf", motorDrawing());
   std::filesystem::create_directory(path("folder.dxf"));

@@ -1,6 +1,5 @@
 // Reproducible random users: whatever they type and click, the program neither crashes nor hangs,
-// comes back to the idle host, and the drawing saves and loads. New dialogs and commands join by
-// their lines in the table.
+// comes back to the idle host, and the drawing saves and loads. A new dialog joins as a scene.
 #include <random>
 
 #include "tests/host/drawings.h"
@@ -10,53 +9,105 @@ namespace kovra::test {
 namespace {
 
 constexpr int kRuns = 40;
-constexpr int kPiecesPerRun = 60;
+constexpr int kPiecesPerRun = 30;
+
+using Pieces = std::vector<const char*>;
 
 // Lines that are legal somewhere, and some that never are; repeated ones come more often.
-const char* const kPieces[] = {
+const Pieces kAnywhere = {
     // typed
-    "KOVRA_TEXT_COUNTUP", "KOVRA_TEXT_COUNTUP\n@select all\n@enter",
-    "KOVRA_TEXT_COUNTUP\n@select 60\n@enter", "@preselect all\nKOVRA_TEXT_COUNTUP",
-    "KOVRA_TEXT_COUNTUP\n@select all\n@enter\n@click 1\n@point 0,0\n@move 5,5\n@point 9,0",
-    "KOVRA_TEXT_COUNTUP\n@select all\n@enter\n@click 1975\n@click 1956\n@click 1957",
-    "-KOVRA_ATTR_COPY", "NAME+ /H 3 /J MC", "NAME /L WIRENO /A 30 /W 0.7", "/?", "U", "UNDO",
-    "Mark", "Back", "2", "REDO", "-LAYER", "LO", "U", "0", "New", "L9", "MOVE", "ERASE", "REGEN",
-    "UCS", "W", "Z", "90", "SETVAR", "SNAPMODE", "1", "1,1", "@5<45", "nonsense", "", "",
+    "-KOVRA_ATTR_COPY", "-KOVRA_ATTR_COPY\nNAME+ /H 3 /J MC",
+    "-KOVRA_ATTR_COPY\nNAME /L WIRENO /A 30 /W 0.7", "/?", "U", "U", "UNDO", "Mark", "Back", "2",
+    "REDO", "-LAYER", "LO", "U", "0", "New", "L9", "MOVE", "MOVE\n@select all\n@enter\n0,0\n3,4",
+    "ERASE", "REGEN", "UCS", "W", "Z", "90", "SETVAR", "SNAPMODE", "1", "1,1", "@5<45", "nonsense",
+    "",
     // keyboard, pointer, selections
-    "@enter", "@enter", "@enter", "@esc", "@esc", "@keys \"x\\b\\e\"", "@point 3,4", "@point 30,-4",
-    "@move 10,10", "@pick 100", "@pick 10,20", "@select all", "@select all", "@select 100 60",
+    "@enter", "@enter", "@esc", "@esc", "@keys \"x\\b\\e\"", "@point 3,4", "@point 30,-4",
+    "@move 10,10", "@pick 100", "@pick 10,20", "@select all", "@select 100 60",
     "@select -5,-5 500,500", "@select 500,500 -5,-5", "@preselect all", "@preselect 60",
-    // dialogs
-    "@click 1", "@click 1", "@click 1", "@click 2", "@click 1953", "@click 1954", "@click 1955",
-    "@click 1956", "@click 1957", "@click 1958", "@click 1959", "@click 1974", "@click 1975",
-    "@click 1975", "@click 1976", "@click 1977", "@check 1967 on", "@check 1967 off",
-    "@choose 1978 #0", "@choose 1978 #2", "@choose 1978 #6", "@type 1931 -2", "@type 1931 0",
-    "@type 1931 99999999999", "@type 1936 FF", "@type 1932 3", "@type 1932 0", "@type 1934 2",
-    "@type 1933 2.5", "@type 1935 -1e3", "@type 1935 \"\"", "@key 1931 Tab", "@key 1932 Esc",
-    "@focus 1934", "@caret 1931 0 1", "@place 5 5", "@place min", "@close", "@dialog",
+    // any dialog
+    "@click 1", "@click 2", "@close", "@dialog", "@place 5 5", "@place min",
     // documents
     "@open b.dxf", "@activate a.dxf", "@activate b.dxf", "@closedrawing", "@open a.dxf",
     "@project p", "@project", "@reload", "@list", "@answer yes", "@save other.dxf"};
 
-using RandomTest = ProgramTest;
+/// A dialog: how it is opened, what its users do, how they leave it.
+struct Scene {
+  Pieces starts;
+  Pieces work;
+  Pieces ends;
+};
+
+const Scene kScenes[] = {{
+    {"KOVRA_TEXT_COUNTUP\n@select all\n@enter", "KOVRA_TEXT_COUNTUP\n@select 60\n@enter",
+     "@preselect all\nKOVRA_TEXT_COUNTUP", "KOVRA_TEXT_COUNTUP"},
+    {"@click 1953", "@click 1954", "@click 1955", "@click 1956", "@click 1974", "@click 1975",
+     "@click 1975", "@click 1976", "@click 1977", "@check 1967 on", "@check 1967 off",
+     "@choose 1978 #0", "@choose 1978 #2", "@choose 1978 #6", "@type 1931 -2", "@type 1931 0",
+     "@type 1931 99999999999", "@type 1936 FF", "@type 1932 3", "@type 1932 0", "@type 1934 2",
+     "@type 1934 0", "@type 1933 2.5", "@type 1935 -1e3", "@type 1935 \"\"", "@key 1931 Tab",
+     "@focus 1934", "@caret 1931 0 1", "@dialog", "@click 1",
+     // picks, ended, cancelled and left waiting
+     "@click 1957\n@point 0,0\n@point 4,3", "@click 1958\n@point 0,0\n@esc", "@click 1959\n@enter",
+     "@click 1957\n@point 1,1"},
+    {"@click 1", "@click 1", "@enter", "@click 2", "@esc", "@close",
+     // drags: copies placed, cancelled at each prompt, and left waiting
+     "@click 1974\n@click 1\n@point 0,0\n@move 5,5\n@point 9,0\n@point 20,5\n@esc",
+     "@click 1974\n@click 1\n@point 0,0\n@move 5,5\n@esc", "@click 1974\n@click 1\n@esc",
+     "@click 1974\n@click 1\n@point 0,0\n@move 5,5\n@open b.dxf",
+     // entries that OK refuses
+     "@check 1967 off\n@click 1975\n@click 1953\n@type 1932 0\n@click 1\n@esc",
+     "@check 1967 off\n@click 1975\n@click 1954\n@type 1934 0\n@click 1\n@close"},
+}};
+
+/// What must have been seen, so that the random users aren't kept out by a closed door.
+const Pieces kSeen = {"The number of rows must be",    "The number of columns must be",
+                      "The numbers of rows and",       "Specify opposite corner",
+                      "second point of row distance",  "first point of column distance",
+                      "Specify point for the copies:", "can't be counted down"};
+
+class RandomTest : public ProgramTest {
+ protected:
+  std::string pick(const Pieces& pieces) { return pieces[random() % pieces.size()]; }
+
+  std::string scene(const Scene& scene) {
+    std::string lines = pick(scene.starts) + '\n';
+    for (auto left = random() % 10; left > 0; --left) lines += pick(scene.work) + '\n';
+    if (random() % 8 == 0) lines += pick(kAnywhere) + '\n';
+    return lines + pick(scene.ends) + '\n';
+  }
+
+  std::string script() {
+    std::string lines;
+    for (int i = 0; i < kPiecesPerRun; ++i) {
+      lines += random() % 4 == 0 ? scene(kScenes[random() % std::size(kScenes)])
+                                 : pick(kAnywhere) + '\n';
+    }
+    return lines;
+  }
+
+  std::mt19937 random;
+};
 
 TEST_F(RandomTest, NoCrashNoHangAndADrawingThatLoads) {
   write("p/project.ini", "[Project]\nDataVersion=12.0\n");
-  std::string drawing = textDrawing();
+  const std::string drawing = textDrawing();
+  std::string transcripts;
   for (unsigned seed = 1; seed <= kRuns; ++seed) {
-    std::mt19937 random(seed);
-    std::string lines;
-    for (int i = 0; i < kPiecesPerRun; ++i) {
-      lines += std::string(kPieces[random() % std::size(kPieces)]) + '\n';
-    }
+    random.seed(seed);
+    const std::string lines = script();
     for (const char* name : {"a.dxf", "b.dxf"}) write(name, drawing);
     const ProgramRun result =
         runScript(lines, {"a.dxf", "b.dxf", "-p", "p", "--keep-going", "--save"});
+    transcripts += result.out;
     ASSERT_LE(result.status, 1) << "seed " << seed << '\n' << lines << result.err;
     for (const char* name : {"a.dxf", "b.dxf"}) {
       ASSERT_EQ(run({"check", name}).status, 0) << "seed " << seed << '\n' << lines;
       ASSERT_EQ(run({"list", name}).status, 0) << "seed " << seed << '\n' << lines;
     }
+  }
+  for (const char* seen : kSeen) {
+    EXPECT_NE(transcripts.find(seen), std::string::npos) << seen << " was never reached";
   }
 }
 

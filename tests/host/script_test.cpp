@@ -164,6 +164,27 @@ TEST_F(ScriptTest, MoveTakesAttributesAlong) {
   EXPECT_EQ(read("back.dxf"), read("a.dxf"));
 }
 
+TEST_F(ScriptTest, MoveTakesTheTextOfMultiLineAttributesAlong) {
+  DrawingForm form;
+  form.release = "AC1032";
+  std::string drawing = drawingWith({{"NAME", "M1"}}, form);
+  drawing.insert(
+      drawing.find("  0\nSEQEND"),
+      "101\nEmbedded Object\n 70\n4\n 10\n10.0\n 20\n20.0\n 30\n0.0\n 11\n1.0\n 21\n0.0\n"
+      " 31\n0.0\n 40\n2.5\n 41\n30.0\n 71\n7\n  1\nM1\\Pspare\n1001\nAPP\n1010\n10.0\n"
+      "1020\n20.0\n1030\n0.0\n");
+  write("a.dxf", drawing);
+  const ProgramRun result = runScript(
+      "MOVE\n@select all\n@enter\n0,0\n5,-5\n@save moved.dxf\nU\n@save back.dxf\n", {"a.dxf"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  // Places of the reference, the attribute and its embedded text; its direction and the other
+  // program's data stay.
+  EXPECT_EQ(changedLines(drawing, read("moved.dxf")),
+            (std::vector<std::string>{"-0.0", "+5.0", "-0.0", "+-5.0", "-10.0", "+15.0", "-20.0",
+                                      "+15.0", "-10.0", "+15.0", "-20.0", "+15.0"}));
+  EXPECT_EQ(read("back.dxf"), drawing);
+}
+
 TEST_F(ScriptTest, FailedRunKeepsWhatWasSavedBefore) {
   const ProgramRun result =
       runScript("DIMSCALE\n3\n@save\nDIMSCALE\n4\nNOSUCHCOMMAND\n", {"a.dxf", "--save"});

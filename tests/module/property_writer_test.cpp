@@ -134,6 +134,16 @@ TEST(PropertyWriter, AlignmentKeepsTheTextAtThePointThatFixedIt) {
        "A",
        {"2 -> 0"},
        {"7.0", "8.0"}},
+      {"code F keeps the horizontal mode, too",
+       "72 2|11 7.0|21 8.0|31 0.0|74 3",
+       "F",
+       {"3 -> 0"},
+       {"2 ->", "7.0", "8.0"}},
+      {"fit to middle center: the position becomes the alignment point",
+       "72 5|11 7.0|21 8.0|31 0.0|74 0",
+       "MC",
+       {"5 -> 1", "0 -> 2", "7.0 -> 1.0", "8.0 -> 2.0"},
+       {}},
   };
   for (const auto& each : cases) {
     const Lines changed = write(run, sheet(blockReference(attribute("NAME", each.form))),

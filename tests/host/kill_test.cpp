@@ -1,0 +1,89 @@
+// The program is killed while it saves: the drawing is the old one or the new one, whole.
+#include <signal.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+#include "tests/host/drawings.h"
+#include "tests/host/program.h"
+
+namespace kovra::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kSize = 50'000'000;
+constexpr int kKills = 6;
+
+class KillTest : public ProgramTest {
+ protected:
+  bool isSaving() const {
+    for (const std::string& name : files()) {
+      if (name.starts_with(".kovra-")) return true;
+    }
+    return false;
+  }
+
+  /// Starts a run that changes and saves a.dxf, and waits until it writes. False when it ended
+  /// without.
+  bool startSaving(pid_t& program) const {
+    program = start({"a.dxf", "-c", "DIMSCALE", "-c", "3", "--save"});
+    while (!isSaving()) {
+      siginfo_t ended{};
+      waitid(P_PID, static_cast<id_t>(program), &ended, WEXITED | WNOHANG | WNOWAIT);
+      if (ended.si_pid != 0) return false;
+      std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    return true;
+  }
+};
+
+std::string largeDrawing() {
+  std::string drawing = textDrawing();
+  std::string lines;
+  while (lines.size() < kSize) {
+    lines += "  0\nLINE\n100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n 10\n1.0\n 20\n2.0\n 11\n" +
+             std::to_string(lines.size()) + "\n 21\n4.0\n";
+  }
+  return drawing.insert(drawing.rfind("  0\nENDSEC"), lines);
+}
+
+TEST_F(KillTest, LeavesTheOldFileOrTheNewOne) {
+  const std::string before = largeDrawing();
+  write("a.dxf", before);
+  pid_t program = 0;
+  ASSERT_TRUE(startSaving(program));
+  const auto begun = Clock::now();
+  ASSERT_EQ(finish(program).status, 0);
+  const std::chrono::duration<double> saving = Clock::now() - begun;
+  const std::string after = read("a.dxf");
+  ASSERT_NE(after, before);
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> moment(0, 1.1);
+  int oldFiles = 0;
+  bool isOld = false;
+  for (int i = 0; i < kKills; ++i) {
+    if (!isOld) write("a.dxf", before);
+    ASSERT_TRUE(startSaving(program));
+    std::this_thread::sleep_for(moment(random) * saving);
+    kill(program, SIGKILL);
+    finish(program);
+    const std::string left = read("a.dxf");
+    isOld = left == before;
+    ASSERT_TRUE(isOld || left == after) << i << ": " << left.size() << " bytes";
+    if (exists("a.dxf.bak")) {
+      ASSERT_TRUE(read("a.dxf.bak") == before) << i;
+    }
+    oldFiles += isOld ? 1 : 0;
+    // What a killed run leaves behind is in nobody's way.
+    for (const std::string& name : files()) {
+      if (name.starts_with(".kovra-") || name == "a.dxf.bak") std::filesystem::remove(path(name));
+    }
+  }
+  EXPECT_GT(oldFiles, 0) << "none of the kills came while it was saving";
+}
+
+}  // namespace
+}  // namespace kovra::test
