@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "companions/state_store.h"
+#include "platform/win/run_settings.h"
 #include "platform/win/wide_text.h"
 
 using kovra::companions::StateStore;
@@ -14,7 +15,7 @@ using kovra::win::fromUtf8;
 using kovra::win::toUtf8;
 
 struct DialogStateStore::Session {
-  StateStore store{kovra::companions::stateStoreFile()};
+  StateStore store{kovra::win::stateStoreFile()};
   std::optional<std::string> section;
 
   bool select(std::string name) {

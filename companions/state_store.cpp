@@ -1,16 +1,13 @@
 #include "companions/state_store.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
 #include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
 
 namespace kovra::companions {
 namespace {
@@ -96,25 +93,7 @@ bool moveDatabase(const std::filesystem::path& from, const std::filesystem::path
   return !error;
 }
 
-std::filesystem::path homeFolder() {
-  const char* home = std::getenv("HOME");
-  if (home && *home == '/') return home;
-  const passwd* user = ::getpwuid(::getuid());
-  return user && user->pw_dir ? user->pw_dir : "";
-}
-
 }  // namespace
-
-std::filesystem::path stateStoreFile() {
-  const std::filesystem::path& named = win::runSettings().stateStore;
-  if (!named.empty()) return named;
-  const char* stateHome = std::getenv("XDG_STATE_HOME");
-  // Relative paths in that variable are to be ignored (XDG base directories).
-  if (stateHome && *stateHome == '/')
-    return std::filesystem::path(stateHome) / "kovra" / "dialogs.sqlite";
-  const std::filesystem::path home = homeFolder();
-  return home.empty() ? home : home / ".local" / "state" / "kovra" / "dialogs.sqlite";
-}
 
 StateStore::StateStore(std::filesystem::path file) : file_(std::move(file)) {
   if (file_.empty()) return;

@@ -11,10 +11,6 @@
 
 namespace kovra::companions {
 
-/// The file of the user's dialog store: the one that the run names, else
-/// $XDG_STATE_HOME/kovra/dialogs.sqlite with ~/.local/state as the default. Empty without a home.
-std::filesystem::path stateStoreFile();
-
 /// What a key of the store holds: an integer isn't a text.
 using StateValue = std::variant<int, std::string>;
 

@@ -1,7 +1,6 @@
 #include "host/options.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdlib>
 #include <iostream>
 #include <map>
 
@@ -106,17 +105,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
     std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";
     line.exitStatus = kExitUsage;
   }
-  if (line.run.language.empty()) line.run.language = languageOfLocale();
   return line;
-}
-
-std::string languageOfLocale() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value == nullptr || *value == '\0') continue;
-    return std::string_view(value).starts_with("ja") ? "ja" : "en";
-  }
-  return "en";
 }
 
 }  // namespace kovra::host

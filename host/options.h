@@ -26,7 +26,7 @@ struct RunOptions {
   std::filesystem::path output;       ///< empty: none
   std::filesystem::path stateStore;   ///< empty: the user's own
   std::filesystem::path registry;     ///< empty: an empty registry
-  std::string language;               ///< "ja" or "en"
+  std::string language;               ///< "ja" or "en"; empty: the locale's
   bool saveAll = false;
   bool backup = true;
   bool keepGoing = false;
@@ -59,8 +59,5 @@ struct CommandLine {
 
 /// Reads the arguments. Prints help and version to standard output, wrong usage to standard error.
 CommandLine parseCommandLine(int argc, const char* const* argv);
-
-/// "ja" when the locale of the messages (LC_ALL, LC_MESSAGES, LANG) is Japanese, else "en".
-std::string languageOfLocale();
 
 }  // namespace kovra::host

@@ -49,7 +49,9 @@ void applySettings(const RunOptions& options, const ProgramFiles& files) {
   settings.registry = options.registry;
   settings.resourceFolder = files.resources;
   settings.keepBackup = options.backup;
-  settings.language = options.language == "ja" ? win::Language::japanese : win::Language::english;
+  settings.language = options.language.empty()   ? win::localeLanguage()
+                      : options.language == "ja" ? win::Language::japanese
+                                                 : win::Language::english;
   if (!options.project.empty()) win::setCurrentProject(std::filesystem::absolute(options.project));
   if (!options.quiet) {
     win::interaction().setTranscript([](std::string_view text) { std::cout << text; });
@@ -131,9 +133,9 @@ void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
 }
 
 void runSession(const RunOptions& options, const ProgramFiles& files, ProgramErrors& errors) {
+  applySettings(options, files);
   const auto lines = openInput(options);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
-  applySettings(options, files);
   TextModule module(files.module);
   if (const auto loaded = module.load(); !loaded) {
     return errors.report(kExitFile, {}, loaded.error().message);

@@ -5,11 +5,13 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 
 #include "platform/arx/host_api.h"
 #include "platform/win/interaction.h"
 #include "platform/win/pump.h"
+#include "platform/win/run_settings.h"
 #include "platform/win/wide_text.h"
 
 namespace kovra::host {
@@ -41,6 +43,7 @@ Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
   HistEvent event{};
   history(history_.get(), &event, H_SETSIZE, kHistoryLines);
   history(history_.get(), &event, H_SETUNIQUE, 1);
+  loadHistory();
   editor_.reset(el_init("kovra", stdin, stdout, stderr));
   EditLine* editor = editor_.get();
   el_set(editor, EL_CLIENTDATA, this);
@@ -73,6 +76,27 @@ unsigned char Terminal::cancelKey(EditLine* editor, int) {
   return CC_NEWLINE;
 }
 
+void Terminal::loadHistory() {
+  std::filesystem::path file = win::stateStoreFile();
+  if (file.empty()) return;
+  std::error_code failure;
+  std::filesystem::create_directories(std::filesystem::absolute(file).parent_path(), failure);
+  file.replace_extension(".history");
+  const bool exists = std::filesystem::exists(file, failure);
+  // Opening anything else could wait for ever.
+  if (exists && !std::filesystem::is_regular_file(file, failure)) return;
+  historyFile_ = file.native();
+  HistEvent event{};
+  if (exists) history(history_.get(), &event, H_LOAD, historyFile_.c_str());
+}
+
+// Saved with each line, so that it outlives a closed terminal.
+void Terminal::remember(const std::string& line) {
+  HistEvent event{};
+  history(history_.get(), &event, H_ENTER, line.c_str());
+  if (!historyFile_.empty()) history(history_.get(), &event, H_SAVE, historyFile_.c_str());
+}
+
 std::optional<std::string> Terminal::readLine(const std::string& prompt) {
   std::cout.flush();
   prompt_ = prompt;
@@ -97,8 +121,7 @@ std::optional<InputLine> Terminal::next() {
       if (warnOfChanges()) continue;
       return std::nullopt;
     }
-    HistEvent event{};
-    if (!line->empty()) history(history_.get(), &event, H_ENTER, line->c_str());
+    if (!line->empty()) remember(*line);
     return InputLine{*line, {}};
   }
 }

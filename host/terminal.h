@@ -11,7 +11,8 @@ namespace kovra::host {
 
 /// A person at a terminal: line editing and history, the prompt of what waits in front of the line.
 /// Ctrl+C cancels, Ctrl+D ends the input; with unsaved changes only the second time.
-/// Message boxes with several buttons are asked there.
+/// Message boxes with several buttons are asked there. The history is kept from run to run beside
+/// the user's dialog store; where it can't be, it lasts for the run.
 class Terminal : public LineSource {
  public:
   /// `savesAtEnd`: changes are written when the input ends, so there is nothing to warn of.
@@ -29,6 +30,8 @@ class Terminal : public LineSource {
   std::optional<std::string> readLine(const std::string& prompt);
   bool warnOfChanges();
   int askBox(const std::vector<int>& buttons);
+  void loadHistory();
+  void remember(const std::string& line);
   static char* promptOf(EditLine* editor);
   static unsigned char cancelKey(EditLine* editor, int key);
 
@@ -41,6 +44,7 @@ class Terminal : public LineSource {
 
   std::unique_ptr<History, EndHistory> history_;
   std::unique_ptr<EditLine, EndEditor> editor_;
+  std::string historyFile_;  // empty: there is no place for one
   std::string prompt_;
   bool cancelled_ = false;
   bool warned_;

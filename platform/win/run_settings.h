@@ -24,6 +24,10 @@ RunSettings& runSettings();
 /// Makes another project current, or none with an empty path, and counts the generation up.
 void setCurrentProject(const std::filesystem::path& folder);
 
+/// The file of the user's dialog store: the one that the run names, else
+/// $XDG_STATE_HOME/kovra/dialogs.sqlite with ~/.local/state as the default. Empty without a home.
+std::filesystem::path stateStoreFile();
+
 /// The language that the process's locale asks for (LC_ALL, LC_MESSAGES, LANG).
 Language localeLanguage();
 

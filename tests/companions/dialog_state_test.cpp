@@ -258,8 +258,7 @@ TEST_F(DialogState, LiesWhereTheUserKeepsState) {
   const std::string oldHome = home ? home : "";
   ::setenv("HOME", folder.path().c_str(), 1);
   ::setenv("XDG_STATE_HOME", "relative", 1);
-  EXPECT_EQ(kovra::companions::stateStoreFile(),
-            folder.path() / ".local/state/kovra/dialogs.sqlite");
+  EXPECT_EQ(kovra::win::stateStoreFile(), folder.path() / ".local/state/kovra/dialogs.sqlite");
   ::setenv("XDG_STATE_HOME", (folder.path() / "xdg").c_str(), 1);
   EXPECT_TRUE(write(L"X", 1));
   EXPECT_TRUE(std::filesystem::exists(folder.path() / "xdg/kovra/dialogs.sqlite"));

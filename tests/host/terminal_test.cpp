@@ -67,33 +67,45 @@ class Terminal {
 
 using TerminalTest = ProgramTest;
 
-TEST_F(TerminalTest, PromptsEditingHistoryCancelAndAWarning) {
-  write("a.dxf", motorDrawing());
-  Terminal terminal(path("."));
-  const struct {
-    std::string prompt;
-    std::string keys;
-  } steps[] = {
-      {"Command: ", "DIMSCALEX\x7f\r"},
-      {"<1>: ", "5\r"},
-      {"Command: ", "\r"},        // repeats the last command
-      {"<5>: ", "\x03"},          // Ctrl+C
-      {"Command: ", "NOSUCH\r"},  // an error, and on it goes
-      {"Unknown command", ""},
-      {"Command: ", "@show DIMSCALE\r"},
-      {"DIMSCALE=5", ""},
-      {"Command: ", "\x1b[A\r"},  // the line before
-      {"DIMSCALE=5", ""},
-      {"Command: ", "\x04"},
-      {"aren't saved", ""},
-      {"Command: ", "\x04"},
-  };
+struct Step {
+  std::string prompt;
+  std::string keys;
+};
+
+void follow(Terminal& terminal, const std::vector<Step>& steps) {
   for (const auto& step : steps) {
     ASSERT_TRUE(terminal.shows(step.prompt)) << step.prompt << '\n' << terminal.screen();
     terminal.type(step.keys);
   }
   EXPECT_EQ(terminal.exitStatus(), 0) << terminal.screen();
+}
+
+TEST_F(TerminalTest, PromptsEditingHistoryCancelAndAWarning) {
+  write("a.dxf", motorDrawing());
+  Terminal terminal(path("."));
+  follow(terminal, {
+                       {"Command: ", "DIMSCALEX\x7f\r"},
+                       {"<1>: ", "5\r"},
+                       {"Command: ", "\r"},        // repeats the last command
+                       {"<5>: ", "\x03"},          // Ctrl+C
+                       {"Command: ", "NOSUCH\r"},  // an error, and on it goes
+                       {"Unknown command", ""},
+                       {"Command: ", "@show DIMSCALE\r"},
+                       {"DIMSCALE=5", ""},
+                       {"Command: ", "\x1b[A\r"},  // the line before
+                       {"DIMSCALE=5", ""},
+                       {"Command: ", "\x04"},
+                       {"aren't saved", ""},
+                       {"Command: ", "\x04"},
+                   });
   EXPECT_EQ(read("a.dxf"), motorDrawing());
+  // The history lies beside the dialog store, for the next run.
+  Terminal again(path("."));
+  follow(again, {{"Command: ", "\x1b[A\x1b[A\r"},
+                 {"Unknown command", ""},
+                 {"Command: ", "\x1b[A\x1b[A\r"},
+                 {"DIMSCALE=1", ""},
+                 {"Command: ", "\x04"}});
 }
 
 }  // namespace
