@@ -51,12 +51,14 @@ void tell(std::string_view text) {
 }
 
 // Keeps two programs from putting a store aside at the same time: the second one would move the new
-// store of the first. Held on the folder, so that no file is left behind.
+// store of the first. Shared by those who connect: a file that is moved between its opening and its
+// check would get the journal of the new store played back. Held on the folder, so that no file is
+// left behind.
 class FolderLock {
  public:
-  explicit FolderLock(const std::filesystem::path& folder)
+  FolderLock(const std::filesystem::path& folder, int operation)
       : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    held_ = descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX) == 0;
+    held_ = descriptor_ >= 0 && ::flock(descriptor_, operation) == 0;
   }
   ~FolderLock() {
     if (descriptor_ >= 0) ::close(descriptor_);
@@ -100,11 +102,16 @@ StateStore::StateStore(std::filesystem::path file) : file_(std::move(file)) {
   std::error_code error;
   file_ = std::filesystem::absolute(file_, error);
   std::filesystem::create_directories(file_.parent_path(), error);
-  if (connect() == Health::damaged) replaceDamaged();
+  if (connectUndisturbed() == Health::damaged) replaceDamaged();
 }
 
 StateStore::~StateStore() {
   if (phase_ == Phase::writing && !run(connection_.get(), "COMMIT")) abandonWriting();
+}
+
+StateStore::Health StateStore::connectUndisturbed() {
+  const FolderLock lock(file_.parent_path(), LOCK_SH);
+  return connect();
 }
 
 StateStore::Health StateStore::connect() {
@@ -126,7 +133,7 @@ StateStore::Health StateStore::connect() {
 }
 
 void StateStore::replaceDamaged() {
-  const FolderLock lock(file_.parent_path());
+  const FolderLock lock(file_.parent_path(), LOCK_EX);
   // Another program may have replaced it while this one waited for the lock.
   if (!lock || connect() != Health::damaged) return;
   const std::filesystem::path aside = freeName(file_);

@@ -39,6 +39,7 @@ class StateStore {
   enum class Phase { reading, writing, failed };  // failed: not tried, and waited for, again
 
   Health connect();
+  Health connectUndisturbed();
   void replaceDamaged();
   bool beginWriting();
   void abandonWriting();
