@@ -81,13 +81,14 @@ void Terminal::loadHistory() {
   if (file.empty()) return;
   std::error_code failure;
   std::filesystem::create_directories(std::filesystem::absolute(file).parent_path(), failure);
-  file.replace_extension(".history");
+  file += ".history";  // added, so that it can't be the store itself
   const bool exists = std::filesystem::exists(file, failure);
   // Opening anything else could wait for ever.
   if (exists && !std::filesystem::is_regular_file(file, failure)) return;
-  historyFile_ = file.native();
   HistEvent event{};
-  if (exists) history(history_.get(), &event, H_LOAD, historyFile_.c_str());
+  // A file that is no history is somebody else's.
+  if (exists && history(history_.get(), &event, H_LOAD, file.c_str()) < 0) return;
+  historyFile_ = file.native();
 }
 
 // Saved with each line, so that it outlives a closed terminal.

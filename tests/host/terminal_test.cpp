@@ -106,6 +106,11 @@ TEST_F(TerminalTest, PromptsEditingHistoryCancelAndAWarning) {
                  {"Command: ", "\x1b[A\x1b[A\r"},
                  {"DIMSCALE=1", ""},
                  {"Command: ", "\x04"}});
+  // A file of that name that is something else is left alone.
+  write(".state.history", "notes");
+  Terminal third(path("."));
+  follow(third, {{"Command: ", "@show DIMSCALE\r"}, {"DIMSCALE=1", ""}, {"Command: ", "\x04"}});
+  EXPECT_EQ(read(".state.history"), "notes");
 }
 
 }  // namespace
