@@ -164,6 +164,9 @@
 // A command that this build doesn't have
 #define IDS_COMMAND_NOT_BUILT 3900
 
+// IDS_CURRENT_LAYER in the other language: settings that were stored there may hold it
+#define IDS_CURRENT_LAYER_ELSEWHERE 3901
+
 // Dialogs
 #define IDD_TEXT_523 523
 #define IDD_COUNT_UP_526 526

@@ -14,6 +14,8 @@
 #include "platform/arx/entity.h"
 #include "platform/arx/entity_lists.h"
 #include "platform/arx/geometry.h"
+#include "platform/arx/gi.h"
+#include "platform/arx/jig.h"
 #include "platform/arx/symbol_table.h"
 #include "platform/arx/text.h"
 #include "platform/arx/units.h"

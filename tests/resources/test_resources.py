@@ -153,6 +153,7 @@ class StringTest(unittest.TestCase):
     def test_fixed_wordings(self):
         self.assertEqual(STRINGS["ja"][2809], "左寄せ")
         self.assertRegex(STRINGS["ja"][2731] + STRINGS["en"][2731], "^<.*><.*>$")
+        self.assertEqual([STRINGS["ja"][3901], STRINGS["en"][3901]], [STRINGS["en"][2731], STRINGS["ja"][2731]])
 
 
 class DialogTest(unittest.TestCase):
