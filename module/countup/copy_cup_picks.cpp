@@ -54,15 +54,6 @@ bool askPoints(const Pick& pick, ads_point first, ads_point second) {
          pick.secondInput(first, secondPrompt.GetString(), second) == RTNORM;
 }
 
-/// A distance as a field shows it.
-CString FormatDistance(double distance) {
-  ACHAR buffer[128] = {};
-  acdbRToS(distance, 2, -1, buffer);
-  std::wstring text = buffer;
-  TrimNumberTail(text);
-  return CString(text.c_str());
-}
-
 }  // namespace
 
 void CCopyCup::PickDistance(UINT id) {

@@ -12,17 +12,6 @@ namespace {
 
 constexpr ACHAR kSection[] = L"ORVEKovraTextCntUpDlg";
 
-/// Reads a number from 0 to `largest`. Anything else in the store leaves the value alone.
-void readChoice(const DialogStateStore& store, const ACHAR* key, int largest, int& value) {
-  int stored = 0;
-  if (store.GetInt(key, stored) && stored >= 0 && stored <= largest) value = stored;
-}
-
-void readReal(const DialogStateStore& store, const ACHAR* key, double& value) {
-  CString text;
-  if (GetStateText(store, key, text)) value = _wtof(text.GetString());
-}
-
 }  // namespace
 
 void CCopyCup::loadState() {
@@ -36,15 +25,15 @@ void CCopyCup::loadFields(const DialogStateStore& store) {
   int counts = CountUp ? 1 : 0;
   store.GetInt(L"CountUp", counts);
   CountUp = counts != 0;
-  readChoice(store, L"Radix", kRadixRows - 1, Radix);
+  GetStateChoice(store, L"Radix", kRadixRows - 1, Radix);
   store.GetInt(L"CountUpStep", CountUpStep);
-  if (offersRadixStep() && Radix != kDecimalRow) readChoice(store, L"RadixMode", 1, radixMode_);
-  readChoice(store, L"Mode", 1, Mode);
-  readChoice(store, L"Direction", kLastDirection - kFirstDirection, Direction);
+  if (offersRadixStep() && Radix != kDecimalRow) GetStateChoice(store, L"RadixMode", 1, radixMode_);
+  GetStateChoice(store, L"Mode", 1, Mode);
+  GetStateChoice(store, L"Direction", kLastDirection - kFirstDirection, Direction);
   store.GetInt(L"Rows", Rows);
   store.GetInt(L"Cols", Cols);
-  readReal(store, L"RowHeight", RowHeight);
-  readReal(store, L"ColWidth", ColWidth);
+  GetStateReal(store, L"RowHeight", RowHeight);
+  GetStateReal(store, L"ColWidth", ColWidth);
 }
 
 void CCopyCup::saveState() {

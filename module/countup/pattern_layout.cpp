@@ -7,15 +7,10 @@ constexpr int kOneColumn = 0;
 constexpr int kOneRow = 1;
 constexpr int kColumnByColumn = 2;
 
-struct Grid {
-  std::int64_t rows = 1;
-  std::int64_t columns = 1;
-  double rowStep = 0;
-  double columnStep = 0;
-};
+}  // namespace
 
-Grid gridOf(const Pattern& pattern) {
-  Grid grid;
+PatternGrid gridOf(const Pattern& pattern) {
+  PatternGrid grid;
   if (pattern.direction != kOneRow) {
     grid.rows = pattern.rows;
     grid.rowStep = -pattern.rowHeight;
@@ -27,20 +22,23 @@ Grid gridOf(const Pattern& pattern) {
   return grid;
 }
 
-}  // namespace
-
 std::int64_t placeCount(const Pattern& pattern) {
-  const Grid grid = gridOf(pattern);
+  const PatternGrid grid = gridOf(pattern);
   return grid.rows * grid.columns;
 }
 
-Offset placeOffset(const Pattern& pattern, std::int64_t place, double scale) {
-  const Grid grid = gridOf(pattern);
+PatternCell cellOf(const Pattern& pattern, std::int64_t place) {
+  const PatternGrid grid = gridOf(pattern);
   const bool downFirst = pattern.direction == kOneColumn || pattern.direction == kColumnByColumn;
-  const std::int64_t row = downFirst ? place % grid.rows : place / grid.columns;
-  const std::int64_t column = downFirst ? place / grid.rows : place % grid.columns;
-  return {scale * grid.columnStep * static_cast<double>(column),
-          scale * grid.rowStep * static_cast<double>(row)};
+  if (downFirst) return {place % grid.rows, place / grid.rows};
+  return {place / grid.columns, place % grid.columns};
+}
+
+Offset placeOffset(const Pattern& pattern, std::int64_t place, double scale) {
+  const PatternGrid grid = gridOf(pattern);
+  const PatternCell cell = cellOf(pattern, place);
+  return {scale * grid.columnStep * static_cast<double>(cell.column),
+          scale * grid.rowStep * static_cast<double>(cell.row)};
 }
 
 }  // namespace kovra

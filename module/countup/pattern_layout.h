@@ -18,8 +18,25 @@ struct Offset {
   double y;
 };
 
+/// The sizes that a direction makes use of: a single column has no use for the number of columns.
+struct PatternGrid {
+  std::int64_t rows = 1;
+  std::int64_t columns = 1;
+  double rowStep = 0;     ///< upward, before the scale
+  double columnStep = 0;  ///< to the right, before the scale
+};
+PatternGrid gridOf(const Pattern& pattern);
+
+struct PatternCell {
+  std::int64_t row;     ///< downward from 0
+  std::int64_t column;  ///< to the right from 0
+};
+
 /// Number of places, the one of the originals included; below 2 there is nothing to copy.
 std::int64_t placeCount(const Pattern& pattern);
+
+/// Where a place lies, in the order in which places are filled.
+PatternCell cellOf(const Pattern& pattern, std::int64_t place);
 
 /// Distance of a place from the originals in drawing units; place 0 is theirs.
 Offset placeOffset(const Pattern& pattern, std::int64_t place, double scale);

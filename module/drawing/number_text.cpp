@@ -8,4 +8,14 @@ void TrimNumberTail(std::wstring& text) {
   while (text.ends_with(L'.')) text.pop_back();
 }
 
+CString FormatDistance(double distance) {
+  constexpr int kDecimal = 2;
+  constexpr int kPrecisionOfTheDrawing = -1;
+  ACHAR buffer[128] = {};
+  acdbRToS(distance, kDecimal, kPrecisionOfTheDrawing, buffer);
+  std::wstring text = buffer;
+  TrimNumberTail(text);
+  return CString(text.c_str());
+}
+
 }  // namespace kovra

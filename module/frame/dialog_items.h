@@ -22,9 +22,27 @@ int ItemNumber(const CWnd& dialog, int id);
 double ItemReal(const CWnd& dialog, int id);
 
 /// Index of the selected item of a combo box; -1 without a selection.
-int SelectedIndex(CWnd& dialog, int comboId);
+int SelectedIndex(const CWnd& dialog, int comboId);
 void SelectIndex(CWnd& dialog, int comboId, int index);
-/// Appends an item with its data to a combo box.
+/// Appends an item to a combo box.
+void AddComboItem(CWnd& dialog, int comboId, const ACHAR* text);
+/// The same, with the item's data.
 void AddComboItem(CWnd& dialog, int comboId, const ACHAR* text, int data);
+int ComboItemCount(const CWnd& dialog, int comboId);
+/// Empty for an index that the combo box doesn't have.
+CString ComboItemText(const CWnd& dialog, int comboId, int index);
+/// What a combo box stands for: the text of its selected item, and without a selection what its
+/// field holds. While a combo box reports a selection its field still shows the text before.
+CString ComboText(const CWnd& dialog, int comboId);
+
+/// Index of the first item that equals the text without regard to case; -1 if there is none.
+int FindComboItem(const CWnd& dialog, int comboId, const ACHAR* text);
+/// Index of the first item whose number is at most `tolerance` away; -1 if there is none.
+int FindNumberItem(const CWnd& dialog, int comboId, double number, double tolerance);
+/// Selects the first item that equals the text without regard to case. False, with the selection as
+/// it was, when there is none.
+bool SelectComboItem(CWnd& dialog, int comboId, const ACHAR* text);
+/// Selects that item, and without one writes the text into the field of the combo box.
+void SelectOrType(CWnd& dialog, int comboId, const ACHAR* text);
 
 }  // namespace kovra

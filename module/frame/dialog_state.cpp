@@ -12,6 +12,16 @@ bool GetStateText(const DialogStateStore& store, const ACHAR* key, CString& text
   return true;
 }
 
+void GetStateChoice(const DialogStateStore& store, const ACHAR* key, int largest, int& value) {
+  int stored = 0;
+  if (store.GetInt(key, stored) && stored >= 0 && stored <= largest) value = stored;
+}
+
+void GetStateReal(const DialogStateStore& store, const ACHAR* key, double& value) {
+  CString text;
+  if (GetStateText(store, key, text)) value = _wtof(text.GetString());
+}
+
 void RestoreWindowPlace(CWnd& dialog, const DialogStateStore& store) {
   int left = 0;
   int top = 0;
