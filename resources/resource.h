@@ -167,6 +167,9 @@
 // IDS_CURRENT_LAYER in the other language: settings that were stored there may hold it
 #define IDS_CURRENT_LAYER_ELSEWHERE 3901
 
+// A picked value doesn't fit into the multi-line field
+#define IDS_TEXT_TOO_LONG 3902
+
 // Dialogs
 #define IDD_TEXT_523 523
 #define IDD_COUNT_UP_526 526

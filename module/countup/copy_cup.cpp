@@ -10,6 +10,7 @@
 #include "module/countup/step_fields.h"
 #include "module/drawing/current_database.h"
 #include "module/drawing/drawing_scale.h"
+#include "module/drawing/number_text.h"
 #include "module/frame/dialog_items.h"
 #include "module/frame/gates.h"
 #include "module/frame/reporting.h"
@@ -108,8 +109,8 @@ void CCopyCup::showFields() {
   CheckRadioButton(kDragMode, kPatternMode, kDragMode + Mode);
   if (Rows > 0) SetDlgItemInt(kRows, static_cast<UINT>(Rows), TRUE);
   if (Cols > 0) SetDlgItemInt(kCols, static_cast<UINT>(Cols), TRUE);
-  if (std::abs(RowHeight) > kNoDistance) showDistance(kRowHeight, RowHeight);
-  if (std::abs(ColWidth) > kNoDistance) showDistance(kColWidth, ColWidth);
+  if (std::abs(RowHeight) > kNoDistance) SetDlgItemText(kRowHeight, FormatDistance(RowHeight));
+  if (std::abs(ColWidth) > kNoDistance) SetDlgItemText(kColWidth, FormatDistance(ColWidth));
 }
 
 BOOL CCopyCup::DestroyWindow() {

@@ -70,7 +70,6 @@ class CCopyCup : public CAcUiDialog {
   bool CleanCountField(int id);
   void syncStep(bool fromRadix);
   bool askDistance(UINT id);
-  void showDistance(int id, double distance);
   void markDirection();
   bool offersRadixStep() const;
 

@@ -8,6 +8,10 @@ namespace kovra {
 /// Text: places new texts (export 1000).
 void TextCommand();
 
+/// Text from data version "7.00" on. Opens its modeless dialog; with the dialog open, carries out
+/// what its buttons asked for.
+void RunText7Command();
+
 /// Resize text: changes the height of one text, one pass of its dialog at each call (1001).
 void ResizeTextCommand();
 

@@ -35,6 +35,11 @@ bool IsItemEnabled(const CWnd& dialog, int id) {
   return item != nullptr && item->IsWindowEnabled();
 }
 
+bool IsItemShown(const CWnd& dialog, int id) {
+  const CWnd* item = dialog.GetDlgItem(id);
+  return item != nullptr && (item->GetStyle() & WS_VISIBLE) != 0;
+}
+
 bool IsItemChecked(const CWnd& dialog, int id) {
   return dialog.IsDlgButtonChecked(id) == BST_CHECKED;
 }

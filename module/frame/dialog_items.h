@@ -11,6 +11,8 @@ namespace kovra {
 void EnableItem(CWnd& dialog, int id, bool enable);
 void EnableItems(CWnd& dialog, std::initializer_list<int> ids, bool enable);
 bool IsItemEnabled(const CWnd& dialog, int id);
+/// Whether the dialog shows the control as soon as it is on the screen itself.
+bool IsItemShown(const CWnd& dialog, int id);
 
 bool IsItemChecked(const CWnd& dialog, int id);
 void CheckItem(CWnd& dialog, int id, bool check);

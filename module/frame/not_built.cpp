@@ -9,9 +9,6 @@ constexpr UINT kCommandNotBuilt = 3900;
 
 }  // namespace
 
-void TextCommand() {
-  ProjectMessage(kCommandNotBuilt);
-}
 void ResizeTextCommand() {
   ProjectMessage(kCommandNotBuilt);
 }

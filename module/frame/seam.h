@@ -16,6 +16,7 @@
 #include "platform/arx/geometry.h"
 #include "platform/arx/gi.h"
 #include "platform/arx/jig.h"
+#include "platform/arx/message_hooks.h"
 #include "platform/arx/symbol_table.h"
 #include "platform/arx/text.h"
 #include "platform/arx/units.h"

@@ -64,6 +64,9 @@ class AcDbDatabase {
   AcDbObjectId clayer() const;
   AcDbObjectId textstyle() const;
   double textsize() const;
+  /// Axes of the current UCS of the current space, of length 1, in world coordinates.
+  AcGeVector3d ucsxdir() const;
+  AcGeVector3d ucsydir() const;
   /// The space that new entities go to: model space, or the paper space in use when $TILEMODE is 0.
   AcDbObjectId currentSpaceId() const;
   AcDbObjectId modelSpaceId() const;

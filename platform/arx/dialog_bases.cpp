@@ -9,6 +9,10 @@ CMDIFrameWnd* acedGetAcadFrame() {
 
 void InitAcUiDLL() {}
 
+IMPLEMENT_DYNAMIC(CAdUiBaseDialog, CDialog)
+IMPLEMENT_DYNAMIC(CAdUiDialog, CAdUiBaseDialog)
+IMPLEMENT_DYNAMIC(CAcUiDialog, CAdUiDialog)
+
 BEGIN_MESSAGE_MAP(CAdUiBaseDialog, CDialog)
 ON_MESSAGE(kKeepFocusMessage, &CAdUiBaseDialog::OnKeepFocus)
 END_MESSAGE_MAP()

@@ -11,6 +11,7 @@ void InitAcUiDLL();
 
 /// A dialog that can hand the drawing to the user while it is open.
 class CAdUiBaseDialog : public CDialog {
+  DECLARE_DYNAMIC(CAdUiBaseDialog)
  public:
   /// Templates come from `resources`; null: from the resource chain.
   explicit CAdUiBaseDialog(UINT templateId, CWnd* parent = nullptr, HINSTANCE resources = nullptr);
@@ -33,6 +34,7 @@ class CAdUiBaseDialog : public CDialog {
 };
 
 class CAdUiDialog : public CAdUiBaseDialog {
+  DECLARE_DYNAMIC(CAdUiDialog)
  public:
   using CAdUiBaseDialog::CAdUiBaseDialog;
 
@@ -42,6 +44,7 @@ class CAdUiDialog : public CAdUiBaseDialog {
 };
 
 class CAcUiDialog : public CAdUiDialog {
+  DECLARE_DYNAMIC(CAcUiDialog)
  public:
   using CAdUiDialog::CAdUiDialog;
 };

@@ -40,14 +40,30 @@ void setHeaderPoint(AcDbDatabase& database, const char* name, const AcGePoint3d&
 constexpr AcGePoint3d kXPoint(1, 0, 0);
 constexpr AcGePoint3d kYPoint(0, 1, 0);
 
+AcGeVector3d ucsAxis(const AcDbDatabase& database, const char* UcsNames::*name,
+                     const AcGePoint3d& other) {
+  return headerPoint(database, ucsNames(database).*name, other).asVector().normal();
+}
+
 }  // namespace
+
+}  // namespace kovra::arx
+
+AcGeVector3d AcDbDatabase::ucsxdir() const {
+  return kovra::arx::ucsAxis(*this, &kovra::arx::UcsNames::xAxis, kovra::arx::kXPoint);
+}
+
+AcGeVector3d AcDbDatabase::ucsydir() const {
+  return kovra::arx::ucsAxis(*this, &kovra::arx::UcsNames::yAxis, kovra::arx::kYPoint);
+}
+
+namespace kovra::arx {
 
 AcGeMatrix3d ucsToWcs(const AcApDocument& document) {
   const AcDbDatabase& database = *document.database();
-  const UcsNames& names = ucsNames(database);
-  const AcGePoint3d origin = headerPoint(database, names.origin, AcGePoint3d());
-  const AcGeVector3d x = headerPoint(database, names.xAxis, kXPoint).asVector().normal();
-  const AcGeVector3d y = headerPoint(database, names.yAxis, kYPoint).asVector().normal();
+  const AcGePoint3d origin = headerPoint(database, ucsNames(database).origin, AcGePoint3d());
+  const AcGeVector3d x = database.ucsxdir();
+  const AcGeVector3d y = database.ucsydir();
   const AcGeVector3d z = x.crossProduct(y);
   if (z.isZeroLength()) return AcGeMatrix3d();
   AcGeMatrix3d matrix;

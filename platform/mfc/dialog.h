@@ -4,6 +4,7 @@
 
 /// A dialog made from a template of the resource chain.
 class CDialog : public CWnd {
+  DECLARE_DYNAMIC(CDialog)
  public:
   CDialog() = default;
   explicit CDialog(UINT templateId, CWnd* parent = nullptr);

@@ -30,6 +30,9 @@ class MessageScope {
 
 }  // namespace
 
+IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
+IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
+
 LRESULT AfxCallWndProc(CWnd* window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
   const MessageScope scope(MSG{handle, message, wParam, lParam, 0, {}});
   if (message == WM_NCDESTROY) return window->lastMessage(wParam, lParam);

@@ -46,6 +46,7 @@ struct AFX_MSGMAP {
 
 /// Something with a message map.
 class CCmdTarget : public CObject {
+  DECLARE_DYNAMIC(CCmdTarget)
  public:
   /// Looks a command or notification up in the map; false when nobody handled it.
   virtual BOOL OnCmdMsg(UINT id, int code, AFX_MESSAGE& message);
@@ -61,6 +62,7 @@ class CCmdTarget : public CObject {
 /// SubclassWindow; the window's end unties them and calls PostNcDestroy, where objects made with
 /// new delete themselves.
 class CWnd : public CCmdTarget {
+  DECLARE_DYNAMIC(CWnd)
  public:
   CWnd() = default;
   ~CWnd() override;

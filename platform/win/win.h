@@ -1,6 +1,7 @@
 #pragma once
 
 /// All of the windowing platform's names that programs written for it use.
+#include "platform/win/cursors.h"
 #include "platform/win/icons.h"
 #include "platform/win/input_method.h"
 #include "platform/win/message_box.h"

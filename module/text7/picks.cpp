@@ -1,0 +1,220 @@
+#include "module/text7/picks.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "module/countup/spacing_pick.h"
+#include "module/drawing/attachment.h"
+#include "module/drawing/auto_var.h"
+#include "module/drawing/group_list.h"
+#include "module/drawing/layers.h"
+#include "module/frame/dialog_items.h"
+#include "module/frame/reporting.h"
+#include "module/text7/text7_dlg.h"
+#include "module/text7/text7_ids.h"
+
+namespace kovra {
+
+using namespace text7;
+
+namespace {
+
+constexpr UINT kTextPrompt = 2755;
+constexpr int kTextPromptLength = 256;
+constexpr UINT kLayerLocked = 2822;
+constexpr UINT kTextTooLong = 3902;
+
+constexpr int kTypeGroup = 0;
+constexpr int kValueGroup = 1;
+constexpr int kTagGroup = 2;
+constexpr int kStyleGroup = 7;
+constexpr int kLayerGroup = 8;
+constexpr int kHeightGroup = 40;
+constexpr int kWidthFactorGroup = 41;
+constexpr int kRotationGroup = 50;
+constexpr int kHorizontalGroup = 72;
+constexpr int kTextVerticalGroup = 73;
+constexpr int kAttributeVerticalGroup = 74;
+
+constexpr double kPi = 3.141592653589793;
+
+// Longest text of the multi-line field that a picked value is inserted into.
+constexpr int kLongestText = 511;
+
+/// A property that can be picked.
+struct PickRow {
+  int button;
+  int target;
+  int group;
+  const ACHAR* missing;  ///< what counts when the entity doesn't have the group
+};
+
+constexpr PickRow PickTable[] = {
+    {kPickValue, kValue, kValueGroup, L""},
+    {kPickLayer, kLayer, kLayerGroup, L"0"},
+    {kPickStyle, kStyle, kStyleGroup, L"STANDARD"},
+    {kPickHeight, kHeight, kHeightGroup, L"2.0"},
+    {kPickWidthFactor, kWidthFactor, kWidthFactorGroup, L"1"},
+    {kPickRotation, kRotation, kRotationGroup, L"0"},
+    {kPickJustification, kJustification, kHorizontalGroup, L""},
+};
+
+enum class Kind { other, text, attribute, definition };
+
+bool isPickButton(int id) {
+  const auto isRow = [id](const PickRow& row) { return row.button == id; };
+  return id == kPickAll || std::any_of(std::begin(PickTable), std::end(PickTable), isRow);
+}
+
+/// The row of the button; that of all properties stands for every row but the value's.
+bool countsFor(const PickRow& row, int button) {
+  return button == kPickAll ? row.button != kPickValue : row.button == button;
+}
+
+/// The list of the text that the user picks; null for nothing.
+GroupList pickText() {
+  ads_name entity = {};
+  ads_point point = {};
+  ads_matrix matrix = {};
+  resbuf* containers = nullptr;
+  const CString prompt = ResourceText(kTextPrompt, kTextPromptLength);
+  const int result = acedNEntSelP(prompt.GetString(), entity, point, 0, matrix, &containers);
+  const GroupList released(containers);
+  return GroupList(result == RTNORM ? acdbEntGet(entity) : nullptr);
+}
+
+Kind kindOf(resbuf* list) {
+  const resbuf* type = FindGroup(list, kTypeGroup);
+  if (type == nullptr || type->resval.rstring == nullptr) return Kind::other;
+  const CString name = type->resval.rstring;
+  if (name.CompareNoCase(L"TEXT") == 0) return Kind::text;
+  if (name.CompareNoCase(L"ATTRIB") == 0) return Kind::attribute;
+  return name.CompareNoCase(L"ATTDEF") == 0 ? Kind::definition : Kind::other;
+}
+
+int numberOf(resbuf* list, int group) {
+  const resbuf* found = FindGroup(list, group);
+  return found != nullptr ? found->resval.rint : 0;
+}
+
+/// Degrees from just above a half turn below 0 up to a half turn.
+double shownDegrees(double radians) {
+  constexpr double kLargest = 180.0001;
+  const double degrees = radians * 180 / kPi;
+  return degrees >= kLargest ? degrees - 360 : degrees;
+}
+
+CString PickedValue(CText7Dlg& dialog, const PickRow& row, resbuf* list) {
+  const resbuf* found = FindGroup(list, row.group);
+  if (found == nullptr) return row.missing;
+  switch (row.group) {
+    case kHeightGroup:
+      return dialog.NumberText(found->resval.rreal / DrawingScale);
+    case kWidthFactorGroup:
+      return dialog.NumberText(found->resval.rreal);
+    case kRotationGroup:
+      return dialog.NumberText(shownDegrees(found->resval.rreal));
+    default:
+      return found->resval.rstring;
+  }
+}
+
+/// The reverse of AttachIndexToModes; an aligned or fitted text counts as the first entry.
+int JustificationIndex(resbuf* list, Kind kind) {
+  const int horizontal = numberOf(list, kHorizontalGroup);
+  const int vertical =
+      numberOf(list, kind == Kind::text ? kTextVerticalGroup : kAttributeVerticalGroup);
+  if (vertical != 0) return horizontal - 3 * vertical + kAttachments;
+  if (horizontal >= 0 && horizontal <= 2) return horizontal;
+  return horizontal == 4 ? 3 : 0;
+}
+
+/// Puts the value in the place of the selection, or at the caret.
+void InsertAtCaret(CText7Dlg& dialog, const CString& value) {
+  CWnd* field = dialog.GetDlgItem(kLines);
+  if (field == nullptr) return;
+  DWORD from = 0;
+  DWORD to = 0;
+  field->SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  const CString former = ItemText(dialog, kLines);
+  const CString text =
+      former.Left(static_cast<int>(from)) + value + former.Mid(static_cast<int>(to));
+  if (text.GetLength() > kLongestText) {
+    AfxMessageBox(ResourceText(kTextTooLong).GetString());
+    return;
+  }
+  field->SetWindowText(text);
+  field->SetFocus();
+  const auto caret = static_cast<LPARAM>(from) + value.GetLength();
+  field->SendMessage(EM_SETSEL, static_cast<WPARAM>(caret), caret);
+  field->SendMessage(EM_SCROLLCARET);
+}
+
+void appendToValue(CText7Dlg& dialog, const CString& value) {
+  dialog.SetDlgItemText(kValue, ItemText(dialog, kValue) + value);
+}
+
+void ApplyPicked(CText7Dlg& dialog, const PickRow& row, const CString& value) {
+  if (row.target == kValue) {
+    if (dialog.MultiLine) {
+      InsertAtCaret(dialog, value);
+    } else {
+      appendToValue(dialog, value);
+    }
+  } else if (row.target == kLayer && IsLayerLocked(value.GetString())) {
+    CString message;
+    message.Format(ResourceText(kLayerLocked), value.GetString());
+    AfxMessageBox(message);
+  } else {
+    SelectOrType(dialog, row.target, value.GetString());
+  }
+}
+
+void applyText(CText7Dlg& dialog, int button, resbuf* list, Kind kind) {
+  for (const PickRow& row : PickTable) {
+    if (!countsFor(row, button)) continue;
+    if (row.target == kJustification) {
+      SelectIndex(dialog, kJustification, JustificationIndex(list, kind));
+    } else {
+      ApplyPicked(dialog, row, PickedValue(dialog, row, list));
+    }
+  }
+}
+
+/// Whatever the button, an attribute definition gives its tag.
+void applyTag(CText7Dlg& dialog, resbuf* list) {
+  const resbuf* tag = FindGroup(list, kTagGroup);
+  if (tag != nullptr) appendToValue(dialog, tag->resval.rstring);
+}
+
+}  // namespace
+
+void PickProperty(int buttonId) {
+  if (!isPickButton(buttonId)) return;
+  CText7Dlg* dialog = OpenText7Dlg();
+  CAutoVar snap;
+  snap.Set(L"SNAPMODE", 0);
+  dialog->ShowWindow(SW_HIDE);
+  const GroupList list = pickText();
+  dialog = OpenText7Dlg();
+  if (dialog == nullptr) return;
+  dialog->ShowWindow(SW_SHOW);
+  const Kind kind = kindOf(list.get());
+  if (kind == Kind::definition) {
+    applyTag(*dialog, list.get());
+  } else if (kind != Kind::other) {
+    applyText(*dialog, buttonId, list.get(), kind);
+  }
+  dialog->UpdateOkState();
+}
+
+void PickSpacing(int buttonId) {
+  CText7Dlg& dialog = *OpenText7Dlg();
+  dialog.CollectFields();
+  const auto spacing = static_cast<Spacing>(buttonId - kPickBoth);
+  PickDistances(dialog, spacing,
+                {kRowHeight, kColWidth, dialog.RowHeight, dialog.ColWidth, DrawingScale});
+  if (CText7Dlg* open = OpenText7Dlg()) open->ActivateToolTip();
+}
+
+}  // namespace kovra
