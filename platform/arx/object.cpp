@@ -95,6 +95,16 @@ const std::wstring& AcDbObject::cachedText(TextSlot slot, kovra::arx::Property p
   return text;
 }
 
+const kovra::arx::LineSize& AcDbObject::textSize() const {
+  constexpr std::uint8_t kBit = 1U << 6U;
+  kovra::arx::ObjectBody& body = *body_;
+  if ((body.validTexts & kBit) == 0) {
+    body.textSize = kovra::arx::measureLine(body.texts[static_cast<std::size_t>(TextSlot::kText)]);
+    body.validTexts = static_cast<std::uint8_t>(body.validTexts | kBit);
+  }
+  return body.textSize;
+}
+
 // Most objects of a drawing are opened for one look at a name or a tag, which costs no decoding.
 void AcDbObject::decodeText(kovra::arx::Property property, std::wstring& text) const {
   if (!body_->decoded && record_ < database_->store().count()) {
@@ -107,7 +117,7 @@ void AcDbObject::decodeText(kovra::arx::Property property, std::wstring& text) c
 }
 
 Acad::ErrorStatus AcDbObject::apply(const std::function<bool(kovra::arx::RecordEdit&)>& change,
-                                    bool* changed) {
+                                    bool* changed, kovra::arx::Touched touched) {
   if (!canWrite()) return Acad::eNotOpenForWrite;
   static_cast<void>(groups());
   kovra::arx::RecordEdit edit(body_->draft, database_ != nullptr ? &database_->store() : nullptr,
@@ -115,7 +125,7 @@ Acad::ErrorStatus AcDbObject::apply(const std::function<bool(kovra::arx::RecordE
   const bool did = change(edit);
   if (did) {
     modified_ = true;
-    body_->validTexts = 0;
+    if (touched != kovra::arx::Touched::kNumbers) body_->validTexts = 0;
   }
   if (changed != nullptr) *changed = did;
   return Acad::eOk;

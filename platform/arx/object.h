@@ -20,13 +20,17 @@ class TextCodec;
 namespace kovra::arx {
 class ObjectTable;
 class RecordEdit;
+struct LineSize;
 struct ObjectBody;
 struct Property;
 
 /// Chooses the constructors of objects that get their groups from a stored record.
 struct Stored {};
 
-/// Texts of an object that are kept decoded as long as it doesn't change.
+/// What a change may touch: texts too, or numbers alone.
+enum class Touched { kAll, kNumbers };
+
+/// Texts of an object that are kept decoded as long as they don't change.
 enum class TextSlot { kLayer, kLinetype, kText, kName, kStyle, kPrompt };
 }  // namespace kovra::arx
 
@@ -84,10 +88,13 @@ class AcDbObject : public AcGiDrawable {
   /// A text property, decoded once; valid until the object changes or closes. Empty if the group is
   /// missing.
   const std::wstring& cachedText(kovra::arx::TextSlot slot, kovra::arx::Property property) const;
+  /// Size of the text that slot kText holds, which must have been asked for; measured once.
+  const kovra::arx::LineSize& textSize() const;
   /// Carries a change out. It gets a RecordEdit and says whether something changed; `changed` (if
   /// not null) is told. eNotOpenForWrite.
   Acad::ErrorStatus apply(const std::function<bool(kovra::arx::RecordEdit&)>& change,
-                          bool* changed = nullptr);
+                          bool* changed = nullptr,
+                          kovra::arx::Touched touched = kovra::arx::Touched::kAll);
   bool canWrite() const { return database_ == nullptr || writer_; }
   std::uint32_t recordIndex() const { return record_; }
   /// Last chance to bring groups in step before changes go to the record.

@@ -16,6 +16,8 @@ const dxf::Dialect& freeDialect() {
   static const dxf::Dialect dialect = [] {
     dxf::Dialect newest;
     newest.release = dxf::kR2018;
+    newest.binary = true;
+    newest.wideCodes = true;
     newest.subclassMarkers = true;
     return newest;
   }();

@@ -9,6 +9,7 @@
 
 #include "platform/arx/geometry.h"
 #include "platform/arx/object.h"
+#include "platform/arx/text_metrics.h"
 #include "platform/dxf/record_draft.h"
 #include "platform/dxf/structure.h"
 
@@ -18,11 +19,13 @@ namespace kovra::arx {
 struct ObjectBody {
   dxf::RecordDraft draft;
   std::array<std::wstring, 6> texts;
-  std::uint8_t validTexts = 0;  ///< bits by TextSlot
+  LineSize textSize;            ///< of the text in slot kText
+  std::uint8_t validTexts = 0;  ///< bits by TextSlot, and one behind them for textSize
   bool decoded = false;         ///< the draft holds the record
 };
 
-/// How objects outside a database keep their groups: as the newest release, in UTF-8.
+/// How objects outside a database keep their groups: as the newest release, in UTF-8. Numbers are
+/// in binary form, which costs least where texts are moved again and again.
 const dxf::Dialect& freeDialect();
 const dxf::TextCodec& freeCodec();
 

@@ -31,10 +31,10 @@ std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
 /// The attribute's own marker, if the text property may stand below it. 71 has another meaning
 /// there, and with an embedded object 72 and 11 too.
 std::string_view otherPart(const dxf::RecordDraft& draft, int code) {
+  const bool definition = draft.kind() == dxf::RecordKind::kAttDef;
+  if (!definition && draft.kind() != dxf::RecordKind::kAttrib) return {};
   if (code == 71 || code == 1 || code == 40 || !draft.embedded().empty()) return {};
-  if (draft.kind() == dxf::RecordKind::kAttrib) return kAttributePart;
-  if (draft.kind() == dxf::RecordKind::kAttDef) return kDefinitionPart;
-  return {};
+  return definition ? kDefinitionPart : kAttributePart;
 }
 
 }  // namespace
@@ -210,7 +210,7 @@ bool RecordEdit::setPoint(Property property, const AcGePoint3d& point) {
     draft_.insertReal(at + 2, property.code + 20, point.z);
     return true;
   }
-  const AcGePoint3d present = *readPoint(draft_, property);
+  const AcGePoint3d present = pointAt(draft_, x);
   if (present.x == point.x && present.y == point.y && present.z == point.z) return false;
   draft_.setReal(x, point.x);
   const std::size_t y = coordinate(draft_, x, 1);

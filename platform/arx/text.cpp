@@ -68,9 +68,10 @@ dxf::RecordDraft& AcDbText::startText(const char* typeName) {
   return draft;
 }
 
-Acad::ErrorStatus AcDbText::applyPlaced(const std::function<bool(RecordEdit&)>& change) {
+Acad::ErrorStatus AcDbText::applyPlaced(const std::function<bool(RecordEdit&)>& change,
+                                        Touched touched) {
   bool changed = false;
-  const Acad::ErrorStatus status = apply(change, &changed);
+  const Acad::ErrorStatus status = apply(change, &changed, touched);
   placeChanged_ |= changed;
   return status;
 }
@@ -92,26 +93,26 @@ AcGePoint3d AcDbText::alignmentPoint() const {
 }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
-  return setPoint(kTextPosition.code, position(), point);
+  return setPoint(kTextPosition, point);
 }
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
-  return setPoint(kTextAlignment.code, alignmentPoint(), point);
+  return setPoint(kTextAlignment, point);
 }
 
-Acad::ErrorStatus AcDbText::setPoint(int code, const AcGePoint3d& present,
-                                     const AcGePoint3d& point) {
+Acad::ErrorStatus AcDbText::setPoint(const Property& property, const AcGePoint3d& point) {
   if (!isFinite(point)) return Acad::eInvalidInput;
-  const Property property{kTextPart, code};
-  const bool isMissing = findProperty(groups(), property) == dxf::kNoGroup;
-  if (isSame(present, point) && (!isMissing || isDefaultAlignment()))
-    return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
-  AcGePoint3d inPlane = wcsToOcs(point, normal());
-  // Old drawings give z by the elevation alone.
   const std::optional<AcGePoint3d> stored = readPoint(groups(), property);
+  const AcGeVector3d plane = normal();
+  if (isSame(ocsToWcs(textPoint(groups(), property), plane), point) &&
+      (stored || isDefaultAlignment()))
+    return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
+  AcGePoint3d inPlane = wcsToOcs(point, plane);
+  // Old drawings give z by the elevation alone.
   if (stored && stored->z == 0 && inPlane.z == readReal(groups(), {kEntityPart, 38}, 0))
     inPlane.z = 0;
-  return applyPlaced([&](RecordEdit& edit) { return edit.setPoint(property, inPlane); });
+  return applyPlaced([&](RecordEdit& edit) { return edit.setPoint(property, inPlane); },
+                     Touched::kNumbers);
 }
 
 Adesk::Boolean AcDbText::isDefaultAlignment() const {

@@ -80,8 +80,9 @@ class AcDbText : public AcDbEntity {
 
  private:
   /// As apply, for what the text's place follows from.
-  Acad::ErrorStatus applyPlaced(const std::function<bool(kovra::arx::RecordEdit&)>& change);
-  Acad::ErrorStatus setPoint(int code, const AcGePoint3d& present, const AcGePoint3d& point);
+  Acad::ErrorStatus applyPlaced(const std::function<bool(kovra::arx::RecordEdit&)>& change,
+                                kovra::arx::Touched touched = kovra::arx::Touched::kAll);
+  Acad::ErrorStatus setPoint(const kovra::arx::Property& property, const AcGePoint3d& point);
   kovra::arx::TextShape shape(const AcDbDatabase* database) const;
   Acad::ErrorStatus setFlag(std::int64_t flag, bool on);
 

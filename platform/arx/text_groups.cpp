@@ -103,6 +103,7 @@ PlacementGroups locatePlacement(const dxf::RecordDraft& draft) {
     if (std::size_t* place = groups.of(code); place != nullptr && *place == dxf::kNoGroup)
       *place = i;
   }
+  if (draft.kind() == dxf::RecordKind::kText) return groups;
   // Groups that some writers put below the attribute's own marker.
   const auto lookElsewhere = [&](std::size_t& place, Property property) {
     if (place == dxf::kNoGroup) place = findProperty(draft, property);

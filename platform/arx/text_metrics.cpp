@@ -128,30 +128,27 @@ void placeBetweenPoints(const TextShape& shape, double advance, TextPlacement& p
 }
 
 /// The box of a vertical line hangs from the base point and is centred on it.
-void boxOf(const TextShape& shape, double advance, TextPlacement& place) {
+void boxOf(const TextShape& shape, const LineSize& size, TextPlacement& place) {
   if (!shape.vertical) {
-    place.width = advance * place.height * place.widthFactor;
+    place.width = size.advance * place.height * place.widthFactor;
     place.top = place.height;
     return;
   }
   place.width = kFullWidthAdvance * place.height * place.widthFactor;
   place.top = place.height;
-  place.bottom = place.height - kVerticalAdvance * place.height * drawnCharacters(shape.text);
+  place.bottom = place.height - kVerticalAdvance * place.height * size.characters;
   if (place.bottom > 0) place.bottom = 0;
 }
 
 }  // namespace
 
-double lineAdvance(std::wstring_view text) {
-  double sum = 0;
-  forEachDrawn(text, [&](double advance) { sum += advance; });
-  return sum;
-}
-
-int drawnCharacters(std::wstring_view text) {
-  int count = 0;
-  forEachDrawn(text, [&](double) { ++count; });
-  return count;
+LineSize measureLine(std::wstring_view text) {
+  LineSize size;
+  forEachDrawn(text, [&](double advance) {
+    size.advance += advance;
+    ++size.characters;
+  });
+  return size;
 }
 
 TextPlacement placeText(const TextShape& shape) {
@@ -160,11 +157,11 @@ TextPlacement placeText(const TextShape& shape) {
   place.height = shape.height;
   place.widthFactor = shape.widthFactor;
   place.rotation = shape.rotation;
-  const double advance = lineAdvance(shape.text);
+  const LineSize size = shape.size ? *shape.size : measureLine(shape.text);
   const bool betweenPoints =
       shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit;
-  if (betweenPoints && !shape.vertical) placeBetweenPoints(shape, advance, place);
-  boxOf(shape, advance, place);
+  if (betweenPoints && !shape.vertical) placeBetweenPoints(shape, size.advance, place);
+  boxOf(shape, size, place);
   if (betweenPoints || !usesAlignmentPoint(shape.horizontal, shape.verticalMode)) return place;
 
   Offset offset = alignmentOffset(shape, place);

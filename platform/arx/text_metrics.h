@@ -1,5 +1,6 @@
 // How long and high a line of text is. docs/text-metrics.md publishes the rules.
 #pragma once
+#include <optional>
 #include <string_view>
 
 #include "platform/arx/enums.h"
@@ -16,16 +17,20 @@ inline constexpr double kVerticalAdvance = 1.5;
 /// From one line of a multi-line text to the next at spacing factor 1, in heights.
 inline constexpr double kLineAdvance = 5.0 / 3.0;
 
-/// Sum of the advances in heights at width factor 1; the codes %%c %%d %%p count one character, %%u
-/// %%o
-/// %%k none, %%nnn one.
-double lineAdvance(std::wstring_view text);
-/// Characters that are drawn, which is the length of a vertical text.
-int drawnCharacters(std::wstring_view text);
+/// How much a line draws. The codes %%c %%d %%p count one character, %%u %%o %%k none, %%nnn one.
+struct LineSize {
+  double advance = 0;  ///< sum of the advances, in heights at width factor 1
+  int characters = 0;  ///< the length of a vertical text
+};
+LineSize measureLine(std::wstring_view text);
+inline double lineAdvance(std::wstring_view text) {
+  return measureLine(text).advance;
+}
 
 /// What decides a line's box and place. Points in the text's own plane (OCS), angles in radians.
 struct TextShape {
   std::wstring_view text;
+  std::optional<LineSize> size;  ///< of the text, if it has been measured
   double height = 0;
   double widthFactor = 1;
   double oblique = 0;

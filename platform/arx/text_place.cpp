@@ -16,6 +16,7 @@ using namespace kovra::arx;
 TextShape AcDbText::shape(const AcDbDatabase* given) const {
   TextShape result = textShape(groups());
   result.text = cachedText(TextSlot::kText, kTextValue);
+  result.size = textSize();
   const AcDbDatabase* names = given != nullptr ? given : databaseForNames();
   if (names != nullptr && names->hasDrawing())
     result.vertical = names->textStyles().find(textStyleName()).vertical;
@@ -24,19 +25,21 @@ TextShape AcDbText::shape(const AcDbDatabase* given) const {
 
 Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* given) {
   if (!canWrite()) return Acad::eNotOpenForWrite;
-  if (isDefaultAlignment()) return Acad::eOk;
-  const TextPlacement place = placeText(shape(given));
-  const AcDb::TextHorzMode mode = horizontalMode();
-  return applyPlaced([&](RecordEdit& edit) {
-    if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) {
-      bool changed = edit.setReal(kTextHeight, place.height);
-      changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
-      if (place.rotation != textRotation(edit.draft()))
-        changed |= edit.setReal(kTextRotation, degreesOf(place.rotation), 0);
-      return changed;
-    }
-    return edit.setPoint(kTextPosition, place.position);
-  });
+  const TextShape line = shape(given);
+  if (!usesAlignmentPoint(line.horizontal, line.verticalMode)) return Acad::eOk;
+  const TextPlacement place = placeText(line);
+  return applyPlaced(
+      [&](RecordEdit& edit) {
+        if (line.horizontal == AcDb::kTextAlign || line.horizontal == AcDb::kTextFit) {
+          bool changed = edit.setReal(kTextHeight, place.height);
+          changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
+          if (place.rotation != textRotation(edit.draft()))
+            changed |= edit.setReal(kTextRotation, degreesOf(place.rotation), 0);
+          return changed;
+        }
+        return edit.setPoint(kTextPosition, place.position);
+      },
+      Touched::kNumbers);
 }
 
 void AcDbText::subAppend(const AcDbDatabase& target) {

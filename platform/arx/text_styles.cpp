@@ -9,17 +9,21 @@
 namespace kovra::arx {
 
 TextStyleInfo TextStyles::find(std::wstring_view name) const {
-  if (!known_) collect();
-  const auto found = styles_.find(dxf::foldCase(name));
-  return found != styles_.end() ? found->second : TextStyleInfo();
-}
-
-TextStyleInfo TextStyles::findBytes(std::string_view name) const {
   if (!last_ || lastName_ != name) {
-    last_ = find(store_.codec().decode(name));
+    if (!known_) collect();
+    const auto found = styles_.find(dxf::foldCase(name));
+    last_ = found != styles_.end() ? found->second : TextStyleInfo();
     lastName_ = name;
   }
   return *last_;
+}
+
+TextStyleInfo TextStyles::findBytes(std::string_view name) const {
+  if (!lastOfBytes_ || lastBytes_ != name) {
+    lastOfBytes_ = find(store_.codec().decode(name));
+    lastBytes_ = name;
+  }
+  return *lastOfBytes_;
 }
 
 void TextStyles::collect() const {

@@ -29,6 +29,7 @@ class TextStyles {
   void stylesChanged() {
     known_ = false;
     last_.reset();
+    lastOfBytes_.reset();
   }
 
  private:
@@ -39,8 +40,10 @@ class TextStyles {
   mutable std::unordered_map<std::wstring, TextStyleInfo> styles_;  ///< by folded name
   mutable bool known_ = false;
   /// Texts mostly have the style of the text before them.
-  mutable std::string lastName_;
+  mutable std::wstring lastName_;
   mutable std::optional<TextStyleInfo> last_;
+  mutable std::string lastBytes_;
+  mutable std::optional<TextStyleInfo> lastOfBytes_;
 };
 
 }  // namespace kovra::arx

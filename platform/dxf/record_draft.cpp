@@ -82,13 +82,6 @@ void RecordDraft::classifyFrom(std::size_t at) {
   }
 }
 
-std::string_view RecordDraft::value(const Group& group) const {
-  if (group.pooled) {
-    return std::string_view(pool_).substr(group.poolBegin, group.poolEnd - group.poolBegin);
-  }
-  return base().substr(group.valueBegin, group.valueEnd - group.valueBegin);
-}
-
 std::string_view RecordDraft::typeName() const {
   return groups_.empty() ? std::string_view() : trimmed(value(groups_[0]));
 }
@@ -147,20 +140,19 @@ std::size_t RecordDraft::find(int code, std::size_t occurrence) const {
 }
 
 std::size_t RecordDraft::find(std::string_view subclass, int code, std::size_t occurrence) const {
-  bool inside = false;
-  bool anyMarker = false;
+  const Group* marker = nullptr;
   std::size_t left = occurrence;
   for (std::size_t n = 0; n < groups_.size(); ++n) {
     const Group& group = groups_[n];
     if (group.part != GroupPart::kData) continue;
     if (group.code == 100) {
-      anyMarker = true;
-      inside = value(group) == subclass;
-    } else if (inside && group.code == code && left-- == 0) {
+      marker = &group;
+    } else if (group.code == code && marker != nullptr && value(*marker) == subclass &&
+               left-- == 0) {
       return n;
     }
   }
-  return anyMarker ? kNoGroup : find(code, occurrence);
+  return marker != nullptr ? kNoGroup : find(code, occurrence);
 }
 
 bool RecordDraft::hasMarker(std::string_view subclass) const {

@@ -166,7 +166,10 @@ class RecordDraft {
   };
 
   std::string_view base() const { return ownsBase_ ? std::string_view(owned_) : borrowed_; }
-  std::string_view value(const Group& group) const;
+  std::string_view value(const Group& group) const {
+    if (group.pooled) return {pool_.data() + group.poolBegin, group.poolEnd - group.poolBegin};
+    return {base().data() + group.valueBegin, group.valueEnd - group.valueBegin};
+  }
   std::string_view valueAt(std::size_t group) const {
     return group < size() ? value(groups_[group]) : std::string_view();
   }

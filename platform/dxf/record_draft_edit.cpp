@@ -53,9 +53,15 @@ void RecordDraft::setPooled(std::size_t at, std::uint32_t poolBegin) {
     pool_.resize(poolBegin);
     return;
   }
-  group.poolBegin = poolBegin;
-  group.poolEnd = static_cast<std::uint32_t>(pool_.size());
-  group.pooled = true;
+  if (group.pooled && encoded.size() == group.poolEnd - group.poolBegin) {
+    // Binary numbers stay in their place, so a text that is dragged about doesn't grow.
+    std::copy(encoded.begin(), encoded.end(), pool_.begin() + group.poolBegin);
+    pool_.resize(poolBegin);
+  } else {
+    group.poolBegin = poolBegin;
+    group.poolEnd = static_cast<std::uint32_t>(pool_.size());
+    group.pooled = true;
+  }
   markEdited(group.begin, group.end);
   if (group.code >= 100 && group.code <= 102) classifyFrom(at);
 }

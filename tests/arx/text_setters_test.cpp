@@ -237,6 +237,20 @@ TEST(Text, MultiLineAttributeKeepsItsCopies) {
     EXPECT_NE(tail.find(line), std::string::npos) << line << "in\n" << tail;
 }
 
+TEST(Text, IsMeasuredAnewWhenItsValueChanges) {
+  OpenDrawing drawing(TestDrawing{}.bytes());
+  AcDbText text({}, L"K1", AcDbObjectId::kNull, 2);
+  text.setHorizontalMode(AcDb::kTextRight);
+  for (const double x : {1.0, 20.5, 3.0}) {
+    text.setAlignmentPoint({x, 4, 0});
+    EXPECT_EQ(text.adjustAlignment(), Acad::eOk);
+    EXPECT_TRUE(text.position().isEqualTo({x - 2.5, 4, 0})) << x;
+  }
+  text.setTextString(L"K123");
+  text.adjustAlignment();
+  EXPECT_TRUE(text.position().isEqualTo({3.0 - 5, 4, 0}));
+}
+
 TEST(Text, OutsideADatabaseHoldsItsOwnGroups) {
   const std::string bytes = TestDrawing{1009, ""}.bytes();
   OpenDrawing drawing(bytes);

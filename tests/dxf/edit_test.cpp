@@ -55,6 +55,15 @@ TEST(Edit, ChangesNothingButTheValue) {
          d.setReal(height, 2.5);
        },
        {}},
+      {"set several times, beside another",
+       [](RecordDraft& d) {
+         const std::size_t height = d.find("AcDbText", 40);
+         d.setReal(height, 7);
+         d.setText(d.find("AcDbText", 1), "C7");
+         d.setReal(height, 8);
+         d.setReal(height, 12);
+       },
+       {"2.50\r -> 12.0\r", "M1\r -> C7\r"}},
       {"inserted and taken out",
        [](RecordDraft& d) {
          const std::size_t end = d.endOf("AcDbText");
