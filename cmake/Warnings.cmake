@@ -31,6 +31,11 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(kovra_options INTERFACE -fno-gnu-unique)
 endif()
+# Nobody replaces our functions from outside, so calls within a library are direct ones.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(kovra_options INTERFACE $<$<CONFIG:Release>:-fno-semantic-interposition>)
+  target_link_options(kovra_options INTERFACE $<$<CONFIG:Release>:-Wl,-Bsymbolic-functions>)
+endif()
 if(KOVRA_SANITIZE)
   target_compile_options(kovra_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

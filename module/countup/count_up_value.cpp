@@ -6,7 +6,6 @@
 
 #include "module/countup/char_width.h"
 #include "module/countup/radix_rules.h"
-#include "module/drawing/group_list.h"
 #include "module/frame/companions/numbering_lib.h"
 #include "module/frame/gates.h"
 #include "module/frame/reporting.h"
@@ -81,15 +80,9 @@ bool CountUpValue(CString& text, int radixCode, std::int64_t count) {
   return true;
 }
 
-int CountUpText(const ads_name entity, int radixCode, std::int64_t count, CString& value) {
-  const GroupList groups(acdbEntGet(entity));
-  const resbuf* type = FindGroup(groups.get(), 0);
-  if (type == nullptr || _wcsicmp(type->resval.rstring, L"TEXT") != 0) return 0;
-  const resbuf* text = FindGroup(groups.get(), 1);
-  if (text == nullptr || text->resval.rstring == nullptr || text->resval.rstring[0] == ACHAR{}) {
-    return 0;
-  }
-  value = text->resval.rstring;
+int CountUpText(const TextSource& text, int radixCode, std::int64_t count, CString& value) {
+  if (text.value().IsEmpty()) return 0;
+  value = text.value();
   if (count == 0) return 1;
   return CountUpValue(value, radixCode, count) ? 1 : 0;
 }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "module/frame/seam.h"
+#include "module/drawing/text_entity.h"
 
 namespace kovra {
 
@@ -16,6 +16,6 @@ bool CountUpValue(CString& text, int radixCode, std::int64_t count);
 /// @param value receives the counted value, or the unchanged one when it can't be counted. Stays as
 ///        it is when the entity is no TEXT or has no value.
 /// @return 1 when the value was counted or the count is 0, else 0
-int CountUpText(const ads_name entity, int radixCode, std::int64_t count, CString& value);
+int CountUpText(const TextSource& text, int radixCode, std::int64_t count, CString& value);
 
 }  // namespace kovra

@@ -28,8 +28,9 @@ int DragTransform(ads_point cursor, ads_matrix transform) {
 void makeCopies(const SelectionSet& originals, int length, const CountRule& rule,
                 HiddenCopies& copies) {
   for (int i = 0; i < length; ++i) {
-    ads_name original = {};
-    if (!originals.entityAt(i, original)) continue;
+    ads_name name = {};
+    if (!originals.entityAt(i, name)) continue;
+    const TextSource original(name);
     CString value;
     CountUpText(original, rule.radixCode, rule.step, value);
     ads_name copy = {};

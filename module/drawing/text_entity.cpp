@@ -8,18 +8,15 @@ namespace kovra {
 namespace {
 
 /// The element that a copy takes over from its source, or null for a group that it leaves out.
-resbuf* copiedElement(const resbuf& source, double offsetX, double offsetY) {
+resbuf* copiedElement(const resbuf& source) {
   switch (source.restype) {
     case 6:
     case 7:
     case 8:
       return acutBuildList(RTSTR, source.resval.rstring, RTNONE);
     case 10:
-    case 11: {
-      const auto& from = source.resval.rpoint;
-      const ads_point point = {from[X] + offsetX, from[Y] + offsetY, from[Z]};
-      return acutBuildList(RTPOINT, point, RTNONE);
-    }
+    case 11:
+      return acutBuildList(RTPOINT, source.resval.rpoint, RTNONE);
     case 40:
     case 41:
     case 48:
@@ -36,19 +33,27 @@ resbuf* copiedElement(const resbuf& source, double offsetX, double offsetY) {
   }
 }
 
-GroupList copyGroups(const resbuf* source, const ACHAR* value, double offsetX, double offsetY) {
-  GroupList copy(acutBuildList(RTSTR, L"TEXT", RTSTR, value, RTNONE));
+/// The list of a copy: type, value, and what it takes over.
+GroupList copyGroups(const resbuf* source) {
+  GroupList copy(acutBuildList(RTSTR, L"TEXT", RTSTR, L"", RTNONE));
   if (copy == nullptr) return copy;
   resbuf* tail = copy->rbnext;
   copy->restype = 0;
   tail->restype = 1;
   for (; source != nullptr; source = source->rbnext) {
-    resbuf* element = copiedElement(*source, offsetX, offsetY);
+    resbuf* element = copiedElement(*source);
     if (element == nullptr) continue;
     element->restype = source->restype;
     tail = tail->rbnext = element;
   }
   return copy;
+}
+
+const ACHAR* valueOf(resbuf* groups) {
+  const resbuf* type = FindGroup(groups, 0);
+  if (type == nullptr || _wcsicmp(type->resval.rstring, L"TEXT") != 0) return L"";
+  const resbuf* value = FindGroup(groups, 1);
+  return value != nullptr && value->resval.rstring != nullptr ? value->resval.rstring : L"";
 }
 
 }  // namespace
@@ -80,11 +85,29 @@ int AddText(const TextCommonProps& properties, const TextGeometry& geometry, con
   return 0;
 }
 
-int CopyTextEntity(const ads_name source, ads_name entity, const ACHAR* value, double offsetX,
+TextSource::TextSource(const ads_name text) {
+  const GroupList groups(acdbEntGet(text));
+  value_ = valueOf(groups.get());
+  copy_ = copyGroups(groups.get());
+  for (resbuf* element = copy_.get(); element != nullptr; element = element->rbnext) {
+    if (element->restype != 10 && element->restype != 11) continue;
+    Place& place = places_.emplace_back();
+    place.element = element;
+    ads_point_set(element->resval.rpoint, place.from);
+  }
+}
+
+int CopyTextEntity(const TextSource& source, ads_name entity, const ACHAR* value, double offsetX,
                    double offsetY) {
-  const GroupList original(acdbEntGet(source));
-  const GroupList copy = copyGroups(original.get(), value, offsetX, offsetY);
-  if (acdbEntMake(copy.get()) != RTNORM) return 0;
+  resbuf* text = FindGroup(source.copy_.get(), 1);
+  if (text == nullptr) return 0;
+  acutDelString(text->resval.rstring);
+  if (acutNewString(value, text->resval.rstring) != RTNORM) return 0;
+  for (const auto& [element, from] : source.places_) {
+    element->resval.rpoint[X] = from[X] + offsetX;
+    element->resval.rpoint[Y] = from[Y] + offsetY;
+  }
+  if (acdbEntMake(source.copy_.get()) != RTNORM) return 0;
   return acdbEntLast(entity) == RTNORM ? 1 : 0;
 }
 

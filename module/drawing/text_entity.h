@@ -1,6 +1,8 @@
 #pragma once
 
-#include "module/frame/seam.h"
+#include <vector>
+
+#include "module/drawing/group_list.h"
 
 namespace kovra {
 
@@ -24,10 +26,35 @@ struct TextGeometry {
 int AddText(const TextCommonProps& properties, const TextGeometry& geometry, const ACHAR* style,
             const ACHAR* value, const ads_point point, ads_name entity);
 
+/// A TEXT that copies are made of. It is read once, and the list for its copies is built once; the
+/// copies of a large pattern so cost little more than what differs from copy to copy.
+class TextSource {
+ public:
+  /// Any name will do; copies can be made of a text only.
+  TextSource(const ads_name text);  // NOLINT(google-explicit-constructor): a name stands for it
+
+  /// The value, group 1; empty when the entity is no TEXT or has none.
+  const CString& value() const { return value_; }
+
+ private:
+  friend int CopyTextEntity(const TextSource& source, ads_name entity, const ACHAR* value,
+                            double offsetX, double offsetY);
+
+  /// A point of the list, and where it lies in the source.
+  struct Place {
+    resbuf* element;
+    ads_point from;
+  };
+
+  CString value_;
+  GroupList copy_;  ///< what acdbEntMake gets; each copy sets its value and its points
+  std::vector<Place> places_;
+};
+
 /// Makes a TEXT in the current space with the properties of `source`, another value, and both of
 /// its points displaced in X and Y.
 /// @return non-zero when the new entity exists
-int CopyTextEntity(const ads_name source, ads_name entity, const ACHAR* value, double offsetX,
+int CopyTextEntity(const TextSource& source, ads_name entity, const ACHAR* value, double offsetX,
                    double offsetY);
 
 }  // namespace kovra

@@ -192,9 +192,7 @@ AcDbObjectId AcDbDatabase::modelSpaceId() const {
 
 AcDbObjectId AcDbDatabase::currentSpaceId() const {
   if (!hasDrawing()) return AcDbObjectId::kNull;
-  const bool inPaper = structure_->integerVariable("$TILEMODE").value_or(1) == 0;
-  const dxf::BlockNumber paper = inPaper ? structure_->paperSpace() : dxf::kNoBlock;
-  return paper == dxf::kNoBlock ? modelSpaceId() : idOf(objects_->blockObject(paper));
+  return idOf(objects_->blockObject(structure_->currentSpace()));
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

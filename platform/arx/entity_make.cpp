@@ -43,11 +43,18 @@ bool isAcceptable(const AcDbDatabase& database, const std::string& type, const r
   return true;
 }
 
-/// A list's text is that of the drawing's table, where it has one.
-std::wstring tableSpelling(const AcDbDatabase& database, const resbuf& element) {
+/// The name of a layer or a text style is spelled as the drawing's table has it.
+/// @return the element as it is written; `spelling` keeps a name that differs from the list's
+resbuf spelledByTable(const AcDbDatabase& database, const resbuf& element, std::wstring& spelling) {
+  resbuf written = element;
+  if (element.restype != 8 && element.restype != 7) return written;
   const auto table = element.restype == 8 ? dxf::TableKind::kLayer : dxf::TableKind::kStyle;
-  const dxf::RecordIndex entry = database.structure().findEntry(table, listText(element));
-  return entry == dxf::kNoRecord ? listText(element) : database.structure().entryName(entry);
+  const auto* entry = database.structure().lookUp(table, listText(element));
+  if (entry != nullptr && entry->name != listText(element)) {
+    spelling = entry->name;
+    written.resval.rstring = spelling.data();
+  }
+  return written;
 }
 
 /// The new record's groups: type, markers, the list's groups in their order in the format.
@@ -63,14 +70,10 @@ void fillDraft(AcDbDatabase& database, const std::string& type, const resbuf* li
     element = skipAppGroup(element);
     const int code = element->restype;
     if (isStructural(code) || !isWritten(code, database.store().dialect())) continue;
-    resbuf written = *element;
-    std::wstring name;
-    if (code == 8 || code == 7) {
-      name = tableSpelling(database, *element);
-      written.resval.rstring = name.data();
-    }
     const Property property = propertyOf(type, code);
     if (property.subclass.empty()) continue;
+    std::wstring spelling;
+    const resbuf written = spelledByTable(database, *element, spelling);
     // Of a code that is given twice the last counts, but for the chunks of a long text.
     const std::size_t present = code == 3 ? dxf::kNoGroup : findProperty(draft, property);
     if (present != dxf::kNoGroup) {
@@ -93,11 +96,10 @@ int acdbEntMake(const resbuf* list) {
       database->structure().findEntry(dxf::TableKind::kLayer, listText(*layer)) == dxf::kNoRecord)
     database->structure().addLayer(listText(*layer), 7);
 
-  const AcDbObjectId made =
-      appendRecord(*database, database->currentSpaceId(), type, [&](dxf::RecordDraft& draft) {
-        fillDraft(*database, type, list, draft);
-        RecordEdit edit(draft, nullptr, dxf::kNoRecord);
-        if (type == "TEXT" || type == "ATTDEF") alignText(edit, *database);
-      });
-  return made.isNull() ? RTREJ : RTNORM;
+  appendRecord(*database, database->structure().currentSpace(), type, [&](dxf::RecordDraft& draft) {
+    fillDraft(*database, type, list, draft);
+    RecordEdit edit(draft, nullptr, dxf::kNoRecord);
+    if (type == "TEXT" || type == "ATTDEF") alignText(edit, *database);
+  });
+  return RTNORM;
 }

@@ -37,7 +37,7 @@ class ListToRecord {
   const std::wstring& newLayer() const { return newLayer_; }
 
  private:
-  static std::string narrow(const std::wstring& text) {
+  static std::string narrow(std::wstring_view text) {
     std::string result;
     for (const wchar_t c : text) result += c < 0x80 ? static_cast<char>(c) : '?';
     return result;
@@ -120,8 +120,8 @@ class ListToRecord {
   std::wstring spelling(const resbuf& given) {
     if (given.restype != 8 && given.restype != 7) return {};
     const auto table = given.restype == 8 ? dxf::TableKind::kLayer : dxf::TableKind::kStyle;
-    const dxf::RecordIndex entry = database_.structure().findEntry(table, listText(given));
-    if (entry != dxf::kNoRecord) return database_.structure().entryName(entry);
+    if (const auto* entry = database_.structure().lookUp(table, listText(given)))
+      return entry->name;
     newLayer_ = listText(given);
     return newLayer_;
   }

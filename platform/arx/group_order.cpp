@@ -1,5 +1,7 @@
 #include "platform/arx/group_order.h"
 
+#include <array>
+#include <cstdint>
 #include <span>
 
 #include "platform/arx/record_edit.h"
@@ -18,24 +20,26 @@ constexpr int kReference[] = {66, 2, 10, 20, 30, 41, 42, 43, 50, 70, 71, 44, 45,
 constexpr int kLayer[] = {2, 70, 62, 420, 6, 290, 370, 390, 347};
 constexpr int kStyle[] = {2, 70, 40, 41, 50, 71, 42, 3, 4};
 
-std::span<const int> orderOf(std::string_view subclass) {
-  if (subclass == kEntityPart) return kEntity;
-  if (subclass == kTextPart) return kText;
-  if (subclass == kAttributePart || subclass == kDefinitionPart) return kAttribute;
-  if (subclass == kMTextPart) return kMText;
-  if (subclass == kReferencePart) return kReference;
-  if (subclass == kLayerPart) return kLayer;
-  if (subclass == kStylePart) return kStyle;
-  return {};
-}
+constexpr GroupOrder kNone{std::span<const int>()};
+constexpr GroupOrder kEntityOrder{kEntity};
+constexpr GroupOrder kTextOrder{kText};
+constexpr GroupOrder kAttributeOrder{kAttribute};
+constexpr GroupOrder kMTextOrder{kMText};
+constexpr GroupOrder kReferenceOrder{kReference};
+constexpr GroupOrder kLayerOrder{kLayer};
+constexpr GroupOrder kStyleOrder{kStyle};
 
 }  // namespace
 
-int groupRank(std::string_view subclass, int code) {
-  const std::span<const int> order = orderOf(subclass);
-  for (std::size_t i = 0; i < order.size(); ++i)
-    if (order[i] == code) return static_cast<int>(i);
-  return -1;
+const GroupOrder& groupOrder(std::string_view subclass) {
+  if (subclass == kEntityPart) return kEntityOrder;
+  if (subclass == kTextPart) return kTextOrder;
+  if (subclass == kAttributePart || subclass == kDefinitionPart) return kAttributeOrder;
+  if (subclass == kMTextPart) return kMTextOrder;
+  if (subclass == kReferencePart) return kReferenceOrder;
+  if (subclass == kLayerPart) return kLayerOrder;
+  if (subclass == kStylePart) return kStyleOrder;
+  return kNone;
 }
 
 }  // namespace kovra::arx

@@ -95,8 +95,8 @@ std::uint64_t elementHandle(const resbuf& element) {
 }
 
 std::wstring drawingText(const dxf::RecordDraft& draft, const resbuf& element) {
-  const std::wstring text = listText(element);
-  return hasCarets(draft, element.restype) ? dxf::encodeCarets(text) : text;
+  const std::wstring_view text = listText(element);
+  return hasCarets(draft, element.restype) ? dxf::encodeCarets(text) : std::wstring(text);
 }
 
 }  // namespace
@@ -182,8 +182,9 @@ resbuf* ListBuilder::take() {
   return list;
 }
 
-std::wstring listText(const resbuf& element) {
-  return element.resval.rstring != nullptr ? element.resval.rstring : L"";
+std::wstring_view listText(const resbuf& element) {
+  return element.resval.rstring != nullptr ? std::wstring_view(element.resval.rstring)
+                                           : std::wstring_view();
 }
 
 bool isFiniteElement(const resbuf& element) {

@@ -36,8 +36,8 @@ class ListBuilder {
   resbuf** tail_ = &head_;
 };
 
-/// A text element's value; empty for a null text.
-std::wstring listText(const resbuf& element);
+/// A text element's value; empty for a null text. Valid as long as the element's.
+std::wstring_view listText(const resbuf& element);
 bool isFiniteElement(const resbuf& element);
 /// Whether the group has the element's value, both read as the list has them.
 bool equalsElement(const AcDbDatabase& database, const dxf::RecordDraft& draft, std::size_t group,

@@ -58,11 +58,11 @@ bool isTextType(std::string_view type) {
   return type == "TEXT" || type == "ATTDEF" || type == "ATTRIB";
 }
 
-bool hasEntry(const AcDbDatabase& database, dxf::TableKind table, const std::wstring& name) {
+bool hasEntry(const AcDbDatabase& database, dxf::TableKind table, std::wstring_view name) {
   return database.structure().findEntry(table, name) != dxf::kNoRecord;
 }
 
-bool isKnownLinetype(const AcDbDatabase& database, const std::wstring& name) {
+bool isKnownLinetype(const AcDbDatabase& database, std::wstring_view name) {
   return dxf::equalNames(name, L"BYLAYER") || dxf::equalNames(name, L"BYBLOCK") ||
          dxf::equalNames(name, L"CONTINUOUS") || hasEntry(database, dxf::TableKind::kLtype, name);
 }
@@ -144,8 +144,8 @@ bool isAllowed(const AcDbDatabase& database, std::string_view type, const resbuf
   if (!isFiniteElement(element)) return false;
   switch (element.restype) {
     case 8:
-      return isPossibleName(listText(element)) ||
-             hasEntry(database, dxf::TableKind::kLayer, listText(element));
+      return hasEntry(database, dxf::TableKind::kLayer, listText(element)) ||
+             isPossibleName(listText(element));
     case 7:
       return type != "LTYPE" && hasEntry(database, dxf::TableKind::kStyle, listText(element));
     case 6:

@@ -29,21 +29,19 @@ bool isWritten(int code, const dxf::Dialect& dialect) {
   }
 }
 
-AcDbObjectId appendRecord(AcDbDatabase& database, AcDbObjectId block, std::string_view type,
+AcDbObjectId appendRecord(AcDbDatabase& database, dxf::BlockNumber block, std::string_view type,
                           const std::function<void(dxf::RecordDraft&)>& fill) {
-  const dxf::BlockNumber number = database.objects().blockOfObject(block.index());
-  if (number == dxf::kNoBlock) return AcDbObjectId::kNull;
   dxf::RecordStore& store = database.store();
   dxf::Structure& structure = database.structure();
   const ScratchDraft scratch(database.objects());
   dxf::RecordDraft& draft = *scratch;
-  draft.start(store.dialect(), type, store.newHandle(), structure.blockHandle(number));
+  draft.start(store.dialect(), type, store.newHandle(), structure.blockHandle(block));
   fill(draft);
   const Property paper{kEntityPart, 67};
-  if (structure.block(number).space && number != dxf::kModelSpace &&
+  if (structure.block(block).space && block != dxf::kModelSpace &&
       findProperty(draft, paper) == dxf::kNoGroup)
     draft.insertInteger(placeOf(draft, paper), paper.code, 1);
-  return database.idOf(store.insertBefore(structure.entityAnchor(number), draft));
+  return database.idOf(store.insertBefore(structure.entityAnchor(block), draft));
 }
 
 }  // namespace kovra::arx

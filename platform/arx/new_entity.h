@@ -5,6 +5,7 @@
 
 #include "platform/arx/object_id.h"
 #include "platform/dxf/record_draft.h"
+#include "platform/dxf/structure.h"
 
 class AcDbDatabase;
 
@@ -14,8 +15,8 @@ namespace kovra::arx {
 bool isWritten(int code, const dxf::Dialect& dialect);
 
 /// Puts a record behind the last entity of a block: type, handle and owner by the drawing, the rest
-/// by `fill`, and the mark of paper space. A null id for what is no block.
-AcDbObjectId appendRecord(AcDbDatabase& database, AcDbObjectId block, std::string_view type,
+/// by `fill`, and the mark of paper space.
+AcDbObjectId appendRecord(AcDbDatabase& database, dxf::BlockNumber block, std::string_view type,
                           const std::function<void(dxf::RecordDraft&)>& fill);
 
 }  // namespace kovra::arx

@@ -204,10 +204,11 @@ void ObjectTable::translateGroups(const AcDbObject& object, dxf::RecordDraft& dr
 }
 
 bool ObjectTable::append(AcDbObject& entity, dxf::RecordIndex block) {
+  const dxf::BlockNumber number = blockOfObject(block);
+  if (number == dxf::kNoBlock) return false;
   const AcDbObjectId made =
-      appendRecord(database_, database_.idOf(block), entity.groups().typeName(),
+      appendRecord(database_, number, entity.groups().typeName(),
                    [&](dxf::RecordDraft& draft) { translateGroups(entity, draft); });
-  if (made.isNull()) return false;
   adopt(entity, made.index());
   // Closing brings a text's position in step with its alignment point.
   entity.modified_ = true;

@@ -48,7 +48,9 @@ std::size_t findProperty(const dxf::RecordDraft& draft, Property property) {
 }
 
 std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
-  const int wanted = groupRank(property.subclass, property.code);
+  const GroupOrder& order = groupOrder(property.subclass);
+  const GroupOrder& entityOrder = groupOrder(kEntityPart);
+  const int wanted = order.rank(property.code);
   if (wanted < 0) return draft.endOf(property.subclass);
   const bool marked = draft.find(kMarker) != dxf::kNoGroup;
   const bool common = property.subclass == kEntityPart;
@@ -62,11 +64,10 @@ std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
     const int code = draft.code(i);
     if (code == kMarker) {
       inside = draft.text(i) == property.subclass;
-      if (inside && (++markers == 1 || groupRank(property.subclass, kMarker) < wanted))
-        place = i + 1;
-    } else if (common && !marked && groupRank(kEntityPart, code) < 0 && code != 5) {
+      if (inside && (++markers == 1 || order.rank(kMarker) < wanted)) place = i + 1;
+    } else if (common && !marked && entityOrder.rank(code) < 0 && code != 5) {
       continue;  // the type's own groups, which no marker parts from the common ones
-    } else if (inside && groupRank(property.subclass, code) < wanted) {
+    } else if (inside && order.rank(code) < wanted) {
       place = i + 1;
     }
   }

@@ -281,6 +281,24 @@ void appendBinaryCode(bool wideCodes, int code, std::string& out) {
   store(static_cast<std::int16_t>(code), out);
 }
 
+/// The line of a code, aligned to the right; written from its end.
+void appendAsciiCode(const GroupStyle& style, int code, std::string& out) {
+  constexpr std::size_t kLongest = 16;
+  const std::string_view lineEnd = style.lineEnd();
+  char line[kLongest];
+  char* const end = line + kLongest;
+  char* at = std::copy_backward(lineEnd.begin(), lineEnd.end(), end);
+  const char* const digitsEnd = at;
+  unsigned left = static_cast<unsigned>(code < 0 ? -code : code);
+  do {
+    *--at = static_cast<char>('0' + left % 10);
+    left /= 10;
+  } while (left != 0);
+  if (code < 0) *--at = '-';
+  while (at != line && static_cast<std::size_t>(digitsEnd - at) < style.codeWidth) *--at = ' ';
+  out.append(at, end);
+}
+
 void appendBinaryGroup(bool wideCodes, int code, std::string_view value, std::string& out) {
   const ValueType type = valueType(code);
   appendBinaryCode(wideCodes, code, out);
@@ -293,11 +311,7 @@ void appendBinaryGroup(bool wideCodes, int code, std::string_view value, std::st
 
 void appendGroup(const GroupStyle& style, int code, std::string_view value, std::string& out) {
   if (style.binary) return appendBinaryGroup(style.wideCodes, code, value, out);
-  const std::size_t begin = out.size();
-  appendInteger(out, code);
-  const std::size_t width = out.size() - begin;
-  if (width < style.codeWidth) out.insert(begin, style.codeWidth - width, ' ');
-  out.append(style.lineEnd());
+  appendAsciiCode(style, code, out);
   out.append(value);
   out.append(style.lineEnd());
 }

@@ -246,8 +246,12 @@ void RecordDraft::appendGroupBytes(const Group& group, std::string& out) const {
 }
 
 void RecordDraft::appendBytes(std::string& out) const {
+  if (out.empty()) {
+    for (const Group& group : groups_) appendGroupBytes(group, out);
+    return;
+  }
   std::string record;
-  for (const Group& group : groups_) appendGroupBytes(group, record);
+  appendBytes(record);
   out.append(record);
 }
 

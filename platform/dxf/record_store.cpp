@@ -118,7 +118,9 @@ bool RecordStore::erased(RecordIndex record) const {
 }
 
 std::string_view RecordStore::bytes(RecordIndex record, std::string& scratch) const {
-  if (impl_->state(record).overlay == nullptr) return impl_->original(record);
+  const RecordOverlay* overlay = impl_->state(record).overlay.get();
+  if (overlay == nullptr) return impl_->original(record);
+  if (overlay->head == 0 && overlay->tail == 0) return overlay->middle;
   scratch.clear();
   impl_->fill(record, scratch);
   return scratch;
@@ -259,7 +261,9 @@ RecordIndex RecordStore::insertBefore(RecordIndex anchor, const RecordDraft& dra
   RecordState state;
   auto overlay = std::make_shared<RecordOverlay>();
   overlay->indexed = true;
-  draft.appendBytes(overlay->middle);
+  impl_->newBytes.clear();
+  draft.appendBytes(impl_->newBytes);
+  overlay->middle = impl_->newBytes;
   state.overlay = std::move(overlay);
   restore(record, state);
   return record;

@@ -79,8 +79,8 @@ class RecordStore {
   bool paperSpace(RecordIndex record) const;
   /// Also true for a record whose insertion was undone.
   bool erased(RecordIndex record) const;
-  /// The current bytes, also of an erased record. They lie in the store or, for changed records, in
-  /// `scratch`.
+  /// The current bytes, also of an erased record. They lie in the store, or in `scratch`; valid
+  /// until the record changes.
   std::string_view bytes(RecordIndex record, std::string& scratch) const;
   /// The bytes that the file has; only for indexes below originalCount().
   std::string_view originalBytes(RecordIndex record) const;

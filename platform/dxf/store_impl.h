@@ -75,6 +75,7 @@ struct RecordStore::Impl {
   std::deque<Slot> slots;     ///< slot 0 stands for all records as in the file
   std::size_t differing = 0;  ///< records that aren't what the file on disk has
   OverlayBuilder overlays;
+  std::string newBytes;  ///< of the record being inserted; keeps its memory for the next one
   std::vector<StoreListener*> listeners;
   std::uint64_t nextHandle = 0;  ///< 0: not asked for yet
   std::string path;

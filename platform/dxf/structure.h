@@ -78,7 +78,14 @@ class Structure : private StoreListener {
   // Symbol tables
   /// The TABLE record; kNoRecord if the file has none.
   RecordIndex tableRecord(TableKind table) const;
-  /// The entry of this name that isn't erased; the first of duplicates. kNoRecord: none.
+  struct TableEntry {
+    RecordIndex record = kNoRecord;
+    std::wstring name;  ///< as the table spells it
+  };
+  /// The entry of this name that isn't erased; the first of duplicates. Null: none. Valid until the
+  /// table changes.
+  const TableEntry* lookUp(TableKind table, std::wstring_view name) const;
+  /// Its record; kNoRecord: none.
   RecordIndex findEntry(TableKind table, std::wstring_view name) const;
   /// Entries in file order; kNoRecord behind the last.
   RecordIndex firstEntry(TableKind table) const;
@@ -103,6 +110,8 @@ class Structure : private StoreListener {
   BlockNumber findBlock(std::wstring_view name) const;
   /// The paper space of the active layout; there is always one, though perhaps an empty one.
   BlockNumber paperSpace() const { return 1; }
+  /// Where new entities go: model space, or paper space by the header.
+  BlockNumber currentSpace() const;
   /// The handle of the block record, the owner of its entities; 0: none.
   std::uint64_t blockHandle(BlockNumber number) const;
   /// The name of a space for people: "Model", the layout's name; of other blocks the block's name.
@@ -129,12 +138,17 @@ class Structure : private StoreListener {
   RecordIndex insertOf(RecordIndex attribute) const;
 
  private:
+  struct NameHash : std::hash<std::wstring_view> {
+    using is_transparent = void;
+  };
   struct Table {
     RecordIndex table = kNoRecord;
     RecordIndex end = kNoRecord;  ///< the structural record behind the entries
     /// By folded name. Entries that were renamed or erased stay; lookups look again.
     std::unordered_map<std::wstring, std::vector<RecordIndex>> byName;
     bool renamed = false;  ///< some entry may not have the name that it stands under
+    /// What lookUp found since the table changed, by the name as it was asked for.
+    mutable std::unordered_map<std::wstring, TableEntry, NameHash, std::equal_to<>> found;
   };
   struct EntitySection {
     RecordIndex begin = kNoRecord;
@@ -181,6 +195,7 @@ class Structure : private StoreListener {
   RecordIndex header_ = kNoRecord;
   mutable RecordDraft headerDraft_;
   mutable bool headerLoaded_ = false;
+  mutable bool paperIsCurrent_ = false;  ///< by the loaded header
   std::vector<EntitySection> entitySections_;
   std::array<Table, kTableKinds> tables_;
   mutable bool blocksKnown_ = false;

@@ -113,6 +113,11 @@ BlockNumber Structure::findBlock(std::wstring_view name) const {
   return found == blocksByName_.end() ? kNoBlock : found->second;
 }
 
+BlockNumber Structure::currentSpace() const {
+  headerDraft();
+  return paperIsCurrent_ ? paperSpace() : kModelSpace;
+}
+
 std::uint64_t Structure::blockHandle(BlockNumber number) const {
   const RecordIndex record = block(number).blockRecord;
   return record == kNoRecord ? 0 : store_.handle(record);

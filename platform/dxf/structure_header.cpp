@@ -11,6 +11,8 @@ const RecordDraft& Structure::headerDraft() const {
     } else {
       store_.load(header_, headerDraft_);
     }
+    const std::size_t tileMode = findVariable(headerDraft_, "$TILEMODE");
+    paperIsCurrent_ = tileMode != kNoGroup && headerDraft_.integer(tileMode) == 0;
     headerLoaded_ = true;
   }
   return headerDraft_;

@@ -57,21 +57,31 @@ void Structure::indexEntry(TableKind kind, RecordIndex entry) {
     entries.push_back(entry);
   }
   table.renamed = true;
+  table.found.clear();
 }
 
 RecordIndex Structure::tableRecord(TableKind table) const {
   return tables_[static_cast<std::size_t>(table)].table;
 }
 
-RecordIndex Structure::findEntry(TableKind kind, std::wstring_view name) const {
+const Structure::TableEntry* Structure::lookUp(TableKind kind, std::wstring_view name) const {
   const Table& table = tables_[static_cast<std::size_t>(kind)];
+  if (const auto known = table.found.find(name); known != table.found.end()) return &known->second;
   const auto found = table.byName.find(foldCase(name));
-  if (found == table.byName.end()) return kNoRecord;
+  if (found == table.byName.end()) return nullptr;
   for (const RecordIndex entry : found->second) {
     if (store_.erased(entry)) continue;
-    if (!table.renamed || equalNames(entryName(entry), name)) return entry;
+    std::wstring spelling = entryName(entry);
+    if (table.renamed && !equalNames(spelling, name)) continue;
+    return &table.found.insert_or_assign(std::wstring(name), TableEntry{entry, std::move(spelling)})
+                .first->second;
   }
-  return kNoRecord;
+  return nullptr;
+}
+
+RecordIndex Structure::findEntry(TableKind kind, std::wstring_view name) const {
+  const TableEntry* entry = lookUp(kind, name);
+  return entry == nullptr ? kNoRecord : entry->record;
 }
 
 RecordIndex Structure::firstEntry(TableKind table) const {
