@@ -52,8 +52,11 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
       {"table", ListFormat::kTable}, {"csv", ListFormat::kCsv}, {"json", ListFormat::kJson}};
   CLI::App* command = app.add_subcommand("list", "Print every TEXT, MTEXT, ATTDEF and ATTRIB");
   command->add_option("DRAWING", list.drawings, "Drawings to read")->required()->option_text("...");
-  command->add_option("--format", list.format, "Form of the output (default: table)")
-      ->transform(CLI::CheckedTransformer(formats))
+  command
+      ->add_option_function<std::string>(
+          "--format", [&list, formats](const std::string& name) { list.format = formats.at(name); },
+          "Form of the output (default: table)")
+      ->check(CLI::IsMember({"table", "csv", "json"}))
       ->option_text("table|csv|json");
   command->add_option("--layer", list.layer, "Only texts on this layer")->option_text("NAME");
   command->add_option("--tag", list.tagPattern, "Only attributes whose tag matches")

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <memory>
 #include <numbers>
 #include <string>
@@ -102,10 +103,26 @@ std::wstring numberText(double value) {
 }
 
 /// False when cancelled.
-bool askValue(const std::wstring& what, int flags, double& value, double unit = 1) {
-  const Reply reply = askReal(what + L" <" + numberText(value / unit) + L">: ", {flags, {}});
-  if (reply) value = reply.real * unit;
+bool askValue(const std::wstring& what, int flags, double& value) {
+  const Reply reply = askReal(what + L" <" + numberText(value) + L">: ", {flags, {}});
+  if (reply) value = reply.real;
   return reply.status != RTCAN;
+}
+
+/// False when cancelled. A text that lies flatter would have no end.
+bool askOblique(double& radians) {
+  constexpr double kFlattest = 85;
+  constexpr double kDegree = std::numbers::pi / 180;
+  for (;;) {
+    const Reply reply =
+        askReal(L"Specify obliquing angle <" + numberText(radians / kDegree) + L">: ", {});
+    if (!reply) return reply.status != RTCAN;
+    if (std::fabs(reply.real) <= kFlattest) {
+      radians = reply.real * kDegree;
+      return true;
+    }
+    refuseAnswer(reply.asAnswer(), L"Value must be between -85 and 85.");
+  }
 }
 
 bool askYes(const std::wstring& question, bool& value) {
@@ -123,8 +140,7 @@ bool askValues(StyleValues& values) {
   if (!font.text.empty()) values.font = font.text;
   return askValue(L"Specify height of text", kNoNegative, values.height) &&
          askValue(L"Specify width factor", kNoNegative | kNoZero, values.width) &&
-         askValue(L"Specify obliquing angle", 0, values.oblique, std::numbers::pi / 180) &&
-         askYes(L"Display text backwards?", values.backwards) &&
+         askOblique(values.oblique) && askYes(L"Display text backwards?", values.backwards) &&
          askYes(L"Display text upside-down?", values.upsideDown) &&
          (!hasShapeFont(values.font) || askYes(L"Vertical?", values.vertical));
 }

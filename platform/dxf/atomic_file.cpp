@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <random>
+
+#include "platform/dxf/values.h"
 
 namespace kovra::dxf {
 
@@ -19,6 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20U;
 constexpr mode_t kModeBits = 07777;
+constexpr const char* kTemporaryName = "/.kovra-";
 
 /// Holds back the signal that a file size limit sends, so that the write fails with an error
 /// instead of ending the program.
@@ -46,6 +50,18 @@ class SizeLimitSignalBlock {
 std::string folderOf(const std::string& path) {
   const std::string folder = fs::path(path).parent_path().string();
   return folder.empty() ? "." : folder;
+}
+
+std::string pathOfDescriptor(int file) {
+  return "/proc/self/fd/" + std::to_string(file);
+}
+
+/// A file without a name, which can be given one later; -1 where there are none.
+int openUnnamed(const std::string& folder) {
+  const int file = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (file < 0 || ::access(pathOfDescriptor(file).c_str(), F_OK) == 0) return file;
+  ::close(file);
+  return -1;
 }
 
 mode_t newFileMode() {
@@ -100,10 +116,13 @@ Result<void> AtomicFile::open(const std::string& path) {
   if (replaces_ && (!writeBits || ::access(target_.c_str(), W_OK) != 0)) {
     return Error{ErrorKind::kNotWritable, path_ + ": the file is read-only"};
   }
-  std::string name = folderOf(target_) + "/.kovra-XXXXXX";
-  file_ = ::mkostemp(name.data(), O_CLOEXEC);
-  if (file_ < 0) return failure(errno);
-  temporary_ = name;
+  file_ = openUnnamed(folderOf(target_));
+  if (file_ < 0) {
+    std::string name = folderOf(target_) + kTemporaryName + "XXXXXX";
+    file_ = ::mkostemp(name.data(), O_CLOEXEC);
+    if (file_ < 0) return failure(errno);
+    temporary_ = name;
+  }
   // The owner is kept where this user may; the mode always.
   if (replaces_ && ::fchown(file_, old.st_uid, old.st_gid) != 0) errno = 0;
   if (::fchmod(file_, replaces_ ? old.st_mode & kModeBits : newFileMode()) != 0) {
@@ -140,10 +159,25 @@ void AtomicFile::writeOut(std::string_view bytes) {
   }
 }
 
+/// Of several programs that save at once each finds a name of its own.
+void AtomicFile::giveName() {
+  std::random_device random;
+  do {
+    const std::string name = folderOf(target_) + kTemporaryName + formatHandle(random());
+    if (::linkat(AT_FDCWD, pathOfDescriptor(file_).c_str(), AT_FDCWD, name.c_str(),
+                 AT_SYMLINK_FOLLOW) == 0) {
+      temporary_ = name;
+      return;
+    }
+  } while (errno == EEXIST);
+  error_ = errno;
+}
+
 Result<void> AtomicFile::flush() {
   writeOut(buffer_);
   buffer_.clear();
   if (error_ == 0 && ::fsync(file_) != 0) error_ = errno;
+  if (error_ == 0 && temporary_.empty()) giveName();
   if (::close(file_) != 0 && error_ == 0) error_ = errno;
   file_ = -1;
   if (error_ != 0) return failure(error_);

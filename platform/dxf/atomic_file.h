@@ -12,8 +12,9 @@ namespace kovra::dxf {
 
 /// A file that is written anew: either all of it takes the old one's place, or nothing happens.
 ///
-/// The bytes go to a temporary file in the same folder; commit() flushes it and renames it. What
-/// isn't committed is removed.
+/// The bytes go to a file of the same folder that has no name yet, so that nothing is left of a
+/// program that is killed meanwhile; where the file system has no such files, to one with a
+/// temporary name. commit() flushes it and renames it. What isn't committed is removed.
 class AtomicFile {
  public:
   AtomicFile() = default;
@@ -34,6 +35,7 @@ class AtomicFile {
  private:
   Error failure(int error) const;
   void writeOut(std::string_view bytes);
+  void giveName();
   Result<void> flush();
   Result<void> keepBackup();
 

@@ -1,7 +1,10 @@
 // The program is killed while it saves: the drawing is the old one or the new one, whole.
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -19,18 +22,35 @@ constexpr int kKills = 6;
 
 class KillTest : public ProgramTest {
  protected:
-  bool isSaving() const {
-    for (const std::string& name : files()) {
-      if (name.starts_with(".kovra-")) return true;
+  /// What is written has no name yet, or a temporary one.
+  static bool isSaving(pid_t program) {
+    std::error_code error;
+    const std::filesystem::path open = "/proc/" + std::to_string(program) + "/fd";
+    for (const auto& entry : std::filesystem::directory_iterator(open, error)) {
+      const std::string file = std::filesystem::read_symlink(entry, error).native();
+      if (file.ends_with(" (deleted)") || file.find("/.kovra-") != std::string::npos) return true;
     }
     return false;
+  }
+
+  bool hasTemporaryFile() const {
+    const std::vector<std::string> names = files();
+    return std::any_of(names.begin(), names.end(),
+                       [](const std::string& name) { return name.starts_with(".kovra-"); });
+  }
+
+  /// Whether the file system has files without names.
+  bool hasUnnamedFiles() const {
+    const int file = ::open(path(".").c_str(), O_TMPFILE | O_WRONLY, 0600);
+    if (file >= 0) ::close(file);
+    return file >= 0;
   }
 
   /// Starts a run that changes and saves a.dxf, and waits until it writes. False when it ended
   /// without.
   bool startSaving(pid_t& program) const {
     program = start({"a.dxf", "-c", "DIMSCALE", "-c", "3", "--save"});
-    while (!isSaving()) {
+    while (!isSaving(program)) {
       siginfo_t ended{};
       waitid(P_PID, static_cast<id_t>(program), &ended, WEXITED | WNOHANG | WNOWAIT);
       if (ended.si_pid != 0) return false;
@@ -67,9 +87,13 @@ TEST_F(KillTest, LeavesTheOldFileOrTheNewOne) {
   for (int i = 0; i < kKills; ++i) {
     if (!isOld) write("a.dxf", before);
     ASSERT_TRUE(startSaving(program));
-    std::this_thread::sleep_for(moment(random) * saving);
+    // The first is killed right at the beginning.
+    std::this_thread::sleep_for(i == 0 ? 0 * saving : moment(random) * saving);
     kill(program, SIGKILL);
     finish(program);
+    if (i == 0 && hasUnnamedFiles()) {
+      EXPECT_FALSE(hasTemporaryFile());
+    }
     const std::string left = read("a.dxf");
     isOld = left == before;
     ASSERT_TRUE(isOld || left == after) << i << ": " << left.size() << " bytes";

@@ -9,7 +9,8 @@ class ProjectDrawings;
 ProjectDrawings* CurrentDrawings();
 /// Null for an index outside 0 to DrawingCount - 1.
 ProjectDrawing* DrawingAt(ProjectDrawings* drawings, int index);
-/// The item of a file, named by any path that leads to it; null if it isn't one of the project's.
+/// The item of a file, named by any path that leads to it. A file that the project does not list
+/// has an item of its own, to be asked whether it may be written. Null for an empty path.
 ProjectDrawing* DrawingByPath(ProjectDrawings* drawings, const wchar_t* path);
 /// True when the drawing must not be written: the project blocks it, or its file can't be written.
 bool IsDrawingBlocked(ProjectDrawing* drawing);
