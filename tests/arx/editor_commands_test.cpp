@@ -78,7 +78,7 @@ TEST(EditorLayer, OptionsChangeTheTable) {
 TEST(EditorStyle, MakesAndChanges) {
   EditorUser user;
   user.run({"-STYLE", "Gothic", "gothic.ttf", "3.5", "0.8", "-90", "15", "Y", "N"});
-  EXPECT_EQ(user.failure(), "");
+  EXPECT_EQ(user.failure(), "Value must be between -85 and 85.");
   EXPECT_EQ(variable(L"TEXTSTYLE"), "\"Gothic\"");
   user.run({"-STYLE standard txt 0 0.9 0 N N Y"});
   AcDbTextStyleTable* table = nullptr;
