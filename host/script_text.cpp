@@ -153,7 +153,9 @@ Result<void> Arguments::end() const {
 
 std::wstring quotedText(std::wstring_view text) {
   std::wstring quoted = L"\"";
-  for (const wchar_t c : text) {
+  for (size_t i = 0; i < text.size(); ++i) {
+    const wchar_t c = text[i];
+    if (c == L'\r' && text.substr(i + 1).starts_with(L'\n')) continue;
     const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                       [c](const Escape& entry) { return entry.character == c; });
     if (escape == std::end(kEscapes)) {

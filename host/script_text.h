@@ -41,7 +41,8 @@ class Arguments {
   std::wstring_view rest_;
 };
 
-/// The text in quotes, as Arguments reads it back.
+/// The text in quotes, as Arguments reads it back. A line break of a field, which has a carriage
+/// return too, is written as it is typed.
 std::wstring quotedText(std::wstring_view text);
 
 /// A decimal number with nothing around it; no infinity, no hexadecimal.

@@ -23,7 +23,6 @@ namespace {
 
 constexpr UINT kDirectionIcons[] = {536, 537, 538, 539};
 constexpr UINT kSpacingIcons[] = {541, 542, 542};
-constexpr UINT_PTR kFirstSpacingTool = 1000;
 
 constexpr UINT kFirstJustification = 2809;
 constexpr UINT kLastJustification = 2821;

@@ -32,6 +32,15 @@ class OwnerDisabled {
   BOOL wasEnabled_;
 };
 
+/// A dialog that hasn't found its place by itself, and can still do so unseen, goes to the middle.
+/// One beside which its owner goes on working never does.
+bool staysWhereItIs(const CDialog& dialog, const CRect& before, const CRect& after) {
+  if ((dialog.GetStyle() & (WS_CHILD | WS_VISIBLE)) != 0) return true;
+  const HWND owner = ::GetParent(dialog.GetSafeHwnd());
+  if (owner != nullptr && ::IsWindowEnabled(owner)) return true;
+  return before.left != after.left || before.top != after.top;
+}
+
 }  // namespace
 
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
@@ -55,9 +64,8 @@ INT_PTR CDialog::dialogProcedure(HWND handle, UINT message, WPARAM /*wParam*/, L
   const BOOL result = dialog->OnInitDialog();
   CRect after;
   if (!::GetWindowRect(handle, &after)) return result;
-  // One that hasn't found its place by itself, and can still do so unseen, goes to the middle.
-  const bool child = (dialog->GetStyle() & WS_CHILD) != 0;
-  if (!child && !dialog->IsWindowVisible() && before == after) dialog->CenterWindow();
+  if (staysWhereItIs(*dialog, before, after)) return result;
+  dialog->CenterWindow();
   return result;
 }
 
