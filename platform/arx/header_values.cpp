@@ -35,22 +35,13 @@ int codeFor(std::string_view name, int byKind) {
   return known != kKnownCodes.end() ? known->code : byKind;
 }
 
-/// Position of the variable's first value group in the header record, or kNoGroup.
-std::size_t findVariable(const dxf::RecordDraft& header, std::string_view name) {
-  for (std::size_t i = 0; i + 1 < header.size(); ++i)
-    if (header.code(i) == 9 && dxf::trimmed(header.text(i)) == name)
-      return header.code(i + 1) == 9 ? dxf::kNoGroup : i + 1;
-  return dxf::kNoGroup;
-}
-
 }  // namespace
 
 std::optional<HeaderValue> AcDbDatabase::headerValue(std::string_view name) const {
-  if (!hasDrawing() || structure_->headerRecord() == dxf::kNoRecord) return std::nullopt;
-  dxf::RecordDraft header;
-  store_->load(structure_->headerRecord(), header);
-  const std::size_t group = findVariable(header, name);
+  if (!hasDrawing()) return std::nullopt;
+  const std::size_t group = structure_->variable(name);
   if (group == dxf::kNoGroup) return std::nullopt;
+  const dxf::RecordDraft& header = structure_->header();
   if (dxf::isPointCode(header.code(group))) {
     const dxf::HeaderPoint point = structure_->pointVariable(name).value_or(dxf::HeaderPoint());
     return AcGePoint3d(point.x, point.y, point.z);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,6 +64,10 @@ class Structure : private StoreListener {
   // Header variables. Names have their "$". A variable's value is one group, or a point.
   /// The record that holds all header variables; kNoRecord if the file has none.
   RecordIndex headerRecord() const { return header_; }
+  /// Its groups; without one none. Valid until the next change of a variable.
+  const RecordDraft& header() const;
+  /// The first value group of a variable in it; kNoGroup if it isn't there or has no value.
+  std::size_t variable(std::string_view name) const;
   bool hasVariable(std::string_view name) const;
   std::optional<double> realVariable(std::string_view name) const;
   std::optional<std::int64_t> integerVariable(std::string_view name) const;
@@ -163,7 +168,6 @@ class Structure : private StoreListener {
   RecordIndex addSection(std::string_view name, SectionKind before);
 
   // Header
-  const RecordDraft& headerDraft() const;
   void ensureHeader();
   template <class Set>
   void setVariable(std::string_view name, Set set);
@@ -196,6 +200,7 @@ class Structure : private StoreListener {
   mutable RecordDraft headerDraft_;
   mutable bool headerLoaded_ = false;
   mutable bool paperIsCurrent_ = false;  ///< by the loaded header
+  mutable std::map<std::string, std::size_t, std::less<>> variables_;  ///< the first of each name
   std::vector<EntitySection> entitySections_;
   std::array<Table, kTableKinds> tables_;
   mutable bool blocksKnown_ = false;

@@ -114,7 +114,7 @@ BlockNumber Structure::findBlock(std::wstring_view name) const {
 }
 
 BlockNumber Structure::currentSpace() const {
-  headerDraft();
+  header();
   return paperIsCurrent_ ? paperSpace() : kModelSpace;
 }
 

@@ -4,46 +4,55 @@
 // Header variables: groups of the one record of the HEADER section.
 namespace kovra::dxf {
 
-const RecordDraft& Structure::headerDraft() const {
+const RecordDraft& Structure::header() const {
   if (!headerLoaded_) {
     if (header_ == kNoRecord) {
       headerDraft_.decode({}, store_.dialect());
     } else {
       store_.load(header_, headerDraft_);
     }
-    const std::size_t tileMode = findVariable(headerDraft_, "$TILEMODE");
-    paperIsCurrent_ = tileMode != kNoGroup && headerDraft_.integer(tileMode) == 0;
+    variables_.clear();
+    forEachVariable(headerDraft_, [this](std::string_view name, std::size_t value) {
+      variables_.try_emplace(std::string(name), value);
+    });
     headerLoaded_ = true;
+    paperIsCurrent_ = integerVariable("$TILEMODE") == 0;
   }
   return headerDraft_;
 }
 
+std::size_t Structure::variable(std::string_view name) const {
+  header();
+  const auto found = variables_.find(name);
+  return found == variables_.end() ? kNoGroup : found->second;
+}
+
 bool Structure::hasVariable(std::string_view name) const {
-  return findVariable(headerDraft(), name) != kNoGroup;
+  return variable(name) != kNoGroup;
 }
 
 std::optional<double> Structure::realVariable(std::string_view name) const {
-  const std::size_t at = findVariable(headerDraft(), name);
+  const std::size_t at = variable(name);
   if (at == kNoGroup) return std::nullopt;
-  return headerDraft().real(at);
+  return headerDraft_.real(at);
 }
 
 std::optional<std::int64_t> Structure::integerVariable(std::string_view name) const {
-  const std::size_t at = findVariable(headerDraft(), name);
+  const std::size_t at = variable(name);
   if (at == kNoGroup) return std::nullopt;
-  return headerDraft().integer(at);
+  return headerDraft_.integer(at);
 }
 
 std::optional<std::wstring> Structure::textVariable(std::string_view name) const {
-  const std::size_t at = findVariable(headerDraft(), name);
+  const std::size_t at = variable(name);
   if (at == kNoGroup) return std::nullopt;
-  return store_.codec().decode(headerDraft().text(at));
+  return store_.codec().decode(headerDraft_.text(at));
 }
 
 std::optional<HeaderPoint> Structure::pointVariable(std::string_view name) const {
-  const RecordDraft& header = headerDraft();
-  const std::size_t at = findVariable(header, name);
+  const std::size_t at = variable(name);
   if (at == kNoGroup) return std::nullopt;
+  const RecordDraft& header = headerDraft_;
   HeaderPoint point{header.real(at), 0, 0};
   for (std::size_t n = at + 1; n < header.size() && header.code(n) != 9; ++n) {
     if (header.code(n) == header.code(at) + 10) point.y = header.real(n);
