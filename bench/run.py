@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """The benchmark of the program: run.py BUILD [OPTIONS]
 
-Two tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height of
-every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
+Three tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
+of every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
+The third: arrays of texts that follow the cursor.
 Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench; a
 folder in memory (--folder /dev/shm/bench) leaves a busy disk out of all of them.
 """
@@ -13,6 +14,7 @@ import sys
 from pathlib import Path
 
 from count_up import count_up_rows
+from drag_array import drag_rows
 from measuring import Result, better, measured, print_table
 
 HERE = Path(__file__).resolve().parent
@@ -27,6 +29,7 @@ def options():
     parser.add_argument("--runs", type=int, default=3, help="the best counts")
     parser.add_argument("--ezdxf-up-to", type=float, default=50, help="megabytes; one run, it takes its time")
     parser.add_argument("--patterns", default="50,100,200", help="rows, and as many columns; over ten texts")
+    parser.add_argument("--arrays", default="10,30,100", help="rows, and as many columns")
     parser.add_argument("--folder", type=Path, default=HERE.parent / "build" / "bench")
     return parser.parse_args()
 
@@ -89,6 +92,10 @@ def rows_of_size(arguments, size):
     source.unlink()
 
 
+def sides_of(option):
+    return [int(side) for side in option.split(",") if side]
+
+
 def main():
     arguments = options()
     arguments.build = arguments.build.resolve()
@@ -96,8 +103,9 @@ def main():
     sizes = [float(size) for size in arguments.sizes.split(",") if size]
     print_table(HEAD, [row for size in sizes for row in rows_of_size(arguments, size)])
     print()
-    sides = [int(side) for side in arguments.patterns.split(",") if side]
-    print_table(*count_up_rows(arguments.build, arguments.folder, sides))
+    print_table(*count_up_rows(arguments.build, arguments.folder, sides_of(arguments.patterns)))
+    print()
+    print_table(*drag_rows(arguments.build, arguments.folder, sides_of(arguments.arrays)))
 
 
 if __name__ == "__main__":

@@ -199,7 +199,7 @@ class Structure : private StoreListener {
   RecordIndex header_ = kNoRecord;
   mutable RecordDraft headerDraft_;
   mutable bool headerLoaded_ = false;
-  mutable bool paperIsCurrent_ = false;  ///< by the loaded header
+  mutable bool paperIsCurrent_ = false;                                ///< by the loaded header
   mutable std::map<std::string, std::size_t, std::less<>> variables_;  ///< the first of each name
   std::vector<EntitySection> entitySections_;
   std::array<Table, kTableKinds> tables_;
