@@ -170,6 +170,9 @@
 // A picked value doesn't fit into the multi-line field
 #define IDS_TEXT_TOO_LONG 3902
 
+// More texts than an array may have
+#define IDS_ARRAY_TOO_LARGE 3903
+
 // Dialogs
 #define IDD_TEXT_523 523
 #define IDD_COUNT_UP_526 526

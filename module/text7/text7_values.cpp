@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "module/countup/input_filter.h"
+#include "module/countup/pattern_layout.h"
 #include "module/countup/radix_rules.h"
 #include "module/countup/radix_table.h"
 #include "module/drawing/layers.h"
@@ -24,6 +26,10 @@ bool rewritingStep = false;
 constexpr UINT kVerticalStyleMessage = 2732;
 constexpr UINT kRowDistanceMessage = 2764;
 constexpr UINT kColDistanceMessage = 2766;
+constexpr UINT kTooManyMessage = 3903;
+
+// More texts than anybody places with one drag; a slip of the finger mustn't fill the memory.
+constexpr std::int64_t kLargestArray = 1'000'000;
 
 // With a vertical text style: left, center, right, middle.
 constexpr int kVerticalJustifications = 4;
@@ -158,7 +164,8 @@ CText7Dlg::Refusal CText7Dlg::firstRefusal() {
   if (Cols > 1 && IsItemEnabled(*this, kColWidth) && std::abs(ColWidth) < kNoNumber) {
     return {kColDistanceMessage, kColWidth};
   }
-  return {};
+  const bool tooMany = placeCount({Direction, Rows, Cols}) > kLargestArray;
+  return tooMany ? Refusal{kTooManyMessage, Direction == kOneRow ? kCols : kRows} : Refusal{};
 }
 
 void CText7Dlg::CleanField(UINT id) {
