@@ -201,6 +201,13 @@ void CText7Dlg::OnPickClicked(UINT id) {
 }
 
 void CText7Dlg::OnOK() {
+  // Since the last check another project may have become the current one, in which another field
+  // holds the value: the user has to see it first.
+  if (recomputeMultiLine()) {
+    UpdateControls();
+    UpdateOkState();
+    return;
+  }
   CollectFields();
   const Refusal refusal = firstRefusal();
   if (refusal.message == 0) {

@@ -356,5 +356,151 @@ TEST_F(Text7MemoryTest, StoresOfOtherDataVersions) {
   EXPECT_NE(shown(out, 4514, true).find("visible on "), std::string::npos) << out;
 }
 
+TEST_F(Text7MemoryTest, WindowSizesOfTheModes) {
+  const std::string several = "@type 1937 \"A\\nB\"\n";
+  const struct {
+    std::string lines;
+    std::string place;
+  } cases[] = {
+      {"", "427 412"},
+      {"@click 1975\n", "427 412"},
+      {"@click 1976\n", "427 553"},
+      {"@click 1976\n@click 1975\n", "427 412"},
+      {"@click 1976\n@click 1974\n", "427 412"},
+      // Only the single mode can be stretched, and only in height; its height comes back.
+      {"@place 3 26 600 500\n", "427 500"},
+      {"@place 3 26 100 100\n", "427 412"},
+      {"@place 3 26 427 500\n@click 1975\n", "427 412"},
+      {"@place 3 26 427 500\n@click 1976\n", "427 553"},
+      {"@place 3 26 427 500\n@click 1975\n@click 1976\n@click 1974\n", "427 500"},
+      {"@click 1975\n@place 3 26 500 500\n", "427 412"},
+      {"@click 1976\n@place 3 26 500 400\n", "427 553"},
+      {"@place 3 26 427 480\n@click 1976\n@close\nKOVRA_TEXT\n@click 1974\n", "427 480"},
+      {"@place 3 26 427 480\n@close\nKOVRA_TEXT\n", "427 480"},
+      // Hidden, shown and refused on the way.
+      {"@place 3 26 427 480\n@type 1937 X\n@click 1\n@point 0,0\n@click 1\n@esc\n", "427 480"},
+  };
+  for (const auto& row : cases) {
+    forget();
+    EXPECT_EQ(place(text(row.lines + "@dialog\n")), "534 at 3 26 size " + row.place) << row.lines;
+  }
+  // Older forms have no frame that could be stretched.
+  project("10.0");
+  forget();
+  const std::string out =
+      text("@click 1976\n@dialog\n@click 1974\n@dialog\n@click 1975\n@dialog\n");
+  EXPECT_EQ(states(out, {1952, 1938, 1960}), "-off -off -off");
+}
+
+TEST_F(Text7MemoryTest, ListsOfTheParameterFile) {
+  const std::string builtIn =
+      R"("CMNT" "JCMNT" "ECMNT" "NEWJIS" "OLDJIS" "SYMBOL" "AUX" "<Current layer>")";
+  const struct {
+    const char* file;  ///< null: none
+    std::string layers;
+    std::string heights;
+  } cases[] = {
+      {nullptr, builtIn, R"("1.5" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0")"},
+      {"[TEXT]\n", builtIn, R"("1.5" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0")"},
+      {"\x01\xff[TEXT\nLAYER_CNT", builtIn, R"("1.5" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0")"},
+      {"[OTHER]\nLAYER_CNT=1\n", builtIn, R"("1.5" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0")"},
+      {"[text]\nlayer_cnt=0\nTEXT_H_CNT=10\ntext_h1=9\n", R"("<Current layer>")",
+       R"("9" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0")"},
+      {"[TEXT]\nLAYER_CNT=2\nLAYER1=\nLAYER2=L 2 \nTEXT_H_CNT=many\n",
+       R"("CMNT" "L 2" "<Current layer>")", ""},
+      {"[TEXT]\nLAYER_CNT=2\nLAYER2=AUX\nTEXT_H_CNT=2\nTEXT_H2=7.0\n",
+       R"("CMNT" "AUX" "<Current layer>")", R"("1.5" "7.0")"},
+      {"[TEXT]\nLAYER_CNT=-1\nTEXT_H_CNT=2147483647\nTEXT_H9=6\n", R"("<Current layer>")",
+       R"("1.5" "2.0" "2.5" "3.0" "3.5" "4.0" "4.5" "5.0" "6")"},
+  };
+  const auto items = [](const std::string& line) {
+    const std::size_t start = line.find(" of ");
+    return start == std::string::npos ? "" : line.substr(start + 4);
+  };
+  for (const auto& row : cases) {
+    forget();
+    if (row.file != nullptr) write("p/KovrCad.prm", row.file);
+    const std::string out = text("@dialog\n");
+    const std::string name = row.file != nullptr ? row.file : "none";
+    EXPECT_EQ(items(shown(out, 1998, true)), row.layers) << name;
+    EXPECT_EQ(items(shown(out, 1987, true)), row.heights) << name;
+    EXPECT_EQ(shown(out, 1987), "\"2.5\"") << name;
+  }
+}
+
+/// Two drawings, a.dxf and c.dxf, the latter current.
+class Text7DocumentTest : public Text7DialogTest {
+ protected:
+  Text7DocumentTest() {
+    for (const char* name : {"a.dxf", "c.dxf"}) write(name, textDrawing());
+  }
+  std::string both(const std::string& lines) const {
+    const ProgramRun result =
+        runScript("KOVRA_TEXT\n@type 1937 X\n" + lines, {"a.dxf", "c.dxf", "-p", "p", "--save"});
+    EXPECT_EQ(result.status, 0) << lines << result.err;
+    return result.out;
+  }
+  std::string valuesOf(const std::string& name) const {
+    std::string found;
+    const std::string out = run({"list", name, "--format", "csv"}).out;
+    for (std::size_t at = out.find(",X,"); at != std::string::npos; at = out.find(",X,", at + 1)) {
+      found += 'X';
+    }
+    return found;
+  }
+};
+
+TEST_F(Text7DocumentTest, ThatOfAnotherDrawingClosesOrWaits) {
+  const std::string waits = "@click 1\n@move 1,1\n@activate a.dxf\n@refused @dialog\n";
+  const struct {
+    std::string lines;
+    std::string inA;
+    std::string inC;
+  } cases[] = {
+      // In sight it closes; the next start of the command opens one for the other drawing.
+      {"@activate a.dxf\n@refused @dialog\nKOVRA_TEXT\n@click 1\n@point 0,0\n", "X", ""},
+      {"@open a.dxf\n@refused @dialog\n@activate c.dxf\n@refused @dialog\n", "", ""},
+      // Hidden during a placement it waits for its drawing.
+      {waits + "@activate c.dxf\n@point 0,0\n@dialog\n@click 1\n@point 9,9\n", "", "XX"},
+      {waits + "KOVRA_TEXT\n@activate c.dxf\n@esc\n@click 1\n@point 9,9\n", "", "X"},
+      {waits + "-LAYER\nN\nNEW\n\n@activate c.dxf\n@point 0,0\n", "", "X"},
+      {"@click 1999\n@activate a.dxf\n@refused @dialog\n@activate c.dxf\n@pick 60\n@dialog\n", "",
+       ""},
+      // Any drawing that is closed closes it, in the middle of a placement too.
+      {"@activate a.dxf\n@closedrawing\n@refused @dialog\n", "", ""},
+      {waits + "@closedrawing\n@refused @dialog\n@refused @point 0,0\nKOVRA_TEXT\n@click 1\n@point "
+               "0,0\n",
+       "", "X"},
+      {"@click 1\n@closedrawing\n@refused @dialog\nKOVRA_TEXT\n@click 1\n@point 0,0\n", "X", ""},
+      {"@click 1974\n@click 1988\n@closedrawing\n@refused @dialog\n", "", ""},
+      {"@closedrawing\n@closedrawing\n", "", ""},
+  };
+  for (const auto& row : cases) {
+    forget();
+    for (const char* name : {"a.dxf", "c.dxf"}) write(name, textDrawing());
+    both(row.lines);
+    EXPECT_EQ(valuesOf("a.dxf"), row.inA) << row.lines;
+    EXPECT_EQ(valuesOf("c.dxf"), row.inC) << row.lines;
+  }
+}
+
+TEST_F(Text7DocumentTest, ASecondStartSaysThatItIsOpen) {
+  const std::string out = both("KOVRA_TEXT\n@dialog\n@click 1\n@point 0,0\nKOVRA_TEXT\n");
+  EXPECT_EQ(shown(out, 1937), "\"X\"");
+  EXPECT_NE(out.rfind("already open"), out.find("already open"));
+  EXPECT_EQ(valuesOf("c.dxf"), "X");
+}
+
+TEST_F(Text7DocumentTest, AnotherProjectUnderTheOpenDialog) {
+  write("old/project.ini", "[Project]\nDataVersion=10.0\n");
+  // There the value is in another field, which is shown before anything is placed.
+  const std::string out = both(
+      "@project old\n@click 1\n@dialog\n@refused @click 1\n@type 1931 X\n@click 1\n@point 0,0\n"
+      "@project p\n@click 1\n@dialog\n@click 1\n@point 5,5\n");
+  EXPECT_NE(out.find("1937 edit disabled hidden \"X\""), std::string::npos) << out;
+  EXPECT_EQ(states(out, {1931, 1937, kOk}), "-off on on");
+  EXPECT_EQ(valuesOf("c.dxf"), "XX");
+}
+
 }  // namespace
 }  // namespace kovra::test
