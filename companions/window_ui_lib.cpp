@@ -22,8 +22,14 @@ void FitWindowToMonitor(HWND window, int /*reserved*/) {
       !GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor))
     return;
   const RECT& area = monitor.rcWork;
-  const LONG left = fit(place.left, place.right - place.left, area.left, area.right);
-  const LONG top = fit(place.top, place.bottom - place.top, area.top, area.bottom);
-  if (left == place.left && top == place.top) return;
-  SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  LONG width = place.right - place.left;
+  LONG height = place.bottom - place.top;
+  // A size that was chosen on a larger screen.
+  if ((GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) != 0) {
+    width = std::min(width, area.right - area.left);
+    height = std::min(height, area.bottom - area.top);
+  }
+  const LONG left = fit(place.left, width, area.left, area.right);
+  const LONG top = fit(place.top, height, area.top, area.bottom);
+  SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }

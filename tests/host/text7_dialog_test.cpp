@@ -250,6 +250,38 @@ TEST_F(Text7DialogTest, StylesGiveHeightAndWidth) {
   EXPECT_EQ(placed({10}), "M");
 }
 
+TEST_F(Text7DialogTest, TheValueHasTheFocusAndIsTypedOver) {
+  const std::string one = "@click 1\n@point 0,0\n";
+  const std::string some = "@click 1\n@point 0,0\n@esc\n";
+  const struct {
+    std::string lines;
+    int id;
+  } cases[] = {
+      {"", 1937},
+      {"@type 1937 X\n" + one, 1937},
+      {"@click 1975\n@type 1931 X\n" + some, 1931},
+      {"@click 1975\n@check 1967 on\n@type 1933 1\n" + some, 1933},
+      {"@click 1975\n@check 1967 on\n@type 1933 1\n@click 1\n@esc\n", 1933},
+      {"@type 1937 X\n@click 1999\n@pick 60\n", 1937},
+  };
+  write("a.dxf", textDrawing());
+  for (const auto& row : cases) {
+    forget();
+    const std::string out = text(row.lines + "@keys \"7\"\n@dialog\n");
+    EXPECT_EQ(shown(out, row.id),
+              row.lines.find("1999") != std::string::npos ? "\"XX0017\"" : "\"7\"")
+        << row.lines;
+    EXPECT_TRUE(shown(out, row.id, true).ends_with(" focus")) << row.lines;
+  }
+  forget();
+  // It keeps the focus while the cursor passes over the drawing; Enter is OK, if OK may be pressed.
+  const std::string out = text(
+      "@focus 1987\n@move 1,1\n@dialog\n@key 1987 Enter\n@point 9,9\n"
+      "@type 1937 X\n@key 1987 Enter\n@point 0,0\n");
+  EXPECT_TRUE(shown(out, 1987, true).ends_with(" focus")) << out;
+  EXPECT_EQ(placed(), "X@0,0");
+}
+
 /// Further tests: what stays from one run to the next.
 class Text7MemoryTest : public Text7DialogTest {
  protected:

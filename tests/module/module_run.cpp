@@ -20,7 +20,8 @@ struct Binding {
   int ordinal;
 };
 
-constexpr Binding kBindings[] = {{L"KOVRA_TEXT_COUNTUP", 1003}, {L"-KOVRA_ATTR_COPY", 1006}};
+constexpr Binding kBindings[] = {
+    {L"KOVRA_TEXT", 1000}, {L"KOVRA_TEXT_COUNTUP", 1003}, {L"-KOVRA_ATTR_COPY", 1006}};
 
 std::filesystem::path makeFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "kovra-module-XXXXXX").string();
@@ -50,7 +51,9 @@ ModuleRun::ModuleRun() : folder_(makeFolder()) {
 
 ModuleRun::~ModuleRun() {
   closeDrawing();
-  unload();
+  // A modeless dialog closes when it is told of that.
+  arx::host::runIdle();
+  EXPECT_EQ(unload(), "");
   win::setCurrentProject({});
   win::interaction().setTranscript({});
   std::filesystem::remove_all(folder_);
