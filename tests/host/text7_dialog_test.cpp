@@ -276,7 +276,7 @@ TEST_F(Text7DialogTest, TheValueHasTheFocusAndIsTypedOver) {
   forget();
   // It keeps the focus while the cursor passes over the drawing; Enter is OK, if OK may be pressed.
   const std::string out = text(
-      "@focus 1987\n@move 1,1\n@dialog\n@key 1987 Enter\n@point 9,9\n"
+      "@focus 1987\n@move 1,1\n@dialog\n@key 1987 Enter\n@refused @point 9,9\n"
       "@type 1937 X\n@key 1987 Enter\n@point 0,0\n");
   EXPECT_TRUE(shown(out, 1987, true).ends_with(" focus")) << out;
   EXPECT_EQ(placed(), "X@0,0");
