@@ -4,6 +4,7 @@
 
 #include "host/list_command.h"
 #include "host/options.h"
+#include "host/plot_command.h"
 #include "host/run_command.h"
 
 namespace {
@@ -15,6 +16,8 @@ int run(const kovra::host::CommandLine& line) {
       return kovra::host::listDrawings(line.list);
     case kovra::host::Mode::kCheck:
       return kovra::host::checkDrawings(line.check);
+    case kovra::host::Mode::kPlot:
+      return kovra::host::plotDrawing(line.plot);
     default:
       return kovra::host::runDrawings(line.run);
   }

@@ -1,14 +1,18 @@
 #include "host/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <map>
+
+#include "host/script_text.h"
+#include "platform/win/wide_text.h"
 
 namespace kovra::host {
 namespace {
 
 constexpr const char* kVersion = KOVRA_VERSION;
-constexpr const char* kOwnOptions = "list and check take only what stands behind them";
+constexpr const char* kOwnOptions = "list, check and plot take only what stands behind them";
 
 // CLI11's own statuses are more than the three of this program.
 int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
@@ -72,6 +76,45 @@ CLI::App* addCheck(CLI::App& app, CheckOptions& check) {
   return command;
 }
 
+/// X1,Y1,X2,Y2: two opposite corners.
+std::string readWindow(const std::string& text, PlotOptions& plot) {
+  const std::wstring wide = win::fromUtf8(text);
+  Arguments arguments(wide);
+  const Result<std::vector<double>> numbers = arguments.coordinates(4, 4);
+  if (!numbers || !arguments.atEnd()) return "a window is X1,Y1,X2,Y2";
+  const std::vector<double>& n = numbers.value();
+  if (n[0] == n[2] || n[1] == n[3]) return "the window is empty";
+  plot.window = {{std::min(n[0], n[2]), std::min(n[1], n[3]), 0},
+                 {std::max(n[0], n[2]), std::max(n[1], n[3]), 0}};
+  return {};
+}
+
+CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
+  const std::map<std::string, Ground> grounds = {{"white", Ground::kWhite},
+                                                 {"dark", Ground::kDark}};
+  CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
+  command->add_option("DRAWING", plot.drawing, "Drawing to read")->required()->option_text(" ");
+  command->add_option("-o,--output", plot.output, "The picture: FILE.svg or FILE.png")
+      ->required()
+      ->option_text("FILE");
+  command
+      ->add_option_function<std::string>(
+          "--window",
+          [&plot](const std::string& text) {
+            if (const std::string fault = readWindow(text, plot); !fault.empty())
+              throw CLI::ValidationError("--window", fault);
+          },
+          "The part to draw, in drawing units (default: all that is drawn)")
+      ->option_text("X1,Y1,X2,Y2");
+  command->add_option("--ground", plot.ground, "What it is drawn on (default: white)")
+      ->transform(CLI::CheckedTransformer(grounds))
+      ->option_text("white|dark");
+  command->add_option("--size", plot.size, "Pixels of the longer side (default: 1600)")
+      ->check(CLI::Range(16, 32000))
+      ->option_text("PIXELS");
+  return command;
+}
+
 // What CLI11 can't say by itself; empty when all is well.
 std::string findMisuse(const CLI::App& app, const CommandLine& line) {
   const RunOptions& run = line.run;
@@ -97,13 +140,17 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   addRunOptions(app, line.run);
   const CLI::App* list = addList(app, line.list);
   const CLI::App* check = addCheck(app, line.check);
+  const CLI::App* plot = addPlot(app, line.plot);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     line.exitStatus = reportParseError(app, error);
     return line;
   }
-  line.mode = list->parsed() ? Mode::kList : check->parsed() ? Mode::kCheck : Mode::kRun;
+  line.mode = list->parsed()    ? Mode::kList
+              : check->parsed() ? Mode::kCheck
+              : plot->parsed()  ? Mode::kPlot
+                                : Mode::kRun;
   if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
     std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";
     line.exitStatus = kExitUsage;

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/picture/picture_draw.h"
+
 namespace kovra::host {
 
 /// What the program ends with.
@@ -46,13 +48,27 @@ struct CheckOptions {
   std::vector<std::filesystem::path> drawings;
 };
 
-enum class Mode { kRun, kList, kCheck };
+/// Options of `kovra plot`.
+struct PlotOptions {
+  struct Window {
+    AcGePoint3d low;
+    AcGePoint3d high;
+  };
+  std::filesystem::path drawing;
+  std::filesystem::path output;
+  std::optional<Window> window;  ///< in drawing units; none: all that is drawn
+  Ground ground = Ground::kWhite;
+  int size = 1600;  ///< pixels of the longer side
+};
+
+enum class Mode { kRun, kList, kCheck, kPlot };
 
 struct CommandLine {
   Mode mode = Mode::kRun;
   RunOptions run;
   ListOptions list;
   CheckOptions check;
+  PlotOptions plot;
   /// Set when there is nothing to run: help was printed, or wrong usage reported.
   std::optional<int> exitStatus;
 };

@@ -44,7 +44,7 @@ EXCEPTIONS = {
 LIBRARIES = {
     "platform/dxf": ["iconv.h"],
     "companions": ["sqlite3.h"],
-    "host": ["CLI/", "nlohmann/", "histedit.h", "editline/"],
+    "host": ["CLI/", "nlohmann/", "histedit.h", "editline/", "cairo.h", "pango/"],
 }
 
 # Folders whose code must not know what operating system it runs on.

@@ -21,6 +21,7 @@ constexpr size_t kDeepestNesting = 32;
 constexpr std::int64_t kLargestArray = 10000;
 /// Blocks of blocks of blocks may multiply beyond all measure; what one entity draws is cut off.
 constexpr std::size_t kMostLeaves = 1000000;
+constexpr int kWhite = 7;
 constexpr Property kLayerName{kEntityPart, 8};
 constexpr Property kInvisible{kEntityPart, 60};
 
@@ -60,9 +61,20 @@ std::vector<AcGeVector3d> arrayPlaces(const dxf::RecordDraft& draft) {
 
 }  // namespace
 
+AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subclass) {
+  constexpr std::int64_t kByLayer = 256;
+  if (const std::int64_t rgb = readInteger(draft, {subclass, 420}, -1); rgb >= 0)
+    return {static_cast<Adesk::UInt8>(rgb >> 16), static_cast<Adesk::UInt8>(rgb >> 8),
+            static_cast<Adesk::UInt8>(rgb)};
+  AcCmEntityColor color;
+  const std::int64_t index = readInteger(draft, {subclass, 62}, kByLayer);
+  color.setColorIndex(static_cast<int>(std::clamp<std::int64_t>(std::abs(index), 0, kByLayer)));
+  return color;
+}
+
 DrawingWalk::DrawingWalk(const AcDbDatabase& database, bool hiddenToo)
     : database_(database), hiddenToo_(hiddenToo), reader_(database) {
-  if (!hiddenToo_) readLayers();
+  readLayers();
 }
 
 void DrawingWalk::readLayers() {
@@ -74,58 +86,69 @@ void DrawingWalk::readLayers() {
     Layer layer;
     layer.frozen = (readInteger(draft, {kLayerPart, 70}, 0) & 1) != 0;
     layer.off = readInteger(draft, {kLayerPart, 62}, 7) < 0;
-    if (layer.frozen || layer.off) layers_[win::upperCase(structure.entryName(entry))] = layer;
+    layer.color = recordColor(draft, kLayerPart);
+    layers_.try_emplace(win::upperCase(structure.entryName(entry)), layer);
   }
 }
 
-DrawingWalk::Layer DrawingWalk::layerOf(const dxf::RecordDraft& draft, const Layer& around) const {
-  const std::string_view bytes = readBytes(draft, kLayerName);
-  if (bytes == "0" && !containers_.empty()) return around;
-  if (layers_.empty()) return {};
-  const auto found = layers_.find(win::upperCase(database_.store().codec().decode(bytes)));
-  return found != layers_.end() ? found->second : Layer{};
+const DrawingWalk::Layer& DrawingWalk::layerOf(std::string_view nameBytes,
+                                               const Layer& around) const {
+  if (nameBytes == "0" && !containers_.empty()) return around;
+  const std::string key(nameBytes);
+  const auto known = byBytes_.find(key);
+  if (known != byBytes_.end()) return known->second;
+  const auto found = layers_.find(win::upperCase(database_.store().codec().decode(nameBytes)));
+  return byBytes_[key] = found != layers_.end() ? found->second : Layer{};
+}
+
+DrawingWalk::Look DrawingWalk::lookOf(const dxf::RecordDraft& draft, const Look& around) const {
+  Look look{layerOf(readBytes(draft, kLayerName), around.layer), recordColor(draft, kEntityPart)};
+  if (look.color.isByBlock()) look.color = around.color;
+  if (look.color.isByLayer()) look.color = look.layer.color;
+  return look;
 }
 
 bool DrawingWalk::isFrozen(dxf::RecordIndex record) {
-  if (layers_.empty()) return false;
   dxf::RecordDraft draft;
   database_.store().load(record, draft);
   containers_.clear();
-  return layerOf(draft, {}).frozen;
+  return layerOf(readBytes(draft, kLayerName), {}).frozen;
 }
 
 void DrawingWalk::entity(dxf::RecordIndex record, const Visitor& visit) {
   containers_.clear();
   blocks_.clear();
   leavesLeft_ = kMostLeaves;
-  walk(record, AcGeMatrix3d(), {}, visit);
+  Look white;
+  white.color.setColorIndex(kWhite);
+  walk(record, AcGeMatrix3d(), white, visit);
 }
 
-bool DrawingWalk::walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Layer& around,
+bool DrawingWalk::walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Look& around,
                        const Visitor& visit) {
   dxf::RecordDraft draft;
   database_.store().load(record, draft);
-  const Layer layer = layerOf(draft, around);
-  if (!hiddenToo_ && (layer.frozen || readInteger(draft, kInvisible, 0) != 0)) return true;
+  const Look look = lookOf(draft, around);
+  if (!hiddenToo_ && (look.layer.frozen || readInteger(draft, kInvisible, 0) != 0)) return true;
   if (draft.kind() == RecordKind::kInsert)
-    return walkReference(record, draft, toWorld, layer, visit);
-  if (layer.off) return true;
+    return walkReference(record, draft, toWorld, look, visit);
+  if (look.layer.off && !hiddenToo_) return true;
   if (draft.kind() == RecordKind::kDimension) {
-    const std::wstring block =
-        database_.store().codec().decode(readBytes(draft, {"AcDbDimension", 2}));
+    const dxf::BlockNumber block = blockNamed(draft, "AcDbDimension");
+    if (block == dxf::kNoBlock) return leaf(record, draft, toWorld, look, visit);
     if (containers_.size() >= kDeepestNesting) return true;
     containers_.push_back(record);
-    const bool goOn = walkBlock(block, toWorld, layer, visit);
+    const bool goOn = walkBlock(block, toWorld, look, visit);
     containers_.pop_back();
     return goOn;
   }
-  return leaf(record, draft, toWorld, visit);
+  return leaf(record, draft, toWorld, look, visit);
 }
 
 bool DrawingWalk::walkReference(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                                const AcGeMatrix3d& toWorld, const Layer& layer,
+                                const AcGeMatrix3d& toWorld, const Look& look,
                                 const Visitor& visit) {
-  const std::wstring name = database_.store().codec().decode(readBytes(draft, {kReferencePart, 2}));
+  const dxf::BlockNumber block = blockNamed(draft, kReferencePart);
   if (containers_.size() >= kDeepestNesting) return true;
   containers_.push_back(record);
   const AcGeMatrix3d own = referenceMatrix(draft);
@@ -133,26 +156,32 @@ bool DrawingWalk::walkReference(dxf::RecordIndex record, const dxf::RecordDraft&
   for (const AcGeVector3d& place : arrayPlaces(draft)) {
     AcGeMatrix3d shift;
     shift.setToTranslation(AcGeVector3d(place).transformBy(ocsToWcs(entityNormal(draft))));
-    goOn = goOn && walkBlock(name, toWorld * shift * own, layer, visit);
+    goOn = goOn && walkBlock(block, toWorld * shift * own, look, visit);
   }
   const dxf::Structure& structure = database_.structure();
   dxf::RecordDraft attribute;
   for (dxf::RecordIndex r = structure.firstAttribute(record); goOn && r != dxf::kNoRecord;
        r = structure.nextAttribute(r)) {
     database_.store().load(r, attribute);
-    const Layer its = layerOf(attribute, layer);
-    const bool hidden = its.off || its.frozen || readInteger(attribute, kInvisible, 0) != 0 ||
+    const Look its = lookOf(attribute, look);
+    const bool hidden = its.layer.off || its.layer.frozen ||
+                        readInteger(attribute, kInvisible, 0) != 0 ||
                         (readInteger(attribute, {kAttributePart, 70}, 0) & 1) != 0;
-    if (hiddenToo_ || !hidden) goOn = leaf(r, attribute, toWorld, visit);
+    if (hiddenToo_ || !hidden) goOn = leaf(r, attribute, toWorld, its, visit);
   }
   containers_.pop_back();
   return goOn;
 }
 
-bool DrawingWalk::walkBlock(std::wstring_view name, const AcGeMatrix3d& toWorld, const Layer& layer,
+dxf::BlockNumber DrawingWalk::blockNamed(const dxf::RecordDraft& draft,
+                                         std::string_view subclass) const {
+  const std::string_view name = readBytes(draft, {subclass, 2});
+  return database_.structure().findBlock(database_.store().codec().decode(name));
+}
+
+bool DrawingWalk::walkBlock(dxf::BlockNumber block, const AcGeMatrix3d& toWorld, const Look& look,
                             const Visitor& visit) {
   const dxf::Structure& structure = database_.structure();
-  const dxf::BlockNumber block = structure.findBlock(name);
   if (block == dxf::kNoBlock || structure.block(block).begin == dxf::kNoRecord) return true;
   if (std::count(blocks_.begin(), blocks_.end(), block) > 0) return true;
   dxf::RecordDraft begin;
@@ -166,27 +195,31 @@ bool DrawingWalk::walkBlock(std::wstring_view name, const AcGeMatrix3d& toWorld,
   for (dxf::RecordIndex r = structure.firstEntity(block); goOn && r != dxf::kNoRecord;
        r = structure.nextEntity(block, r)) {
     // An attribute definition shows only where it stands by itself.
-    if (database_.store().kind(r) != RecordKind::kAttDef) goOn = walk(r, matrix, layer, visit);
+    if (database_.store().kind(r) != RecordKind::kAttDef) goOn = walk(r, matrix, look, visit);
   }
   blocks_.pop_back();
   return goOn;
 }
 
 bool DrawingWalk::leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                       const AcGeMatrix3d& toWorld, const Visitor& visit) {
+                       const AcGeMatrix3d& toWorld, const Look& look, const Visitor& visit) {
   if (leavesLeft_ == 0) return false;
   --leavesLeft_;
-  shapes_ = reader_.read(record, draft);
+  return visit({record, draft, toWorld, containers_, look.color});
+}
+
+const std::vector<DrawnShape>& DrawingWalk::shapes(const DrawnLeaf& leaf) {
+  shapes_ = reader_.read(leaf.record, leaf.draft);
   for (DrawnShape& shape : shapes_)
-    for (AcGePoint3d& point : shape.points) point.transformBy(toWorld);
-  return visit({record, toWorld, containers_, shapes_});
+    for (AcGePoint3d& point : shape.points) point.transformBy(leaf.toWorld);
+  return shapes_;
 }
 
 AcDbExtents entityExtents(const AcDbDatabase& database, dxf::RecordIndex record) {
   AcDbExtents extents;
   DrawingWalk walk(database, true);
   walk.entity(record, [&](const DrawnLeaf& leaf) {
-    for (const DrawnShape& shape : leaf.shapes)
+    for (const DrawnShape& shape : walk.shapes(leaf))
       for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
     return true;
   });

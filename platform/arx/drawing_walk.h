@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/arx/color.h"
 #include "platform/arx/drawn_shapes.h"
 #include "platform/arx/extents.h"
 #include "platform/arx/geometry.h"
@@ -19,10 +20,14 @@ namespace kovra::arx {
 /// Something drawn: an entity that isn't made of others, where it stands, and inside what.
 struct DrawnLeaf {
   dxf::RecordIndex record;
+  const dxf::RecordDraft& draft;                 ///< the record's
   const AcGeMatrix3d& toWorld;                   ///< from its own block
   std::span<const dxf::RecordIndex> containers;  ///< block references around it, outermost first
-  const std::vector<DrawnShape>& shapes;         ///< in world coordinates
+  AcCmEntityColor color;                         ///< neither by layer nor by block
 };
+
+/// The color that a record's groups give: the true color (420) before the index (62).
+AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subclass);
 
 /// Goes over what an entity draws. Frozen and off layers, invisible entities and invisible
 /// attributes are left out unless `hiddenToo`. Reads records; opens no objects.
@@ -33,6 +38,8 @@ class DrawingWalk {
   /// The visitor returns false to end the walk.
   using Visitor = std::function<bool(const DrawnLeaf&)>;
   void entity(dxf::RecordIndex record, const Visitor& visit);
+  /// What a leaf shows, in world coordinates; until the next call.
+  const std::vector<DrawnShape>& shapes(const DrawnLeaf& leaf);
 
   /// Whether the entity's own layer is frozen.
   bool isFrozen(dxf::RecordIndex record);
@@ -41,17 +48,26 @@ class DrawingWalk {
   struct Layer {
     bool off = false;
     bool frozen = false;
+    AcCmEntityColor color;
+  };
+  /// What an entity of a block takes over from the reference: the layer for what is on layer 0,
+  /// the color for what has it by block.
+  struct Look {
+    Layer layer;
+    AcCmEntityColor color;
   };
 
-  bool walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Layer& around,
+  bool walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Look& around,
             const Visitor& visit);
   bool walkReference(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                     const AcGeMatrix3d& toWorld, const Layer& layer, const Visitor& visit);
-  bool walkBlock(std::wstring_view name, const AcGeMatrix3d& toWorld, const Layer& layer,
+                     const AcGeMatrix3d& toWorld, const Look& look, const Visitor& visit);
+  bool walkBlock(dxf::BlockNumber block, const AcGeMatrix3d& toWorld, const Look& look,
                  const Visitor& visit);
   bool leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft, const AcGeMatrix3d& toWorld,
-            const Visitor& visit);
-  Layer layerOf(const dxf::RecordDraft& draft, const Layer& around) const;
+            const Look& look, const Visitor& visit);
+  dxf::BlockNumber blockNamed(const dxf::RecordDraft& draft, std::string_view subclass) const;
+  Look lookOf(const dxf::RecordDraft& draft, const Look& around) const;
+  const Layer& layerOf(std::string_view nameBytes, const Layer& around) const;
   void readLayers();
 
   const AcDbDatabase& database_;
@@ -61,7 +77,8 @@ class DrawingWalk {
   std::vector<dxf::RecordIndex> containers_;
   std::vector<dxf::BlockNumber> blocks_;  ///< being walked; a block inside itself is left out
   std::size_t leavesLeft_ = 0;            ///< of the entity being walked
-  std::unordered_map<std::wstring, Layer> layers_;  ///< by upper-case name; only off or frozen ones
+  std::unordered_map<std::wstring, Layer> layers_;          ///< by upper-case name
+  mutable std::unordered_map<std::string, Layer> byBytes_;  ///< those that were asked for
 };
 
 /// The box around everything that an entity draws, in world coordinates.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "platform/arx/geometry.h"
@@ -29,25 +28,10 @@ class ShapeReader {
   const std::vector<DrawnShape>& read(dxf::RecordIndex record, const dxf::RecordDraft& draft);
 
  private:
-  DrawnShape& add(bool filled = false);
-  void text(const dxf::RecordDraft& draft);
-  void mtext(const dxf::RecordDraft& draft);
-  void arc(const dxf::RecordDraft& draft, bool full);
-  void ellipse(const dxf::RecordDraft& draft);
-  void lwPolyline(const dxf::RecordDraft& draft);
-  void polyline(dxf::RecordIndex record, const dxf::RecordDraft& draft);
-  void pointList(const dxf::RecordDraft& draft, int code);
-  void quad(const dxf::RecordDraft& draft, bool filled);
-  void viewport(const dxf::RecordDraft& draft);
+  class Chains;
 
   const AcDbDatabase& database_;
   std::vector<DrawnShape> shapes_;
-  std::size_t used_ = 0;
 };
-
-/// Appends the points of a polyline's segment behind `from`, for a bulge (the tangent of a quarter
-/// of the arc's angle, positive counter-clockwise).
-void appendBulge(std::vector<AcGePoint3d>& out, const AcGePoint3d& from, const AcGePoint3d& to,
-                 double bulge);
 
 }  // namespace kovra::arx

@@ -75,7 +75,7 @@ struct BoxRelation {
 BoxRelation relationTo(const Box& box, DrawingWalk& walk, dxf::RecordIndex record) {
   BoxRelation relation;
   walk.entity(record, [&](const DrawnLeaf& leaf) {
-    for (const DrawnShape& shape : leaf.shapes) {
+    for (const DrawnShape& shape : walk.shapes(leaf)) {
       if (shape.points.empty()) continue;
       relation.drawn = true;
       relation.touched = relation.touched || shapeTouches(box, shape);
@@ -112,7 +112,7 @@ std::vector<AcGePoint3d> candidatesOf(AcApDocument& document, dxf::RecordIndex w
                           std::find(leaf.containers.begin(), leaf.containers.end(), wanted) !=
                               leaf.containers.end();
       if (within)
-        for (const DrawnShape& shape : leaf.shapes) appendCandidates(shape, candidates);
+        for (const DrawnShape& shape : walk.shapes(leaf)) appendCandidates(shape, candidates);
       return candidates.size() < kMostCandidates;
     });
   });
@@ -154,9 +154,9 @@ std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point) 
   DrawingWalk walk(database);
   forEachEntity(database, [&](dxf::RecordIndex record) {
     walk.entity(record, [&](const DrawnLeaf& leaf) {
-      const bool here =
-          std::any_of(leaf.shapes.begin(), leaf.shapes.end(),
-                      [&](const DrawnShape& shape) { return shapeHit(shape, point, reach); });
+      const bool here = std::ranges::any_of(walk.shapes(leaf), [&](const DrawnShape& shape) {
+        return shapeHit(shape, point, reach);
+      });
       if (!here) return true;
       hit = PickHit{database.idOf(record), database.idOf(leaf.record), leaf.toWorld, {}};
       for (auto at = leaf.containers.rbegin(); at != leaf.containers.rend(); ++at)

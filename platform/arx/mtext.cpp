@@ -1,5 +1,6 @@
 #include "platform/arx/mtext.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -60,6 +61,26 @@ bool writeContents(dxf::RecordDraft& draft, std::wstring_view text, const dxf::T
   return true;
 }
 
+AcGeVector3d normalOf(const dxf::RecordDraft& draft) {
+  const std::optional<AcGePoint3d> normal = readPoint(draft, kNormal);
+  return normal && !normal->asVector().isZeroLength() ? normal->asVector() : AcGeVector3d(0, 0, 1);
+}
+
+// The direction outranks the rotation, whichever stands last.
+AcGeVector3d directionOf(const dxf::RecordDraft& draft) {
+  const std::optional<AcGePoint3d> direction = readPoint(draft, kDirection);
+  if (direction && !direction->asVector().isZeroLength()) return direction->asVector().normal();
+  const double angle = readReal(draft, kRotation, 0) * std::numbers::pi / 180;
+  return AcGeVector3d(std::cos(angle), std::sin(angle), 0)
+      .transformBy(AcGeMatrix3d::planeToWorld(normalOf(draft)));
+}
+
+AcDbMText::AttachmentPoint attachmentOf(const dxf::RecordDraft& draft) {
+  const std::int64_t code = readInteger(draft, kAttachment, AcDbMText::kTopLeft);
+  const bool known = code >= AcDbMText::kTopLeft && code <= AcDbMText::kBottomRight;
+  return known ? static_cast<AcDbMText::AttachmentPoint>(code) : AcDbMText::kTopLeft;
+}
+
 }  // namespace
 
 std::wstring kovra::arx::mtextContents(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
@@ -70,6 +91,25 @@ std::wstring kovra::arx::mtextContents(const dxf::RecordDraft& draft, const dxf:
     bytes += draft.text(chunk);
   bytes += readBytes(draft, kContents);
   return codec.decode(bytes);
+}
+
+MTextLayout kovra::arx::layOutMText(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
+  MTextLayout place;
+  place.textHeight = readReal(draft, kHeight, 0);
+  place.lines =
+      mtextLines(mtextContents(draft, codec), place.textHeight, readReal(draft, kWidth, 0));
+  place.lineStep = kLineAdvance * readReal(draft, kSpacing, 1) * place.textHeight;
+  for (const MTextLine& line : place.lines) place.width = std::max(place.width, line.width);
+  place.height = place.textHeight + static_cast<double>(place.lines.size() - 1) * place.lineStep;
+  const int code = attachmentOf(draft) - AcDbMText::kTopLeft;
+  place.indentShare = (code % 3) / 2.0;
+  place.left = -place.width * place.indentShare;
+  place.top = place.height * (code / 3) / 2;
+  place.location = readPoint(draft, kLocation).value_or(AcGePoint3d());
+  place.normal = normalOf(draft).normal();
+  place.along = directionOf(draft);
+  place.up = place.normal.crossProduct(place.along);
+  return place;
 }
 
 AcDbMText::AcDbMText(Stored stored) : AcDbEntity(stored) {}
@@ -100,8 +140,7 @@ Acad::ErrorStatus AcDbMText::setLocation(const AcGePoint3d& point) {
 }
 
 AcGeVector3d AcDbMText::normal() const {
-  const std::optional<AcGePoint3d> normal = readPoint(groups(), kNormal);
-  return normal && !normal->asVector().isZeroLength() ? normal->asVector() : AcGeVector3d(0, 0, 1);
+  return normalOf(groups());
 }
 
 Acad::ErrorStatus AcDbMText::setNormal(const AcGeVector3d& given) {
@@ -110,13 +149,8 @@ Acad::ErrorStatus AcDbMText::setNormal(const AcGeVector3d& given) {
   return apply([&](RecordEdit& edit) { return edit.setPoint(kNormal, given.normal().asPoint()); });
 }
 
-// The direction outranks the rotation, whichever stands last.
 AcGeVector3d AcDbMText::direction() const {
-  const std::optional<AcGePoint3d> direction = readPoint(groups(), kDirection);
-  if (direction && !direction->asVector().isZeroLength()) return direction->asVector().normal();
-  const double angle = readReal(groups(), kRotation, 0) * std::numbers::pi / 180;
-  return AcGeVector3d(std::cos(angle), std::sin(angle), 0)
-      .transformBy(AcGeMatrix3d::planeToWorld(normal()));
+  return directionOf(groups());
 }
 
 Acad::ErrorStatus AcDbMText::setDirection(const AcGeVector3d& given) {
@@ -160,8 +194,7 @@ double AcDbMText::width() const {
 }
 
 AcDbMText::AttachmentPoint AcDbMText::attachment() const {
-  const std::int64_t code = readInteger(groups(), kAttachment, kTopLeft);
-  return code >= kTopLeft && code <= kBottomRight ? static_cast<AttachmentPoint>(code) : kTopLeft;
+  return attachmentOf(groups());
 }
 
 Acad::ErrorStatus AcDbMText::setAttachment(AttachmentPoint attachment) {
@@ -208,33 +241,19 @@ Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
   return apply([&](RecordEdit& edit) { return edit.setText(kStyle, name, codec()); });
 }
 
-namespace {
-
-MTextBox boxOf(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
-  return measureMText(mtextContents(draft, codec), readReal(draft, kHeight, 0),
-                      readReal(draft, kWidth, 0), readReal(draft, kSpacing, 1));
-}
-
-}  // namespace
-
 double AcDbMText::actualWidth() const {
-  return boxOf(groups(), codec()).width;
+  return layOutMText(groups(), codec()).width;
 }
 double AcDbMText::actualHeight() const {
-  return boxOf(groups(), codec()).height;
+  return layOutMText(groups(), codec()).height;
 }
 
 Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
-  const MTextBox box = boxOf(groups(), codec());
-  const int code = attachment() - kTopLeft;
-  const double left = -box.width * (code % 3) / 2;
-  const double top = box.height * (code / 3) / 2;
-  const AcGeVector3d along = direction();
-  const AcGeVector3d across = normal().normal().crossProduct(along);
+  const MTextLayout place = layOutMText(groups(), codec());
   extents = AcDbExtents();
-  for (const double u : {left, left + box.width})
-    for (const double v : {top, top - box.height})
-      extents.addPoint(location() + along * u + across * v);
+  for (const double u : {place.left, place.left + place.width})
+    for (const double v : {place.top, place.top - place.height})
+      extents.addPoint(place.location + place.along * u + place.up * v);
   return Acad::eOk;
 }
 

@@ -98,22 +98,24 @@ class Reader {
   std::vector<std::wstring> lines_;
 };
 
-/// Lines that a paragraph takes when it breaks at blanks, and its longest line in drawing units.
-int wrap(std::wstring_view paragraph, double textHeight, double width, double& longest) {
-  int lines = 1;
-  double used = 0;
+/// Appends the lines that a paragraph takes when it breaks at blanks. The blank at which it breaks
+/// belongs to neither line.
+void wrap(std::wstring_view paragraph, double textHeight, double width,
+          std::vector<MTextLine>& lines) {
+  lines.emplace_back();
   while (!paragraph.empty()) {
     const std::size_t blank = std::min(paragraph.find(L' ', 1), paragraph.size());
-    const double word = lineAdvance(paragraph.substr(0, blank)) * textHeight;
-    if (width > 0 && used > 0 && used + word > width) {
-      ++lines;
-      used = 0;
+    std::wstring_view word = paragraph.substr(0, blank);
+    double advance = lineAdvance(word) * textHeight;
+    if (width > 0 && lines.back().width > 0 && lines.back().width + advance > width) {
+      lines.emplace_back();
+      if (word.front() == L' ') word.remove_prefix(1);
+      advance = lineAdvance(word) * textHeight;
     }
-    used += word;
-    longest = std::max(longest, used);
+    lines.back().text += word;
+    lines.back().width += advance;
     paragraph.remove_prefix(blank);
   }
-  return lines;
 }
 
 }  // namespace
@@ -122,13 +124,11 @@ std::vector<std::wstring> mtextParagraphs(std::wstring_view contents) {
   return Reader(contents).paragraphs();
 }
 
-MTextBox measureMText(std::wstring_view contents, double textHeight, double width, double spacing) {
-  MTextBox box;
-  int lines = 0;
+std::vector<MTextLine> mtextLines(std::wstring_view contents, double textHeight, double width) {
+  std::vector<MTextLine> lines;
   for (const std::wstring& paragraph : mtextParagraphs(contents))
-    lines += wrap(paragraph, textHeight, width, box.width);
-  box.height = textHeight + (lines - 1) * kLineAdvance * spacing * textHeight;
-  return box;
+    wrap(paragraph, textHeight, width, lines);
+  return lines;
 }
 
 void moveEmbeddedColumns(dxf::RecordDraft& draft, const AcGeVector3d& by) {

@@ -12,18 +12,28 @@ class Sketch::Geometry : public AcGiGeometry {
     return drawable != nullptr && drawable->worldDraw(&sketch_);
   }
   Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points) const override {
-    sketch_.polylines_.emplace_back(points, points + count);
+    std::vector<AcGePoint3d>& line = sketch_.polylines_.emplace_back(points, points + count);
+    for (AcGePoint3d& point : line) point.transformBy(transforms_.current());
     return true;
   }
   Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d&,
                       const AcGeVector3d& direction, double height, double width, double,
                       const ACHAR* message) const override {
-    sketch_.texts_.push_back({position, direction, height, width, message});
+    const AcGeMatrix3d& toWorld = transforms_.current();
+    sketch_.texts_.push_back({AcGePoint3d(position).transformBy(toWorld),
+                              AcGeVector3d(direction).transformBy(toWorld), height, width,
+                              message});
     return true;
   }
+  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override {
+    transforms_.push(matrix);
+    return true;
+  }
+  Adesk::Boolean popModelTransform() override { return transforms_.pop(); }
 
  private:
   Sketch& sketch_;
+  ModelTransforms transforms_;
 };
 
 Sketch::Sketch() : geometry_(std::make_unique<Geometry>(*this)) {}

@@ -1,8 +1,15 @@
+#include "platform/arx/text_draw.h"
+
 #include <cmath>
 
+#include "platform/arx/database.h"
 #include "platform/arx/gi.h"
+#include "platform/arx/mtext_lines.h"
 #include "platform/arx/ocs.h"
 #include "platform/arx/text.h"
+#include "platform/arx/text_groups.h"
+#include "platform/arx/text_styles.h"
+#include "platform/dxf/record_store.h"
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* context) {
   if (visibility() == AcDb::kInvisible) return true;
@@ -12,3 +19,60 @@ Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* context) {
   return context->geometry().text(position(), normal(), direction, height(), widthFactor(),
                                   oblique(), textStringConst());
 }
+
+namespace kovra::arx {
+namespace {
+
+/// The characters stand one below the other, each in the middle of a full-width one's place.
+void drawVertical(AcGiGeometry& geometry, const TextShape& shape, const TextPlacement& place,
+                  const AcGeVector3d& along, const AcGeVector3d& up, const AcGeVector3d& normal) {
+  double below = 0;
+  for (const TextCharacter& c : textCharacters(shape.text)) {
+    const double indent = (kFullWidthAdvance - c.advance) / 2 * place.height * place.widthFactor;
+    const AcGePoint3d at = place.position + along * indent - up * below;
+    const ACHAR single[] = {c.character, 0};
+    geometry.text(at, normal, along, place.height, place.widthFactor, shape.oblique, single);
+    below += kVerticalAdvance * place.height;
+  }
+}
+
+}  // namespace
+
+TextShape readTextShape(const AcDbDatabase& database, const dxf::RecordDraft& draft,
+                        std::wstring& text) {
+  const bool definition = draft.kind() == dxf::RecordKind::kAttDef;
+  const Property value = definition ? Property{kDefinitionPart, 2} : kTextValue;
+  database.store().codec().decode(readBytes(draft, value), text);
+  TextShape shape = textShape(draft);
+  shape.text = text;
+  shape.vertical = database.textStyles().findBytes(readBytes(draft, kTextStyle)).vertical;
+  return shape;
+}
+
+void drawText(AcGiGeometry& geometry, const TextShape& shape) {
+  const TextPlacement place = placeText(shape);
+  const double turn = place.rotation;
+  AcGeVector3d along(std::cos(turn), std::sin(turn), 0);
+  AcGeVector3d up(-along.y, along.x, 0);
+  if (shape.mirroredInX) along.negate();
+  if (shape.mirroredInY) up.negate();
+  const AcGeVector3d normal = along.crossProduct(up);
+  if (shape.vertical) return drawVertical(geometry, shape, place, along, up, normal);
+  const std::wstring message(shape.text);
+  geometry.text(place.position, normal, along, place.height, place.widthFactor, shape.oblique,
+                message.c_str());
+}
+
+void drawMText(AcGiGeometry& geometry, const AcDbDatabase& database,
+               const dxf::RecordDraft& draft) {
+  const MTextLayout layout = layOutMText(draft, database.store().codec());
+  double base = layout.top - layout.textHeight;
+  for (const MTextLine& line : layout.lines) {
+    const double left = layout.left + (layout.width - line.width) * layout.indentShare;
+    geometry.text(layout.location + layout.along * left + layout.up * base, layout.normal,
+                  layout.along, layout.textHeight, 1, 0, line.text.c_str());
+    base -= layout.lineStep;
+  }
+}
+
+}  // namespace kovra::arx

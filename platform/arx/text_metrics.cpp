@@ -76,6 +76,36 @@ void forEachDrawn(std::wstring_view text, Visit visit) {
   }
 }
 
+/// What a code that draws a character stands for.
+wchar_t codeCharacter(std::wstring_view code) {
+  switch (code[2]) {
+    case L'c':
+    case L'C':
+      return L'\x2300';
+    case L'd':
+    case L'D':
+      return L'\xb0';
+    case L'p':
+    case L'P':
+      return L'\xb1';
+    case L'%':
+      return L'%';
+    default:
+      break;
+  }
+  wchar_t number = 0;
+  for (const wchar_t digit : code.substr(2))
+    number = static_cast<wchar_t>(number * 10 + (digit - L'0'));
+  return number;
+}
+
+/// Switches what one of %%u, %%o and %%k switches.
+void toggleStroke(wchar_t code, TextCharacter& strokes) {
+  if (code == L'u' || code == L'U') strokes.under = !strokes.under;
+  if (code == L'o' || code == L'O') strokes.over = !strokes.over;
+  if (code == L'k' || code == L'K') strokes.through = !strokes.through;
+}
+
 /// From the line's base point to its alignment point, along and across the line.
 struct Offset {
   double along = 0;
@@ -149,6 +179,26 @@ LineSize measureLine(std::wstring_view text) {
     ++size.characters;
   });
   return size;
+}
+
+std::vector<TextCharacter> textCharacters(std::wstring_view text) {
+  std::vector<TextCharacter> characters;
+  characters.reserve(text.size());
+  TextCharacter next;
+  while (!text.empty()) {
+    bool draws = true;
+    const std::size_t length = codeLength(text, draws);
+    if (draws) {
+      next.character = length > 0 ? codeCharacter(text.substr(0, length)) : text.front();
+      const bool full = length == 0 && isFullWidth(text.front());
+      next.advance = full ? kFullWidthAdvance : kHalfWidthAdvance;
+      characters.push_back(next);
+    } else {
+      toggleStroke(text[2], next);
+    }
+    text.remove_prefix(length > 0 ? length : 1);
+  }
+  return characters;
 }
 
 TextPlacement placeText(const TextShape& shape) {

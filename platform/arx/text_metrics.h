@@ -2,6 +2,7 @@
 #pragma once
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "platform/arx/enums.h"
 #include "platform/arx/geometry.h"
@@ -26,6 +27,16 @@ LineSize measureLine(std::wstring_view text);
 inline double lineAdvance(std::wstring_view text) {
   return measureLine(text).advance;
 }
+
+/// A character as it is drawn: what a code stands for, and the strokes that are switched on.
+struct TextCharacter {
+  wchar_t character = 0;
+  double advance = 0;  ///< in heights at width factor 1
+  bool under = false;
+  bool over = false;
+  bool through = false;
+};
+std::vector<TextCharacter> textCharacters(std::wstring_view text);
 
 /// What decides a line's box and place. Points in the text's own plane (OCS), angles in radians.
 struct TextShape {

@@ -95,7 +95,7 @@ AcDbExtents drawingExtents(const AcApDocument& document) {
   DrawingWalk walk(database, true);
   forEachEntity(database, [&](dxf::RecordIndex record) {
     walk.entity(record, [&](const DrawnLeaf& leaf) {
-      for (const DrawnShape& shape : leaf.shapes)
+      for (const DrawnShape& shape : walk.shapes(leaf))
         for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
       return true;
     });

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "platform/arx/documents.h"
-#include "platform/arx/drawn_shapes.h"
 #include "platform/arx/hit_test.h"
+#include "platform/arx/record_draw.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
 
@@ -132,11 +132,12 @@ TEST(EditorShapes, AreHitWhereTheyAreDrawn) {
 
 TEST(EditorShapes, BulgesTurnToTheRightSide) {
   // A quarter turn counter-clockwise from (10, 0) to (0, 10) about the origin.
-  std::vector<AcGePoint3d> points;
-  appendBulge(points, {10, 0, 0}, {0, 10, 0}, std::tan(std::acos(-1) / 8));
-  for (const AcGePoint3d& point : points)
-    EXPECT_NEAR(std::hypot(point.x, point.y), 10, 1e-9) << point.x << "," << point.y;
-  EXPECT_NEAR(points.back().y, 10, 1e-9);
+  const auto arc = bulgeArc({10, 0, 0}, {0, 10, 0}, std::tan(std::acos(-1) / 8));
+  ASSERT_TRUE(arc.has_value());
+  EXPECT_TRUE(arc->center.isEqualTo({0, 0, 0}));
+  EXPECT_NEAR(arc->radius, 10, 1e-9);
+  EXPECT_NEAR(arc->start, 0, 1e-9);
+  EXPECT_NEAR(arc->sweep, std::acos(0), 1e-9);
 }
 
 TEST(EditorShapes, NestedEntitiesComeWithMatrixAndContainers) {

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <vector>
+
+#include "host/picture/canvas.h"
+#include "platform/arx/extents.h"
+#include "platform/arx/gi.h"
+
+namespace kovra::host {
+
+/// Colors that a picture is drawn on.
+enum class Ground { kWhite, kDark };
+Rgb groundColor(Ground ground);
+/// The color on that ground: what is white by its index is black on white.
+Rgb inkColor(const AcCmEntityColor& color, Ground ground);
+
+/// Which part of the world a picture shows, seen from above; y up in the world, down in the
+/// picture.
+struct Page {
+  AcGePoint3d low;
+  double scale = 1;  ///< pixels to a drawing unit
+  int width = 0;     ///< pixels
+  int height = 0;
+
+  Spot toPixel(const AcGePoint3d& point) const {
+    return {(point.x - low.x) * scale, height - (point.y - low.y) * scale};
+  }
+};
+
+/// The page for a window of the world whose longer side gets `size` pixels; a side that is nearly
+/// nothing beside the other gets a twentieth of it. `margin`: what is added all round, as a share
+/// of the longer side.
+Page pageFor(const AcGePoint3d& low, const AcGePoint3d& high, int size, double margin);
+
+/// Draws AcGi operations on a canvas.
+class PictureDraw : public AcGiWorldDraw {
+ public:
+  PictureDraw(Canvas& canvas, Glyphs& glyphs, const Page& page, Ground ground);
+  ~PictureDraw() override;
+  AcGiGeometry& geometry() const override;
+  AcGiSubEntityTraits& subEntityTraits() const override;
+
+ private:
+  class Geometry;
+  class Traits;
+
+  std::unique_ptr<Traits> traits_;
+  std::unique_ptr<Geometry> geometry_;
+};
+
+/// Finds the box around what AcGi operations draw.
+class ExtentsDraw : public AcGiWorldDraw {
+ public:
+  ExtentsDraw();
+  ~ExtentsDraw() override;
+  AcGiGeometry& geometry() const override;
+  const AcDbExtents& extents() const { return extents_; }
+
+ private:
+  class Geometry;
+
+  AcDbExtents extents_;
+  std::unique_ptr<Geometry> geometry_;
+};
+
+}  // namespace kovra::host

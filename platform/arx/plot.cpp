@@ -1,0 +1,29 @@
+#include "platform/arx/plot.h"
+
+#include "platform/arx/database.h"
+#include "platform/arx/drawing_walk.h"
+#include "platform/arx/gi.h"
+#include "platform/arx/record_draw.h"
+
+namespace kovra::arx {
+
+KindCounts plotSpace(const AcDbDatabase& database, dxf::BlockNumber space, AcGiWorldDraw& context) {
+  KindCounts missing;
+  AcGiGeometry& geometry = context.geometry();
+  DrawingWalk walk(database);
+  const DrawingWalk::Visitor draw = [&](const DrawnLeaf& leaf) {
+    context.subEntityTraits().setTrueColor(leaf.color);
+    geometry.pushModelTransform(leaf.toWorld);
+    const bool drawn = drawRecord(database, leaf.record, leaf.draft, geometry);
+    geometry.popModelTransform();
+    if (!drawn) ++missing[std::string(leaf.draft.typeName())];
+    return true;
+  };
+  const dxf::Structure& structure = database.structure();
+  for (dxf::RecordIndex record = structure.firstEntity(space); record != dxf::kNoRecord;
+       record = structure.nextEntity(space, record))
+    walk.entity(record, draw);
+  return missing;
+}
+
+}  // namespace kovra::arx
