@@ -1,5 +1,7 @@
 #include "module/drawing/attachment.h"
 
+#include <algorithm>
+
 namespace kovra {
 namespace {
 
@@ -16,6 +18,11 @@ constexpr int kMiddleCode = 14;
 constexpr int kBottomCenterCode = 8;
 
 }  // namespace
+
+int AttachIndex(int code) {
+  const auto place = std::find(AttachCodes.begin(), AttachCodes.end(), code);
+  return place != AttachCodes.end() ? static_cast<int>(place - AttachCodes.begin()) : -1;
+}
 
 int AttachIndexToModes(int index, int& horizontal, int& vertical) {
   horizontal = 0;

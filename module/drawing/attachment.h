@@ -14,6 +14,9 @@ inline constexpr int kAttachments = 13;
 inline constexpr std::array<int, kAttachments> AttachCodes = {10, 11, 12, 14, 1, 2, 3,
                                                               4,  5,  6,  7,  8, 9};
 
+/// Index of an attachment code; -1 for a code that no combo box offers: aligned, fit, no code.
+int AttachIndex(int code);
+
 /// @return 0; -1 for a number that is no index, with both modes 0
 int AttachIndexToModes(int index, int& horizontal, int& vertical);
 

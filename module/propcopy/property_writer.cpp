@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "module/drawing/angles.h"
 #include "module/drawing/layer_snapshot.h"
 #include "module/drawing/symbol_tables.h"
 #include "module/frame/companions/entity_attr_lib.h"
@@ -13,8 +14,6 @@
 
 namespace kovra {
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 const ACHAR* tagOf(const AcDbText* text) {
   if (const auto* definition = AcDbAttributeDefinition::cast(text)) return definition->tagConst();

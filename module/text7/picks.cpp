@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "module/countup/spacing_pick.h"
+#include "module/drawing/angles.h"
 #include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
 #include "module/drawing/group_list.h"
@@ -35,8 +36,6 @@ constexpr int kRotationGroup = 50;
 constexpr int kHorizontalGroup = 72;
 constexpr int kTextVerticalGroup = 73;
 constexpr int kAttributeVerticalGroup = 74;
-
-constexpr double kPi = 3.141592653589793;
 
 // Longest text of the multi-line field that a picked value is inserted into.
 constexpr int kLongestText = 511;

@@ -6,6 +6,7 @@
 
 #include "module/countup/count_up_value.h"
 #include "module/countup/radix_table.h"
+#include "module/drawing/angles.h"
 #include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
 #include "module/drawing/current_database.h"
@@ -31,8 +32,6 @@ namespace {
 
 constexpr UINT kCurrentLayerName = 2731;
 constexpr UINT kInsertionPointPrompt = 2774;
-
-constexpr double kPi = 3.141592653589793;
 
 /// The texts of one drag, in the order of building, outside any database.
 struct TextBatch {
@@ -108,7 +107,7 @@ bool MakeTextEntity(const TextProperties& properties, const AcDbDatabase* databa
   entity->setHorizontalMode(static_cast<AcDb::TextHorzMode>(properties.horizontal));
   entity->setVerticalMode(static_cast<AcDb::TextVertMode>(properties.vertical));
   entity->setNormal(database->ucsxdir().crossProduct(database->ucsydir()));
-  entity->setRotation(properties.degrees / 180.0 * kPi);
+  entity->setRotation(RadiansOf(properties.degrees));
   batch.texts.push_back(std::move(entity));
   batch.offsets.push_back(worldOffset(offset));
   return true;

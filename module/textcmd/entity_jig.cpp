@@ -3,6 +3,7 @@
 #include <memory>
 #include <new>
 
+#include "module/drawing/coordinates.h"
 #include "module/drawing/current_database.h"
 #include "module/frame/companions/entity_attr_lib.h"
 #include "module/frame/reporting.h"
@@ -39,16 +40,6 @@ int jigResult(AcEdJig::DragStatus status) {
     default:
       return RTERROR;
   }
-}
-
-void toUcs(const AcGePoint3d& world, ads_point point) {
-  resbuf from{};
-  resbuf to{};
-  from.restype = to.restype = RTSHORT;
-  from.resval.rint = 0;
-  to.resval.rint = 1;
-  const ads_point given = {world.x, world.y, world.z};
-  acedTrans(given, &from, &to, 0, point);
 }
 
 /// Reads what the input holds behind the keyword: 2 for a request, 1 for the request 0, -1 for
@@ -100,9 +91,11 @@ int GetInsertPoint(const ACHAR* prompt, ads_point point, int& request, int curso
   request = 0;
   AcGePoint3d world;
   switch (JigPoint(prompt, TextPreview, world, cursor)) {
-    case RTNORM:
-      toUcs(world, point);
+    case RTNORM: {
+      const ads_point given = {world.x, world.y, world.z};
+      WorldToUcs(given, point);
       return 0;
+    }
     case RTCAN:
       return 1;
     case kJigKeyword:

@@ -1,11 +1,13 @@
 #include "module/frame/commands.h"
 #include "module/frame/gates.h"
 #include "module/frame/reporting.h"
+#include "module/textcmd/text_run.h"
+#include "module/textcmd/text_states.h"
 
 namespace kovra {
 namespace {
 
-constexpr UINT kCommandNotBuilt = 3900;
+constexpr UINT kAlreadyRunning = 2734;
 
 }  // namespace
 
@@ -14,7 +16,13 @@ void TextCommand() {
     RunText7Command();
     return;
   }
-  ProjectMessage(kCommandNotBuilt);
+  TextRun run;
+  const int started = StartTextCommand(run);
+  if (started == 1) ShowMessage(kAlreadyRunning);
+  if (started != 0) return;
+  run.TextState = kValueState;
+  RunTextStates(run);
+  EndTextCommand(run);
 }
 
 }  // namespace kovra

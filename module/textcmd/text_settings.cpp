@@ -99,7 +99,8 @@ int WriteDefaultTextSettings() {
   DialogStateStore store;
   const bool written = store.OpenSection(kSection) && store.SetInt(kXKey, 800) &&
                        store.SetInt(kYKey, 400) && store.SetInt(kLayerIndexKey, 0) &&
-                       setReal(store, kHeightKey, 1.5) && setReal(store, kWidthFactorKey, 1.0) &&
+                       setReal(store, kHeightKey, kUsualTextHeight) &&
+                       setReal(store, kWidthFactorKey, kUsualTextWidthFactor) &&
                        setReal(store, kRotationKey, 0.0) && store.SetInt(kAttachmentKey, 0);
   return written ? 0 : -1;
 }

@@ -20,6 +20,10 @@ struct TextSettings {
 
 inline constexpr int kLayerTextLength = 257;
 
+// What a user starts with who has no settings yet.
+inline constexpr double kUsualTextHeight = 1.5;
+inline constexpr double kUsualTextWidthFactor = 1.0;
+
 /// Clears the record and fills it from the store. The name for the current layer is given in the
 /// language of this run, whichever it was stored in.
 /// @param report a failure is shown in a message box

@@ -1,5 +1,6 @@
 #include "platform/win/key_translation.h"
 
+#include <string_view>
 #include <utility>
 
 #include "platform/win/window_api.h"
@@ -49,3 +50,25 @@ void translateAndDispatch(const MSG& message) {
 }
 
 }  // namespace kovra::win
+
+UINT MapVirtualKeyW(UINT key, UINT mapping) {
+  // Rows of the keyboard: the first key's code and the keys in their order.
+  static constexpr struct {
+    UINT firstCode;
+    std::string_view keys;
+  } kRows[] = {{0x01,
+                "\x1B"
+                "1234567890"},
+               {0x0E, "\b\tQWERTYUIOP"},
+               {0x1C, "\r"},
+               {0x1E, "ASDFGHJKL"},
+               {0x2C, "ZXCVBNM"},
+               {0x39, " "},
+               {0x4F, "\x23"}};
+  if (mapping != MAPVK_VK_TO_VSC || key > 0xFF) return 0;
+  for (const auto& [firstCode, keys] : kRows) {
+    const std::size_t place = keys.find(static_cast<char>(key));
+    if (place != std::string_view::npos) return firstCode + static_cast<UINT>(place);
+  }
+  return 0;
+}

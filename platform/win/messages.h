@@ -311,6 +311,7 @@ inline constexpr int VK_DELETE = 0x2E;
 inline constexpr int VK_F1 = 0x70;
 inline constexpr int VK_F12 = 0x7B;
 inline constexpr int VK_PROCESSKEY = 0xE5;
+inline constexpr UINT MAPVK_VK_TO_VSC = 0;
 
 struct CREATESTRUCTW {
   LPVOID lpCreateParams;

@@ -26,6 +26,7 @@ std::wstring lowerCase(std::wstring_view text);
 }  // namespace kovra::win
 
 inline constexpr UINT CP_ACP = 0;
+inline constexpr UINT CP_THREAD_ACP = 3;
 inline constexpr UINT CP_UTF8 = 65001;
 
 /// Leading white space, a sign and ASCII digits; 0 without digits, saturated at INT_MIN and
@@ -46,7 +47,7 @@ int lstrlenW(const wchar_t* text);
 /// The narrow texts are UTF-8, in which no byte leads a double-byte character.
 int _ismbblead(unsigned int byte);
 
-/// Conversions between UTF-8 (CP_ACP and CP_UTF8 alike) and wide texts as the platform has them: a
+/// Conversions between UTF-8 (for every code page) and wide texts as the platform has them: a
 /// length of -1 takes the text up to and with its null; a capacity of 0 asks for the length. 0 when
 /// the capacity doesn't suffice.
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* text, int length, wchar_t* wide,

@@ -76,6 +76,9 @@ BOOL TrackMouseEvent(TRACKMOUSEEVENT* event);
 BOOL GetCursorPos(POINT* point);
 /// The high bit is set while the key is held down.
 SHORT GetKeyState(int key);
+/// The scan code of a virtual key (letters, digits, the keys of typing and the End key), for
+/// MAPVK_VK_TO_VSC; 0 for other keys and other mappings.
+UINT MapVirtualKeyW(UINT key, UINT mapping);
 HWND WindowFromPoint(POINT point);
 BOOL PtInRect(const RECT* rect, POINT point);
 
