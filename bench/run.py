@@ -84,8 +84,8 @@ def rows_of_size(arguments, size):
     plain = results["plain pass"]
     for name, result in results.items():
         cells = [result, "", "", "", "", ""] if not isinstance(result, Result) else [
-            f"{result.seconds:.2f}", f"{megabytes / result.seconds:.0f}", f"{result.seconds / plain.seconds:.2f}",
-            f"{result.processor:.2f}", f"{result.processor / plain.processor:.2f}",
+            f"{result.seconds:.3f}", f"{megabytes / result.seconds:.0f}", f"{result.seconds / plain.seconds:.2f}",
+            f"{result.processor:.3f}", f"{result.processor / plain.processor:.2f}",
             f"{result.memory / 1e6 / megabytes:.2f}"]
         yield [f"{megabytes:.0f} MB", name, *cells]
     target.unlink(missing_ok=True)
