@@ -30,8 +30,9 @@ int AddText(const TextCommonProps& properties, const TextGeometry& geometry, con
 /// copies of a large pattern so cost little more than what differs from copy to copy.
 class TextSource {
  public:
-  /// Any name will do; copies can be made of a text only.
-  TextSource(const ads_name text);  // NOLINT(google-explicit-constructor): a name stands for it
+  /// Any name will do, and stands for its text where one is asked for; copies can be made of a text
+  /// only.
+  TextSource(const ads_name text);
 
   /// The value, group 1; empty when the entity is no TEXT or has none.
   const CString& value() const { return value_; }
