@@ -266,7 +266,7 @@ GroupStyle groupStyle(const Dialect& dialect, std::string_view record) {
   style.crlf = record[feed - 1] == '\r';
   const std::size_t digit = record.substr(0, feed).find_first_not_of(" \t");
   constexpr std::size_t kWidest = 6;
-  if (digit != std::string_view::npos && digit < kWidest) style.codeWidth = digit + 1;
+  if (digit < kWidest) style.codeWidth = digit + 1;
   return style;
 }
 
