@@ -3,12 +3,12 @@
 #include "module/countup/radix_table.h"
 #include "module/drawing/current_database.h"
 #include "module/drawing/drawing_scale.h"
+#include "module/drawing/property_combos.h"
 #include "module/drawing/system_variables.h"
 #include "module/drawing/text_styles.h"
 #include "module/frame/companions/window_ui_lib.h"
 #include "module/frame/dialog_items.h"
 #include "module/frame/gates.h"
-#include "module/frame/reporting.h"
 #include "module/params/param_tables.h"
 #include "module/text7/text7_dlg.h"
 #include "module/text7/text7_ids.h"
@@ -24,9 +24,6 @@ namespace {
 constexpr UINT kDirectionIcons[] = {536, 537, 538, 539};
 constexpr UINT kSpacingIcons[] = {541, 542, 542};
 
-constexpr UINT kFirstJustification = 2809;
-constexpr UINT kLastJustification = 2821;
-
 // What a field starts with when the stored settings have nothing for it.
 constexpr ACHAR kUsualLayer[] = L"CMNT";
 constexpr double kUsualHeight = 2.5;
@@ -35,10 +32,6 @@ constexpr double kUsualLineSpacing = 1.2;
 
 double aboveZero(double value, double otherwise) {
   return value > 0 ? value : otherwise;
-}
-
-void fillCombo(CWnd& dialog, int comboId, const TextList& texts) {
-  for (const auto& text : texts) AddComboItem(dialog, comboId, text.get());
 }
 
 }  // namespace
@@ -102,16 +95,14 @@ void CText7Dlg::fillLists() {
     if (!name.IsEmpty()) AddComboItem(*this, kStyle, name.GetString());
   }
   SendDlgItemMessage(kJustification, CB_RESETCONTENT);
-  for (UINT id = kFirstJustification; id <= kLastJustification; ++id) {
-    AddComboItem(*this, kJustification, ResourceText(id).GetString());
-  }
+  FillJustifications(*this, kJustification);
   ParamTables tables;
   if (LoadParamTables(tables) != 0) return;
-  fillCombo(*this, kLayer, tables.layers);
-  fillCombo(*this, kHeight, tables.heights);
-  fillCombo(*this, kWidthFactor, tables.widthFactors);
-  fillCombo(*this, kRotation, tables.rotations);
-  if (offersLines()) fillCombo(*this, kLineSpacing, tables.rowRatios);
+  FillCombo(*this, kLayer, tables.layers);
+  FillCombo(*this, kHeight, tables.heights);
+  FillCombo(*this, kWidthFactor, tables.widthFactors);
+  FillCombo(*this, kRotation, tables.rotations);
+  if (offersLines()) FillCombo(*this, kLineSpacing, tables.rowRatios);
 }
 
 void CText7Dlg::showSettings() {

@@ -5,6 +5,7 @@
 #include "module/drawing/attachment.h"
 #include "module/drawing/layers.h"
 #include "module/drawing/number_text.h"
+#include "module/drawing/property_combos.h"
 #include "module/drawing/system_variables.h"
 #include "module/drawing/text_styles.h"
 #include "module/frame/dialog_items.h"
@@ -17,12 +18,7 @@ using namespace textdlg;
 
 namespace {
 
-constexpr UINT kFirstJustification = 2809;
 constexpr const ACHAR* kStandardLayer = L"0";
-
-void fillCombo(CWnd& dialog, int comboId, const TextList& texts) {
-  for (const auto& text : texts) AddComboItem(dialog, comboId, text.get());
-}
 
 void showNumber(CWnd& dialog, int comboId, double number) {
   CString digits;
@@ -51,10 +47,7 @@ BOOL CTextDlg::OnInitDialog() {
   keepOnScreen();
   fillLists();
   if (!fillStyles()) return kFocusStays;
-  for (int i = 0; i < kAttachments; ++i) {
-    const UINT name = kFirstJustification + static_cast<UINT>(i);
-    AddComboItem(*this, kJustification, ResourceText(name).GetString());
-  }
+  FillJustifications(*this, kJustification);
   Document = acDocManager->curDocument();
   UpdateLayerOk();
   TextDlgReactor = std::make_unique<TxtDlgDocReactor>(Document, this);
@@ -74,11 +67,11 @@ void CTextDlg::keepOnScreen() {
 }
 
 void CTextDlg::fillLists() {
-  fillCombo(*this, kLayer, LayerList);
+  FillCombo(*this, kLayer, LayerList);
   SelectIndex(*this, kLayer, LayerIndex);
-  fillCombo(*this, kHeight, HeightList);
-  fillCombo(*this, kWidthFactor, WidthList);
-  fillCombo(*this, kRotation, RotationList);
+  FillCombo(*this, kHeight, HeightList);
+  FillCombo(*this, kWidthFactor, WidthList);
+  FillCombo(*this, kRotation, RotationList);
 }
 
 bool CTextDlg::fillStyles() {
@@ -87,7 +80,7 @@ bool CTextDlg::fillStyles() {
     TraceError(L"TextDlg error GetTxtStyleList");
     return false;
   }
-  fillCombo(*this, kStyle, styles);
+  FillCombo(*this, kStyle, styles);
   SelectComboItem(*this, kStyle, StyleName.GetString());
   return true;
 }
