@@ -38,7 +38,7 @@ struct Scene {
   Pieces ends;
 };
 
-const Scene kScenes[] = {{
+const Scene kCountUpCopy = {
     {"KOVRA_TEXT_COUNTUP\n@select all\n@enter", "KOVRA_TEXT_COUNTUP\n@select 60\n@enter",
      "@preselect all\nKOVRA_TEXT_COUNTUP", "KOVRA_TEXT_COUNTUP"},
     {"@click 1953", "@click 1954", "@click 1955", "@click 1956", "@click 1974", "@click 1975",
@@ -58,13 +58,41 @@ const Scene kScenes[] = {{
      // entries that OK refuses
      "@check 1967 off\n@click 1975\n@click 1953\n@type 1932 0\n@click 1\n@esc",
      "@check 1967 off\n@click 1975\n@click 1954\n@type 1934 0\n@click 1\n@close"},
-}};
+};
+
+const Scene kTextDialog = {
+    {"KOVRA_TEXT", "KOVRA_TEXT", "KOVRA_TEXT\n@type 1937 \"A\\nB\"",
+     "@project p15\nKOVRA_TEXT\n@type 1937 X", "@project p7\nKOVRA_TEXT\n@type 1931 X",
+     "KOVRA_TEXT\n@click 1975\n@check 1967 on\n@type 1933 7",
+     "KOVRA_TEXT\n@click 1976\n@click 1962\n@type 1931 W\n@type 1938 2"},
+    {"@click 1974", "@click 1975", "@click 1976", "@check 1967 on", "@check 1967 off",
+     "@click 1960", "@click 1961", "@click 1963", "@check 4514 on", "@click 2003",
+     "@choose 1978 #0", "@choose 1978 #2", "@choose 1978 #6", "@choose 1985 #0",
+     "@choose 1985 TALL", "@choose 1987 #1", "@choose 1993 #4", "@choose 1998 #0",
+     "@choose 1998 #7", "@type 1998 LOCKED", "@type 1937 \"\"", "@type 1937 \"X\\n\\nY\"",
+     "@type 1931 W", "@type 1933 9", "@type 1935 -3", "@type 1936 1F", "@type 1987 0",
+     "@type 1987 3", "@type 1991 30", "@type 2002 0", "@type 1939 -1e3", "@type 1940 0",
+     "@type 1938 3", "@place 5 5 427 600", "@keys \"7\"", "@key 1937 Enter", "@dialog",
+     // placements and picks, ended, cancelled and left waiting
+     "@click 1\n@point 3,4", "@click 1\n@move 1,1\n@esc", "@click 1\n@point 0,0\n@point 5,5\n@esc",
+     "@click 1999\n@pick 60", "@click 1995\n@pick 61", "@click 1988\n@esc",
+     "@click 1990\n@pick 1,1", "@click 1964\n@point 0,0\n@point 4,-3",
+     "@click 1965\n@point 0,0\n@esc", "@click 1966", "@click 1", "KOVRA_TEXT", "@activate a.dxf",
+     "@activate b.dxf", "@project p15", "-STYLE\nTALL\ntxt\n4\n0.5\n0\nN\nN\nN", "CLAYER\nWIRENO",
+     "-LAYER\nLO\nWIRENO\n"},
+    {"@click 1\n@point 1,2\n@esc", "@click 1\n@point 1,2\n@esc\n@close", "@click 2", "@close",
+     "@click 1\n@move 2,2\n@open b.dxf", "@click 1\n@closedrawing", "@reload"},
+};
+
+const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog};
 
 /// What must have been seen, so that the random users aren't kept out by a closed door.
 const Pieces kSeen = {"The number of rows must be",    "The number of columns must be",
                       "The numbers of rows and",       "Specify opposite corner",
                       "second point of row distance",  "first point of column distance",
-                      "Specify point for the copies:", "can't be counted down"};
+                      "Specify point for the copies:", "can't be counted down",
+                      "Specify insertion point:",      "Select text:",
+                      "first point of row distance",   "already open"};
 
 class RandomTest : public ProgramTest {
  protected:
@@ -80,7 +108,7 @@ class RandomTest : public ProgramTest {
   std::string script() {
     std::string lines;
     for (int i = 0; i < kPiecesPerRun; ++i) {
-      lines += random() % 4 == 0 ? scene(kScenes[random() % std::size(kScenes)])
+      lines += random() % 4 == 0 ? scene(*kScenes[random() % std::size(kScenes)])
                                  : pick(kAnywhere) + '\n';
     }
     return lines;
@@ -90,7 +118,9 @@ class RandomTest : public ProgramTest {
 };
 
 TEST_F(RandomTest, NoCrashNoHangAndADrawingThatLoads) {
-  write("p/project.ini", "[Project]\nDataVersion=12.0\n");
+  for (const auto& [name, version] : {std::pair{"p", "12.0"}, {"p7", "7.00"}, {"p15", "15.0"}}) {
+    write(std::string(name) + "/project.ini", std::string("[Project]\nDataVersion=") + version);
+  }
   const std::string drawing = textDrawing();
   std::string transcripts;
   for (unsigned seed = 1; seed <= kRuns; ++seed) {
