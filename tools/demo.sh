@@ -1,23 +1,32 @@
 #!/usr/bin/env bash
-# Changes a copy of the example project by a script and shows what changed: demo.sh BUILD
+# Places texts in a copy of the example project by a script and shows what changed: demo.sh BUILD
 set -euo pipefail
 kovra=$1/bin/kovra
 result=build/demo
-sheets=(motor-1 motor-2 terminals)
 
 rm -rf "$result"
 mkdir -p "$result"
 cp -r examples/panel "$result/panel"
 cp -r examples/panel "$result/before"
 
-"$kovra" --project "$result/panel" --state "$result/state.db" --script examples/attr_copy.kovra \
+"$kovra" --project "$result/panel" --state "$result/state.db" --script examples/place_texts.kovra \
   --save "$result"/panel/*.dxf
 
+# The texts of a drawing, a line each.
+texts() {
+  "$kovra" list "$1" --format csv | tr -d '\r' |
+    awk -F, '$2 == "TEXT" { printf "  %-5s %-28s layer %-7s height %-4s at %s,%s\n", $1, $5, $6, $8, $12, $13 }'
+}
+
 for sheet in "$result"/panel/*.dxf; do
-  name=$(basename "$sheet")
-  changed=$(diff --text "$result/before/$name" "$sheet" | grep -c '^>' || true)
-  printf '\n%s: %s lines changed\n' "$name" "$changed"
-  diff --text --label "$name before" --label "$name" -U3 "$result/before/$name" "$sheet" | head -20 || true
+  before=$result/before/$(basename "$sheet")
+  changed=$(diff --text "$before" "$sheet" | grep -c '^>' || true)
+  printf '\n%s: %s lines changed or added. Texts placed:\n' "$(basename "$sheet")" "$changed"
+  diff <(texts "$before") <(texts "$sheet") | sed -n 's/^> //p' || true
 done
+
+echo
+echo "An attribute of $result/panel/motor-1.dxf, before and after:"
+diff --text -U4 "$result"/{before,panel}/motor-1.dxf | awk '/^@@/ { ++hunk } hunk == 2' || true
 echo
 echo "The changed drawings are in $result/panel, each with its former state beside it as .bak."

@@ -1,5 +1,9 @@
-"""The example drawings are what the script makes. Usage: test_examples.py SOURCE-ROOT"""
+"""The example drawings are what their generator makes, and the scripts do on them what they say.
+Usage: test_examples.py SOURCE-ROOT PROGRAM"""
 
+import csv
+import io
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -7,6 +11,13 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(sys.argv[1])
+PROGRAM = sys.argv[2]
+
+
+def texts(drawing):
+    """The drawing's texts and attributes by handle."""
+    listing = subprocess.run([PROGRAM, "list", drawing, "--format", "csv"], check=True, capture_output=True).stdout
+    return {row["handle"]: row for row in csv.DictReader(io.StringIO(listing.decode("utf-8")))}
 
 
 class ExampleTest(unittest.TestCase):
@@ -23,6 +34,41 @@ class ExampleTest(unittest.TestCase):
         named = {value for line in (panel / "project.ini").read_text("utf-8").splitlines()
                  for key, _, value in [line.partition("=")] if key.isdigit() and value.endswith(".dxf")}
         self.assertEqual(named, {path.name for path in panel.glob("*.dxf")})
+
+    def run_on_copy(self, script, language, folder):
+        """New texts, and the number of changed ones, by drawing."""
+        copy = Path(folder) / f"{script}-{language}"
+        shutil.copytree(ROOT / "examples" / "panel", copy)
+        drawings = sorted(copy.glob("*.dxf"))
+        before = {drawing.name: texts(drawing) for drawing in drawings}
+        subprocess.run([PROGRAM, "--project", copy, "--state", Path(folder) / "state.db", "--language", language,
+                        "--script", ROOT / "examples" / script, "--save", *drawings], check=True, capture_output=True)
+        result = {}
+        for drawing in drawings:
+            old, now = before[drawing.name], texts(drawing)
+            new = [row for handle, row in now.items() if handle not in old]
+            result[drawing.stem] = new, sum(now[handle] != row for handle, row in old.items())
+        return result
+
+    def test_scripts_do_what_they_say(self):
+        """In either language, also with what the run before left in the dialogs."""
+        scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
+        self.assertEqual(scripts, {"attr_copy.kovra", "count_up.kovra", "place_texts.kovra"})
+        with tempfile.TemporaryDirectory() as folder:
+            for language in ("en", "ja"):
+                placed = self.run_on_copy("place_texts.kovra", language, folder)
+                row = [f"X{number}" for number in range(904, 916)]
+                note = ["NOTES", "1. X904 TO X915 ARE SPARE", "2. TIGHTEN M4 WITH 1.2 Nm"]
+                self.assertEqual([text["value"] for text in placed["terminals"][0]], row + note)
+                self.assertEqual([text["value"] for text in placed["motor-1"][0]], ["E1", "E2", "E3"])
+                self.assertEqual({text["layer"] for text in placed["motor-1"][0]}, {"WIRENO"})
+                self.assertGreater(placed["motor-1"][1], 40)
+                self.assertEqual(placed["motor-2"], ([], 0))
+                counted = self.run_on_copy("count_up.kovra", language, folder)
+                self.assertEqual([text["value"] for text in counted["motor-1"][0]],
+                                 [f"X{number:03}" for number in range(4, 61)])
+                copied = self.run_on_copy("attr_copy.kovra", language, folder)
+                self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 
 
 if __name__ == "__main__":
