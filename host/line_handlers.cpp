@@ -3,8 +3,8 @@
 namespace kovra::host {
 
 const LineHandler* findLineHandler(std::wstring_view name) {
-  for (const auto& table :
-       {documentLines(), keyLines(), answerLines(), pointerLines(), dialogLines()}) {
+  for (const auto& table : {documentLines(), keyLines(), answerLines(), pointerLines(),
+                            dialogLines(), pictureLines()}) {
     for (const LineHandler& handler : table) {
       if (handler.name == name) return &handler;
     }

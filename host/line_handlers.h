@@ -33,6 +33,7 @@ std::span<const LineHandler> keyLines();
 std::span<const LineHandler> answerLines();
 std::span<const LineHandler> pointerLines();
 std::span<const LineHandler> dialogLines();
+std::span<const LineHandler> pictureLines();
 
 /// Null for an unknown name.
 const LineHandler* findLineHandler(std::wstring_view name);

@@ -49,12 +49,12 @@ PangoLayout* makeLayout(cairo_t* context, const char* families) {
 }  // namespace
 
 struct FontOutlines::Pango {
-  cairo_surface_t* surface;
+  cairo_surface_t* surface;  ///< without bounds: characters outside of them would be left out
   cairo_t* context;
   PangoLayout* layout;
 
   explicit Pango(const char* families)
-      : surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1)),
+      : surface(cairo_recording_surface_create(CAIRO_CONTENT_ALPHA, nullptr)),
         context(cairo_create(surface)),
         layout(makeLayout(context, families)) {}
   ~Pango() {

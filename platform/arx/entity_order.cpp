@@ -5,13 +5,14 @@
 #include "platform/dxf/structure.h"
 
 namespace kovra::arx {
-namespace {
 
 dxf::BlockNumber currentSpace(const AcDbDatabase& database) {
   if (database.currentSpaceId() == database.modelSpaceId()) return dxf::kModelSpace;
   const dxf::BlockNumber paper = database.structure().paperSpace();
   return paper == dxf::kNoBlock ? dxf::kModelSpace : paper;
 }
+
+namespace {
 
 void forEachOf(const dxf::Structure& structure, dxf::BlockNumber block,
                const std::function<void(dxf::RecordIndex)>& work) {

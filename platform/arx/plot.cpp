@@ -4,14 +4,22 @@
 #include "platform/arx/drawing_walk.h"
 #include "platform/arx/gi.h"
 #include "platform/arx/record_draw.h"
+#include "platform/arx/record_edit.h"
 
 namespace kovra::arx {
+namespace {
+
+/// Where dimensions keep the points that they measure; never on paper.
+constexpr std::string_view kUnplottedLayer = "Defpoints";
+
+}  // namespace
 
 KindCounts plotSpace(const AcDbDatabase& database, dxf::BlockNumber space, AcGiWorldDraw& context) {
   KindCounts missing;
   AcGiGeometry& geometry = context.geometry();
   DrawingWalk walk(database);
   const DrawingWalk::Visitor draw = [&](const DrawnLeaf& leaf) {
+    if (readBytes(leaf.draft, {kEntityPart, 8}) == kUnplottedLayer) return true;
     context.subEntityTraits().setTrueColor(leaf.color);
     geometry.pushModelTransform(leaf.toWorld);
     const bool drawn = drawRecord(database, leaf.record, leaf.draft, geometry);

@@ -42,6 +42,9 @@ std::string_view otherPart(const dxf::RecordDraft& draft, int code) {
 std::size_t findProperty(const dxf::RecordDraft& draft, Property property) {
   if (property.subclass == kEntityPart) return findCommon(draft, property.code);
   const std::size_t group = draft.find(property.subclass, property.code);
+  // A reference that is an array has all its groups below a marker of its own.
+  if (group == dxf::kNoGroup && property.subclass == kReferencePart)
+    return draft.find("AcDbMInsertBlock", property.code);
   if (group != dxf::kNoGroup || property.subclass != kTextPart) return group;
   const std::string_view other = otherPart(draft, property.code);
   return other.empty() ? group : draft.find(other, property.code);

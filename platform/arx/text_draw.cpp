@@ -25,11 +25,12 @@ namespace {
 
 /// The characters stand one below the other, each in the middle of a full-width one's place.
 void drawVertical(AcGiGeometry& geometry, const TextShape& shape, const TextPlacement& place,
-                  const AcGeVector3d& along, const AcGeVector3d& up, const AcGeVector3d& normal) {
+                  const AcGePoint3d& origin, const AcGeVector3d& along, const AcGeVector3d& up,
+                  const AcGeVector3d& normal) {
   double below = 0;
   for (const TextCharacter& c : textCharacters(shape.text)) {
     const double indent = (kFullWidthAdvance - c.advance) / 2 * place.height * place.widthFactor;
-    const AcGePoint3d at = place.position + along * indent - up * below;
+    const AcGePoint3d at = origin + along * indent - up * below;
     const ACHAR single[] = {c.character, 0};
     geometry.text(at, normal, along, place.height, place.widthFactor, shape.oblique, single);
     below += kVerticalAdvance * place.height;
@@ -43,6 +44,7 @@ TextShape readTextShape(const AcDbDatabase& database, const dxf::RecordDraft& dr
   const bool definition = draft.kind() == dxf::RecordKind::kAttDef;
   const Property value = definition ? Property{kDefinitionPart, 2} : kTextValue;
   database.store().codec().decode(readBytes(draft, value), text);
+  if (text.find(L'^') != std::wstring::npos) text = dxf::decodeCarets(text);
   TextShape shape = textShape(draft);
   shape.text = text;
   shape.vertical = database.textStyles().findBytes(readBytes(draft, kTextStyle)).vertical;
@@ -54,12 +56,17 @@ void drawText(AcGiGeometry& geometry, const TextShape& shape) {
   const double turn = place.rotation;
   AcGeVector3d along(std::cos(turn), std::sin(turn), 0);
   AcGeVector3d up(-along.y, along.x, 0);
-  if (shape.mirroredInX) along.negate();
+  AcGePoint3d origin = place.position;
+  if (shape.mirroredInX) {
+    // Between its two points a mirrored line begins at the second one.
+    if (isBetweenPoints(shape)) origin += along * place.width;
+    along.negate();
+  }
   if (shape.mirroredInY) up.negate();
   const AcGeVector3d normal = along.crossProduct(up);
-  if (shape.vertical) return drawVertical(geometry, shape, place, along, up, normal);
+  if (shape.vertical) return drawVertical(geometry, shape, place, origin, along, up, normal);
   const std::wstring message(shape.text);
-  geometry.text(place.position, normal, along, place.height, place.widthFactor, shape.oblique,
+  geometry.text(origin, normal, along, place.height, place.widthFactor, shape.oblique,
                 message.c_str());
 }
 

@@ -208,8 +208,7 @@ TextPlacement placeText(const TextShape& shape) {
   place.widthFactor = shape.widthFactor;
   place.rotation = shape.rotation;
   const LineSize size = shape.size ? *shape.size : measureLine(shape.text);
-  const bool betweenPoints =
-      shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit;
+  const bool betweenPoints = isBetweenPoints(shape);
   if (betweenPoints && !shape.vertical) placeBetweenPoints(shape, size.advance, place);
   boxOf(shape, size, place);
   if (betweenPoints || !usesAlignmentPoint(shape.horizontal, shape.verticalMode)) return place;

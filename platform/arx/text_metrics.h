@@ -55,6 +55,11 @@ struct TextShape {
   AcGePoint3d alignment;  ///< group 11
 };
 
+/// Whether the line goes from its position to its alignment point: aligned and fitted ones.
+inline bool isBetweenPoints(const TextShape& shape) {
+  return shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit;
+}
+
 /// Where a line is drawn: its box is [0, width] by [bottom, top] along the rotation from the
 /// position.
 struct TextPlacement {

@@ -29,7 +29,7 @@ std::vector<AcGePoint3d> textOutline(const AcDbDatabase& database, const dxf::Re
   const TextPlacement place = placeText(shape);
   AcGeVector3d along(std::cos(place.rotation), std::sin(place.rotation), 0);
   AcGeVector3d up(-along.y, along.x, 0);
-  if (shape.mirroredInX) along.negate();
+  if (shape.mirroredInX && !isBetweenPoints(shape)) along.negate();
   if (shape.mirroredInY) up.negate();
   std::vector<AcGePoint3d> points =
       box(place.position, along, up, 0, place.width, place.bottom, place.top);

@@ -51,6 +51,8 @@ constexpr KindName kNames[] = {
     {"SPLINE", RecordKind::kSpline},
     {"HATCH", RecordKind::kHatch},
     {"DIMENSION", RecordKind::kDimension},
+    {"ARC_DIMENSION", RecordKind::kDimension},
+    {"LARGE_RADIAL_DIMENSION", RecordKind::kDimension},
     {"LEADER", RecordKind::kLeader},
     {"VIEWPORT", RecordKind::kViewport},
     {"DICTIONARY", RecordKind::kDictionary},
@@ -80,7 +82,7 @@ constexpr std::array<std::uint8_t, kSlots> makeSlots() {
 
 constexpr std::array<std::uint8_t, kSlots> kSlotTable = makeSlots();
 
-constexpr std::size_t kLongestName = 12;  // BLOCK_RECORD
+constexpr std::size_t kLongestName = 22;  // LARGE_RADIAL_DIMENSION
 
 }  // namespace
 

@@ -1,0 +1,379 @@
+#include "host/picture/dialog_draw.h"
+
+#include <algorithm>
+#include <map>
+
+#include "host/picture/icon_pixels.h"
+#include "platform/win/button_control.h"
+#include "platform/win/combo_control.h"
+#include "platform/win/dialog_listing.h"
+#include "platform/win/dialogs.h"
+#include "platform/win/edit_control.h"
+#include "platform/win/painting.h"
+#include "platform/win/static_control.h"
+#include "platform/win/window_api.h"
+
+namespace kovra::host {
+namespace {
+
+constexpr Rgb kFace{240, 240, 240};
+constexpr Rgb kInk{0, 0, 0};
+constexpr Rgb kGrayInk{131, 131, 131};
+constexpr Rgb kEdge{122, 122, 122};
+constexpr Rgb kPaleEdge{204, 204, 204};
+constexpr Rgb kGroupEdge{220, 220, 220};
+constexpr Rgb kWhite{255, 255, 255};
+constexpr Rgb kButton{225, 225, 225};
+constexpr Rgb kPressed{204, 228, 247};
+constexpr Rgb kAccent{0, 120, 215};
+constexpr Rgb kCaption{255, 255, 255};
+
+/// A line of dialog text, and what a half-width character takes of it (see DrawTextW).
+constexpr double kLineHeight = 13;
+constexpr double kHalfWidth = 6;
+
+double measured(std::wstring_view text) {
+  double width = 0;
+  for (const wchar_t c : text) width += c < 0x1100 ? kHalfWidth : 2 * kHalfWidth;
+  return width;
+}
+
+/// A caption without the "&" before its access key; where the key is, or npos.
+std::wstring withoutKey(std::wstring_view text, std::size_t& key) {
+  std::wstring plain;
+  key = std::wstring::npos;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == L'&' && i + 1 < text.size()) {
+      ++i;
+      if (text[i] != L'&' && key == std::wstring::npos) key = plain.size();
+    }
+    plain += text[i];
+  }
+  return plain;
+}
+
+Rgb blended(Rgb color, Rgb ground, double opacity) {
+  const auto part = [opacity](std::uint8_t top, std::uint8_t below) {
+    return static_cast<std::uint8_t>(top * opacity + below * (1 - opacity) + 0.5);
+  };
+  return {part(color.red, ground.red), part(color.green, ground.green),
+          part(color.blue, ground.blue)};
+}
+
+}  // namespace
+
+struct DialogDraw::Control {
+  win::ControlListing listing;
+  DWORD style = 0;
+  Bounds box;
+  bool focused = false;
+
+  Rgb ink() const { return listing.enabled ? kInk : kGrayInk; }
+};
+
+Bounds DialogDraw::onPicture(const RECT& place) const {
+  return {static_cast<double>(place.left - origin_.x), static_cast<double>(place.top - origin_.y),
+          static_cast<double>(place.right - origin_.x),
+          static_cast<double>(place.bottom - origin_.y)};
+}
+
+void DialogDraw::box(const Bounds& box, Rgb inside, Rgb edge) {
+  Path path;
+  path.box(box.left + 0.5, box.top + 0.5, box.right - 0.5, box.bottom - 0.5);
+  canvas_.fill(path, inside);
+  canvas_.stroke(path, edge);
+}
+
+void DialogDraw::line(Spot from, Spot to, Rgb color, double width) {
+  Path path;
+  path.moveTo(from);
+  path.lineTo(to);
+  canvas_.stroke(path, color, width);
+}
+
+void DialogDraw::text(std::wstring_view given, const Bounds& room, Align align, Rgb color,
+                      bool keys) {
+  std::size_t key = std::wstring::npos;
+  const std::wstring shown = keys ? withoutKey(given, key) : std::wstring(given);
+  if (shown.empty()) return;
+  double natural = 0;
+  const Path outline = glyphs_.line(shown, kLineHeight, natural);
+  // The machine's font may be wider than what dialogs are measured with.
+  const double stretch = natural > 0 ? std::min(1.0, measured(shown) / natural) : 1;
+  const double width = natural * stretch;
+  const double left =
+      align == Align::kLeft ? room.left : std::max(room.left, (room.left + room.right - width) / 2);
+  constexpr double kBaseLine = 0.78;  // of the line's height
+  const double top = (room.top + room.bottom - kLineHeight) / 2;
+  const double base = top + kLineHeight * kBaseLine;
+  canvas_.beginClip(room);
+  Path placed;
+  placed.append(outline, {stretch, 0, 0, 1, left, base});
+  canvas_.fill(placed, color);
+  if (key < shown.size()) {
+    double before = 0;
+    double through = 0;
+    glyphs_.line(shown.substr(0, key), kLineHeight, before);
+    glyphs_.line(shown.substr(0, key + 1), kLineHeight, through);
+    line({left + before * stretch, base + 1.5}, {left + through * stretch, base + 1.5}, color);
+  }
+  canvas_.endClip();
+}
+
+void DialogDraw::icon(HICON handle, double left, double top, bool enabled) {
+  const IconPixels image = iconPixels(handle);
+  // Runs of one color are one box.
+  for (int row = 0; row < image.height; ++row)
+    for (int column = 0; column < image.width;) {
+      const auto at = [&](int x) -> const IconPixel& {
+        return image.pixels[static_cast<std::size_t>(row * image.width + x)];
+      };
+      const IconPixel& pixel = at(column);
+      int end = column + 1;
+      while (end < image.width && at(end).color == pixel.color && at(end).opacity == pixel.opacity)
+        ++end;
+      if (pixel.opacity != 0) {
+        Path path;
+        path.box(left + column, top + row, left + end, top + row + 1);
+        const double strength = pixel.opacity / 255.0 * (enabled ? 1 : 0.4);
+        canvas_.fill(path, blended(pixel.color, kButton, strength));
+      }
+      column = end;
+    }
+}
+
+void DialogDraw::group(const Control& control) {
+  const Bounds& box = control.box;
+  const double top = box.top + kLineHeight / 2;
+  std::size_t key = 0;
+  const std::wstring caption = withoutKey(control.listing.text, key);
+  constexpr double kIndent = 9;
+  Path path;
+  path.box(box.left + 0.5, top + 0.5, box.right - 0.5, box.bottom - 0.5);
+  canvas_.stroke(path, kGroupEdge);
+  if (caption.empty()) return;
+  const Bounds place{box.left + kIndent, box.top,
+                     std::min(box.right, box.left + kIndent + measured(caption)),
+                     box.top + kLineHeight};
+  Path cleared;
+  cleared.box(place.left - 2, place.top, place.right + 2, place.bottom);
+  canvas_.fill(cleared, kFace);
+  text(control.listing.text, place, Align::kLeft, control.ink(), true);
+}
+
+void DialogDraw::label(const Control& control) {
+  if (const auto* state = win::stateOf<win::StaticState>(control.listing.window);
+      state != nullptr && state->icon != nullptr)
+    return icon(state->icon, control.box.left, control.box.top, control.listing.enabled);
+  Bounds room = control.box;
+  room.bottom = std::max(room.top + kLineHeight, std::min(room.bottom, room.top + kLineHeight));
+  const bool keys = (control.style & SS_NOPREFIX) == 0;
+  text(control.listing.text, room, Align::kLeft, control.ink(), keys);
+}
+
+void DialogDraw::button(const Bounds& at, bool enabled, bool pressed, bool defaulted) {
+  const Rgb edge = pressed || defaulted ? kAccent
+                   : enabled            ? Rgb{173, 173, 173}
+                                        : Rgb{191, 191, 191};
+  box(at, pressed ? kPressed : enabled ? kButton : kPaleEdge, edge);
+}
+
+void DialogDraw::pushButton(const Control& control) {
+  if (win::buttonKind(control.listing.window) == BS_OWNERDRAW) return ownDrawn(control);
+  const bool defaulted = win::buttonKind(control.listing.window) == BS_DEFPUSHBUTTON;
+  button(control.box, control.listing.enabled, false, defaulted && control.listing.enabled);
+  const auto* state = win::stateOf<win::ButtonState>(control.listing.window);
+  if (state != nullptr && state->icon != nullptr) {
+    const IconPixels image = iconPixels(state->icon);
+    return icon(state->icon, (control.box.left + control.box.right - image.width) / 2,
+                (control.box.top + control.box.bottom - image.height) / 2, control.listing.enabled);
+  }
+  text(control.listing.text, control.box, Align::kCenter, control.ink(), true);
+}
+
+/// Carries out what the program paints.
+void DialogDraw::ownDrawn(const Control& control) {
+  const bool enabled = control.listing.enabled;
+  for (const win::PaintStep& step : win::paintWindow(control.listing.window)) {
+    const Bounds place{control.box.left + step.place.left, control.box.top + step.place.top,
+                       control.box.left + step.place.right, control.box.top + step.place.bottom};
+    switch (step.kind) {
+      case win::PaintStep::Kind::themePart:
+        button(place, step.state != PBS_DISABLED, step.state == PBS_PRESSED,
+               step.state == PBS_DEFAULTED || step.state == PBS_HOT);
+        break;
+      case win::PaintStep::Kind::frame:
+        button(place, (step.state & DFCS_INACTIVE) == 0, (step.state & DFCS_PUSHED) != 0, false);
+        break;
+      case win::PaintStep::Kind::icon:
+        icon(step.icon, place.left, place.top, enabled);
+        break;
+      case win::PaintStep::Kind::text: {
+        Bounds room = place;
+        if ((step.format & DT_VCENTER) == 0) room.bottom = room.top + kLineHeight;
+        text(step.text, room, (step.format & DT_CENTER) != 0 ? Align::kCenter : Align::kLeft,
+             control.ink(), true);
+        break;
+      }
+      case win::PaintStep::Kind::focus:
+      case win::PaintStep::Kind::fill:
+        break;
+    }
+  }
+}
+
+/// Check boxes and radios.
+void DialogDraw::mark(const Control& control) {
+  constexpr double kMark = 13, kGap = 4;
+  const bool radio = control.listing.kind == "radio";
+  const double top = (control.box.top + control.box.bottom - kMark) / 2;
+  const double left = control.box.left;
+  const Spot middle{left + kMark / 2, top + kMark / 2};
+  const Rgb edge = control.listing.enabled ? Rgb{51, 51, 51} : kPaleEdge;
+  const auto disc = [&](double radius) {
+    const double reach = radius * 0.5523;  // a quarter turn as a cubic curve
+    Path path;
+    path.moveTo({middle.x + radius, middle.y});
+    const Spot axes[] = {{0, 1}, {-1, 0}, {0, -1}, {1, 0}};
+    Spot from{1, 0};
+    for (const Spot to : axes) {
+      path.curveTo(
+          {middle.x + from.x * radius + to.x * reach, middle.y + from.y * radius + to.y * reach},
+          {middle.x + to.x * radius + from.x * reach, middle.y + to.y * radius + from.y * reach},
+          {middle.x + to.x * radius, middle.y + to.y * radius});
+      from = to;
+    }
+    return path;
+  };
+  if (radio) {
+    canvas_.fill(disc(kMark / 2), kWhite);
+    canvas_.stroke(disc(kMark / 2 - 0.5), edge);
+    if (control.listing.check == 1) canvas_.fill(disc(3.5), control.ink());
+  } else {
+    box({left, top, left + kMark, top + kMark}, kWhite, edge);
+    if (control.listing.check == 1) {
+      Path tick;
+      tick.moveTo({left + 3, top + 6.5});
+      tick.lineTo({left + 5.5, top + 9});
+      tick.lineTo({left + 10, top + 3.5});
+      canvas_.stroke(tick, control.ink(), 1.6);
+    } else if (control.listing.check == 2) {
+      Path between;
+      between.box(left + 3, top + 3, left + 10, top + 10);
+      canvas_.fill(between, control.ink());
+    }
+  }
+  Bounds room = control.box;
+  room.left += kMark + kGap;
+  text(control.listing.text, room, Align::kLeft, control.ink(), true);
+}
+
+void DialogDraw::fieldLines(const Control& control, const Bounds& room) {
+  constexpr double kLineStep = kLineHeight;
+  const bool lines = (control.style & ES_MULTILINE) != 0;
+  std::wstring_view rest = control.listing.text;
+  Bounds at = room;
+  while (lines) {
+    const std::size_t end = std::min(rest.find(L"\r\n"), rest.size());
+    at.bottom = at.top + kLineStep;
+    text(rest.substr(0, end), at, Align::kLeft, control.ink(), false);
+    if (end == rest.size() || at.bottom > room.bottom) return;
+    rest.remove_prefix(end + 2);
+    at.top = at.bottom;
+  }
+  text(rest, room, Align::kLeft, control.ink(), false);
+}
+
+void DialogDraw::field(const Control& control) {
+  constexpr double kBar = 17;
+  const bool writable = control.listing.enabled && (control.style & ES_READONLY) == 0;
+  box(control.box, writable ? kWhite : kFace,
+      !control.listing.enabled ? kPaleEdge
+      : control.focused        ? kAccent
+                               : kEdge);
+  Bounds room = control.box;
+  room.left += 4;
+  room.right -= 3;
+  if ((control.style & WS_VSCROLL) != 0) {
+    box({control.box.right - kBar, control.box.top + 1, control.box.right - 1,
+         control.box.bottom - 1},
+        kFace, kFace);
+    room.right -= kBar;
+  }
+  if ((control.style & ES_MULTILINE) != 0) room.top += 2;
+  fieldLines(control, room);
+}
+
+void DialogDraw::combo(const Control& control) {
+  constexpr double kArrowRoom = 17;
+  const auto* state = win::stateOf<win::ComboState>(control.listing.window);
+  const bool list = state != nullptr && state->field == nullptr;
+  const bool enabled = control.listing.enabled;
+  const Rgb inside = !enabled ? (list ? kPaleEdge : kFace) : list ? kButton : kWhite;
+  box(control.box, inside, !enabled ? kPaleEdge : control.focused ? kAccent : kEdge);
+  Bounds room = control.box;
+  room.left += 4;
+  room.right -= kArrowRoom;
+  text(control.listing.text, room, Align::kLeft, control.ink(), false);
+  const Spot middle{control.box.right - kArrowRoom / 2, (control.box.top + control.box.bottom) / 2};
+  Path arrow;
+  arrow.moveTo({middle.x - 3.5, middle.y - 2});
+  arrow.lineTo({middle.x, middle.y + 1.5});
+  arrow.lineTo({middle.x + 3.5, middle.y - 2});
+  canvas_.stroke(arrow, control.ink(), 1.2);
+}
+
+void DialogDraw::control(const Control& control) {
+  using Draw = void (DialogDraw::*)(const Control&);
+  static const std::map<std::string_view, Draw> kKinds = {
+      {"group", &DialogDraw::group}, {"label", &DialogDraw::label},
+      {"icon", &DialogDraw::label},  {"button", &DialogDraw::pushButton},
+      {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
+      {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
+  };
+  const auto draw = kKinds.find(control.listing.kind);
+  if (draw != kKinds.end()) return (this->*draw->second)(control);
+  box(control.box, kWhite, kEdge);
+  text(control.listing.text, control.box, Align::kCenter, control.ink(), false);
+}
+
+void DialogDraw::dialog(HWND window) {
+  const win::DialogListing listing = win::listDialog(window);
+  const Bounds outer = onPicture(listing.place);
+  const Bounds client = onPicture(win::clientOnScreen(window));
+  box(outer, kFace, Rgb{100, 100, 100});
+  if (win::hasStyle(window, WS_CAPTION)) {
+    Path bar;
+    bar.box(outer.left + 1, outer.top + 1, outer.right - 1, client.top);
+    canvas_.fill(bar, kCaption);
+    const double close = client.top - outer.top;
+    text(listing.title, {outer.left + 9, outer.top, outer.right - close, client.top}, Align::kLeft,
+         kInk, false);
+    const Spot middle{outer.right - close / 2 - 2, (outer.top + client.top) / 2};
+    constexpr double kArm = 4.5;
+    if (win::hasStyle(window, WS_SYSMENU)) {
+      line({middle.x - kArm, middle.y - kArm}, {middle.x + kArm, middle.y + kArm}, kInk);
+      line({middle.x - kArm, middle.y + kArm}, {middle.x + kArm, middle.y - kArm}, kInk);
+    }
+  }
+  // Group frames lie below what they hold, whatever their place in the tab order.
+  for (const bool groups : {true, false})
+    for (const win::ControlListing& entry : listing.controls) {
+      if (!entry.visible || (entry.kind == "group") != groups) continue;
+      Control shown{entry, 0, onPicture(win::screenPlace(entry.window)), false};
+      if (const win::Window* record = win::findWindow(entry.window)) shown.style = record->style;
+      shown.focused = entry.id != 0 && entry.id == listing.focusId;
+      control(shown);
+    }
+}
+
+std::vector<HWND> dialogsToDraw() {
+  std::vector<HWND> dialogs;
+  for (const HWND window : win::topLevelWindows())
+    if (win::isDialog(window) && IsWindowVisible(window) && !IsIconic(window))
+      dialogs.push_back(window);
+  std::reverse(dialogs.begin(), dialogs.end());
+  return dialogs;
+}
+
+}  // namespace kovra::host

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/picture/path.h"
+#include "platform/win/windows_types.h"
+
+namespace kovra::host {
+
+/// A pixel of an icon.
+struct IconPixel {
+  Rgb color;
+  std::uint8_t opacity = 0;  ///< 255 hides what is below
+};
+
+/// The pixels of an icon, row by row from the top.
+struct IconPixels {
+  int width = 0;
+  int height = 0;
+  std::vector<IconPixel> pixels;
+};
+
+/// The image of an icon with 32 bits a pixel; without pixels for every other handle.
+IconPixels iconPixels(HICON icon);
+
+}  // namespace kovra::host
