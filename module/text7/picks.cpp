@@ -149,17 +149,18 @@ void InsertAtCaret(CText7Dlg& dialog, const CString& value) {
   field->SendMessage(EM_SCROLLCARET);
 }
 
-void appendToValue(CText7Dlg& dialog, const CString& value) {
-  dialog.SetDlgItemText(kValue, ItemText(dialog, kValue) + value);
+/// Into the field that the user sees.
+void addToValue(CText7Dlg& dialog, const CString& value) {
+  if (dialog.MultiLine) {
+    InsertAtCaret(dialog, value);
+  } else {
+    dialog.SetDlgItemText(kValue, ItemText(dialog, kValue) + value);
+  }
 }
 
 void ApplyPicked(CText7Dlg& dialog, const PickRow& row, const CString& value) {
   if (row.target == kValue) {
-    if (dialog.MultiLine) {
-      InsertAtCaret(dialog, value);
-    } else {
-      appendToValue(dialog, value);
-    }
+    addToValue(dialog, value);
   } else if (row.target == kLayer && IsLayerLocked(value.GetString())) {
     CString message;
     message.Format(ResourceText(kLayerLocked), value.GetString());
@@ -183,7 +184,7 @@ void applyText(CText7Dlg& dialog, int button, resbuf* list, Kind kind) {
 /// Whatever the button, an attribute definition gives its tag.
 void applyTag(CText7Dlg& dialog, resbuf* list) {
   const resbuf* tag = FindGroup(list, kTagGroup);
-  if (tag != nullptr) appendToValue(dialog, tag->resval.rstring);
+  if (tag != nullptr) addToValue(dialog, tag->resval.rstring);
 }
 
 }  // namespace

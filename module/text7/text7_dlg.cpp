@@ -201,13 +201,10 @@ void CText7Dlg::OnPickClicked(UINT id) {
 }
 
 void CText7Dlg::OnOK() {
-  // Since the last check another project may have become the current one, in which another field
-  // holds the value: the user has to see it first.
-  if (recomputeMultiLine()) {
-    UpdateControls();
-    UpdateOkState();
-    return;
-  }
+  // Since the last check the drawing's layers and styles may have changed, and so may the current
+  // project: where another field holds the value, the user has to see it first.
+  const bool severalLines = MultiLine;
+  if (UpdateOkState() == 0 || MultiLine != severalLines) return;
   CollectFields();
   const Refusal refusal = firstRefusal();
   if (refusal.message == 0) {

@@ -70,7 +70,6 @@ inline constexpr int kArray = 2;
 // Values of the field Direction.
 inline constexpr int kOneColumn = 0;
 inline constexpr int kOneRow = 1;
-inline constexpr int kDownColumns = 2;
 
 // Values of the field PendingAction beside the ids of the pick buttons.
 inline constexpr int kNoAction = 0;

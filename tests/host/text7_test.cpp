@@ -155,6 +155,15 @@ TEST_F(Text7PlaceTest, LayersAreMadeAndLocksComeBack) {
   EXPECT_NE(read("b.dxf").find("NEW-1"), std::string::npos);
   text("@type 1937 X\n@type 1998 NEW-1\n@click 1\n@point 0,0\nU\n");
   EXPECT_EQ(read("b.dxf"), read("a.dxf"));
+  // One U for all that a run of the command placed.
+  text("@click 1975\n@type 1931 X\n@click 1\n@point 0,0\n@point 5,0\n@esc\nU\n");
+  EXPECT_EQ(read("b.dxf"), read("a.dxf"));
+  // Locked while the dialog was open: OK finds out.
+  const std::string out = text(
+      "@click 1974\n@type 1937 X\n@choose 1998 CMNT\n-LAYER\nN\nCMNT\nLO\nCMNT\n\n@click "
+      "1\n@dialog\n");
+  EXPECT_EQ(placed(), "");
+  EXPECT_EQ(shown(out, 1, true), "button disabled visible \"OK\"");
 }
 
 TEST_F(Text7PlaceTest, ValuesArePickedFromTexts) {
@@ -174,7 +183,10 @@ TEST_F(Text7PlaceTest, ValuesArePickedFromTexts) {
       entity("TEXT", "72", "300.0", " 72\n5\n 11\n320.0\n 21\n50.0\n 31\n0.0\n100\nAcDbText\n") +
       entity("ATTDEF", "73", "400.0",
              "100\nAcDbAttributeDefinition\n  3\nName?\n  2\nNAME\n 70\n0\n") +
-      entity("MTEXT", "74", "500.0", "");
+      entity("MTEXT", "74", "500.0", "") +
+      entity("ATTRIB", "75", "600.0",
+             " 72\n1\n 11\n600.0\n 21\n50.0\n 31\n0.0\n100\nAcDbAttribute\n  2\nTAG\n 70\n0\n"
+             " 74\n3\n");
   write("a.dxf", drawing.insert(drawing.rfind("  0\nENDSEC"), texts));
   project("12.0", "[Scale]\n../a.dxf=2\n");
   const struct {
@@ -192,7 +204,8 @@ TEST_F(Text7PlaceTest, ValuesArePickedFromTexts) {
       {"1995", "70", 1937, "ab"},           {"1995", "70", 1989, "0.7"},
       {"1995", "70", 1998, "WIRENO"},       {"1995", "70", 1991, "-90"},
       {"1995", "70", 1993, "Middle right"}, {"1997", "73", 1998, "CMNT"},
-      {"1988", "74", 1987, "2.5"},
+      {"1988", "73", 1937, "aNAMEb"},       {"1994", "75", 1993, "Top center"},
+      {"1999", "75", 1937, "aV75b"},        {"1988", "74", 1987, "2.5"},
   };
   for (const auto& row : cases) {
     forget();
