@@ -415,5 +415,94 @@ TEST_F(TextDialogTest, ListsAndLayersThatHaveChangedSinceTheLastRun) {
   EXPECT_NE(damaged.status, 0);
 }
 
+/// Two drawings, a.dxf and c.dxf, the latter current.
+class TextDocumentsTest : public TextDialogTest {
+ protected:
+  std::string both(const std::string& lines) const {
+    for (const char* name : {"a.dxf", "c.dxf"}) write(name, sheet());
+    const ProgramRun result =
+        runScript("KOVRA_TEXT\n" + lines, {"a.dxf", "c.dxf", "-p", "p", "--save"});
+    EXPECT_EQ(result.status, 0) << lines << result.err;
+    return result.out;
+  }
+  /// Whether a drawing has a text with this value.
+  bool has(const std::string& name, const std::string& value) const {
+    const std::string rows = run({"list", name, "--format", "csv"}).out;
+    return rows.find("," + value + ",") != std::string::npos;
+  }
+};
+
+TEST_F(TextDocumentsTest, ASecondStartLeavesTheRunningCommandAlone) {
+  write("p/KovrCad.prm", "[TEXT]\nLAYER_CNT=1\nLAYER1=WIRENO\n");
+  const std::string out = both(
+      "@type 1987 4\n@choose 1998 #0\n@choose 1993 Right\nK1\n@move 3,3\n"
+      "@activate a.dxf\nKOVRA_TEXT\nKOVRA_TEXT\n@activate c.dxf\n@dialog\n"
+      "@point 7,7\n@choose 1998 #1\nK2\n@click 1994\n@pick 62\n8,8\n@esc\n@refused @dialog\n");
+  const std::string running = "The Text command is already running.";
+  EXPECT_NE(out.find(running), out.rfind(running)) << out;
+  EXPECT_EQ(texts(out, {1998, 1987, 1993}), "WIRENO 4 Right");
+  const std::string rows = run({"list", "c.dxf", "--format", "csv"}).out;
+  EXPECT_NE(rows.find("K1,WIRENO,STANDARD,16,1,0,R,7,7"), std::string::npos) << rows;
+  EXPECT_NE(rows.find("K2,0,STANDARD,16,1,0,ML,8,8"), std::string::npos) << rows;
+  EXPECT_FALSE(has("a.dxf", "K1"));
+  EXPECT_NE(texts(text("@dialog\n@esc\n"), {1987, 1993}).find("4 Middle left"), std::string::npos);
+}
+
+TEST_F(TextDocumentsTest, TheDialogStaysWithItsDrawing) {
+  const std::string mend = "@activate c.dxf\nK1\n1,1\n@esc\n";
+  const struct {
+    std::string lines;
+    std::string height;  ///< that the dialog showed last
+    bool placed = true;
+  } cases[] = {
+      // Another drawing comes to the front, or one is closed: what isn't accepted is dropped.
+      {"@type 1987 4\n@activate a.dxf\n@dialog\n" + mend, "1.5"},
+      {"@activate a.dxf\n@type 1987 4\n@closedrawing\n@dialog\nK1\n1,1\n@esc\n", "1.5"},
+      {"@activate a.dxf\n@choose 1987 3.0\n@dialog\n" + mend, "3.0"},
+      // Values are offered, and taken from texts, in the command's drawing alone.
+      {"K1\n@esc\n@activate a.dxf\n@move 5,5\nMOVE\n@pick 60\n\n0,0\n0,0\n@activate c.dxf\n"
+       "@move 5,5\n@dialog\n\n1,1\n@esc\n",
+       "1.5"},
+      // Requests go to the drawing in front, where nobody waits for them.
+      {"@activate a.dxf\n@refused @click 1988\n@refused @close\n@dialog\n" + mend, "1.5"},
+      // The command ends with its drawing, whatever it asks for.
+      {"@dialog\n@closedrawing\n@refused @dialog\n", "1.5", false},
+      {"K1\n@dialog\n@closedrawing\n@refused @dialog\n", "1.5", false},
+      {"K1\n@click 1988\n@dialog\n@closedrawing\n@refused @dialog\n", "1.5", false},
+      {"@keys \"K1\"\n@dialog\n@closedrawing\nKOVRA_TEXT\n@esc\n", "1.5", false},
+  };
+  for (const auto& row : cases) {
+    forget();
+    EXPECT_EQ(texts(both(row.lines), {1987}), row.height) << row.lines;
+    EXPECT_EQ(has("c.dxf", "K1"), row.placed) << row.lines;
+  }
+}
+
+TEST_F(TextDocumentsTest, AnotherProjectUnderTheRunningCommand) {
+  write("new/project.ini", "[Project]\nDataVersion=12.0\n");
+  const std::string toNew = "K1\n@project new\n1,1\nK2\n@click 1995\n@pick 62\n";
+  // The run goes on as it began; the next start is the newer command's.
+  const std::string out =
+      both(toNew + "2,2\n@esc\nKOVRA_TEXT\n@type 1937 K3\n@click 1\n@point 3,3\n@dialog\n");
+  EXPECT_NE(out.find("template 534"), std::string::npos) << out;
+  for (const char* value : {"K1", "K2", "K3"}) EXPECT_TRUE(has("c.dxf", value)) << value;
+  // Both dialogs at once: what the newer one does ends the run in the same drawing.
+  both(toNew + "@activate a.dxf\nKOVRA_TEXT\n@use 534\n@type 1937 K4\n@click 1\n@point 4,4\n" +
+       "@close\n@activate c.dxf\n@use 523\n2,2\n@esc\n@refused @dialog\n");
+  EXPECT_TRUE(has("a.dxf", "K4") && has("c.dxf", "K2"));
+  // What only the newer dialog knows isn't lost.
+  forget();
+  project("12.0");
+  text("@type 2002 1.75\n@close\n");
+  project("6.0");
+  text("@project new\n@esc\n");
+  project("12.0");
+  EXPECT_EQ(texts(text("@dialog\n"), {2002, 1987}), "1.75 2.5");
+  // Without any project the run goes on too.
+  project("6.0");
+  text("@project\nK1\n1,1\n@esc\n");
+  EXPECT_EQ(placed(), "K1@1,1");
+}
+
 }  // namespace
 }  // namespace kovra::test
