@@ -35,10 +35,13 @@ class ExampleTest(unittest.TestCase):
                  for key, _, value in [line.partition("=")] if key.isdigit() and value.endswith(".dxf")}
         self.assertEqual(named, {path.name for path in panel.glob("*.dxf")})
 
-    def run_on_copy(self, script, language, folder):
+    def run_on_copy(self, script, language, folder, version="12.0"):
         """New texts, and the number of changed ones, by drawing."""
         copy = Path(folder) / f"{script}-{language}"
         shutil.copytree(ROOT / "examples" / "panel", copy)
+        project = (copy / "project.ini").read_text("utf-8")
+        self.assertIn("DataVersion=12.0", project)
+        (copy / "project.ini").write_text(project.replace("DataVersion=12.0", f"DataVersion={version}"), "utf-8")
         drawings = sorted(copy.glob("*.dxf"))
         before = {drawing.name: texts(drawing) for drawing in drawings}
         subprocess.run([PROGRAM, "--project", copy, "--state", Path(folder) / "state.db", "--language", language,
@@ -53,7 +56,8 @@ class ExampleTest(unittest.TestCase):
     def test_scripts_do_what_they_say(self):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
-        self.assertEqual(scripts, {"attr_copy.kovra", "count_up.kovra", "place_texts.kovra"})
+        self.assertEqual(scripts, {"attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
+                                   "place_texts_one_by_one.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -67,6 +71,10 @@ class ExampleTest(unittest.TestCase):
                 counted = self.run_on_copy("count_up.kovra", language, folder)
                 self.assertEqual([text["value"] for text in counted["motor-1"][0]],
                                  [f"X{number:03}" for number in range(4, 61)])
+                older = self.run_on_copy("place_texts_one_by_one.kovra", language, folder, "6.0")
+                self.assertEqual([(text["value"], text["layer"], float(text["height"])) for text in older["motor-1"][0]],
+                                 [("SPARE A", "ECMNT", 2.5), ("SPARE B", "ECMNT", 2.5),
+                                  ("MC1A", "SYMBOL", 4), ("No.1", "SYMBOL", 2)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 
