@@ -216,5 +216,60 @@ TEST_F(Text7PlaceTest, ValuesArePickedFromTexts) {
   EXPECT_EQ(read("b.dxf"), read("a.dxf"));
 }
 
+TEST_F(Text7PlaceTest, DistancesArePickedInTheDrawing) {
+  const std::string array = "@click 1976\n@click 1962\n@type 1931 W\n@type 1938 2\n@type 1940 2\n";
+  const struct {
+    std::string lines;
+    std::string distances;
+    std::string placed;
+  } cases[] = {
+      {"@click 1964\n@point 10,10\n@point 40,-10\n", R"("10" "15")",
+       "W@0,0 W@0,-20 W@30,0 W@30,-20"},
+      {"@click 1964\n@point 40,-10\n@point 10,10\n", R"("-10" "-15")",
+       "W@0,0 W@0,20 W@-30,0 W@-30,20"},
+      // A single distance is taken along its axis alone.
+      {"@click 1965\n@point 0,0\n@point 10,-50\n", R"("25" "1")", "W@0,0 W@0,-50 W@2,0 W@2,-50"},
+      {"@click 1966\n@point 0,0\n@point 50,10\n", R"("1" "25")", "W@0,0 W@0,-2 W@50,0 W@50,-2"},
+      // Points on the grid of the snap; cancelled picks change nothing.
+      {"@click 1966\n@point 1,1\n@point 49,1\n", R"("1" "25")", "W@0,0 W@0,-2 W@50,0 W@50,-2"},
+      {"@click 1964\n@point 10,10\n@esc\n", R"("1" "1")", "W@0,0 W@0,-2 W@2,0 W@2,-2"},
+      {"@click 1965\n@enter\n", R"("1" "1")", "W@0,0 W@0,-2 W@2,0 W@2,-2"},
+  };
+  for (const auto& row : cases) {
+    forget();
+    const std::string out =
+        text(array + row.lines + "@dialog\n@click 1\n@point 0,0\n@show ORTHOMODE\n@show SNAPMODE\n",
+             "DIMSCALE\n2\nSNAPUNIT\n10,10\nORTHOMODE\n0\nSNAPMODE\n0\n");
+    EXPECT_EQ(shown(out, 1939) + ' ' + shown(out, 1941), row.distances) << row.lines;
+    EXPECT_EQ(placed(), row.placed) << row.lines;
+    EXPECT_TRUE(out.ends_with("ORTHOMODE=0\nSNAPMODE=0\n")) << out;
+  }
+}
+
+TEST_F(Text7PlaceTest, WhatAPickRefusesStaysAndTheRestGoesOn) {
+  write("a.dxf", textDrawing());
+  const std::string locked = "-LAYER\nLO\n0\n\nCLAYER\nWIRENO\n";
+  const std::string all = text(
+      "@type 1937 ab\n@type 1987 9\n@choose 1993 #4\n@click 1995\n@pick 60\n@dialog\n", locked);
+  EXPECT_NE(all.find("[AutoCAD]"), std::string::npos) << all;
+  EXPECT_EQ(shown(all, 1998) + shown(all, 1987) + shown(all, 1993) + shown(all, 1937),
+            R"("CMNT""2.5""Left""ab")");
+  // The value takes the place of the selection, unless the field would hold too much.
+  const std::string value =
+      text("@type 1937 xabcy\n@caret 1937 1 4\n@click 1999\n@pick 60\n@keys \"!\"\n@dialog\n");
+  EXPECT_EQ(shown(value, 1937), "\"xX001!y\"");
+  for (const std::size_t length : {507U, 508U}) {
+    const std::string typed(length, 'x');
+    const std::string full = text("@type 1937 " + typed + "\n@click 1999\n@pick 60\n@dialog\n");
+    EXPECT_EQ(shown(full, 1937), quoted(length == 507 ? typed + "X001" : typed)) << length;
+    EXPECT_EQ(full.find("[AutoCAD]") == std::string::npos, length == 507) << full;
+  }
+  // In the other modes it goes behind what is there.
+  EXPECT_EQ(
+      shown(text("@click 1975\n@type 1931 ab\n@caret 1931 0\n@click 1999\n@pick 61\n@dialog\n"),
+            1931),
+      "\"abA-9\"");
+}
+
 }  // namespace
 }  // namespace kovra::test
