@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all setup build demo test corpus bench fuzz tidy format check-format clean
+.PHONY: all setup build demo pictures test corpus bench fuzz tidy format check-format clean
 
 all: build
 
@@ -15,6 +15,11 @@ build: setup
 
 demo: build
 	tools/demo.sh $(BUILD)
+
+# The pictures in docs/: every dialog in both languages, a sheet of the demo.
+pictures: demo
+	tools/make_pictures.py $(BUILD)/bin/kovra docs/dialogs
+	cp build/demo/pictures/terminals-after.svg docs/terminals.svg
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure

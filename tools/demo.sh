@@ -28,5 +28,13 @@ done
 echo
 echo "An attribute of $result/panel/motor-1.dxf, before and after:"
 diff --text -U4 "$result"/{before,panel}/motor-1.dxf | awk '/^@@/ { ++hunk } hunk == 2' || true
+mkdir -p "$result/pictures"
+for sheet in "$result"/panel/*.dxf; do
+  name=$(basename "$sheet" .dxf)
+  "$kovra" plot "$result/before/$name.dxf" -o "$result/pictures/$name-before.svg" --ground dark
+  "$kovra" plot "$sheet" -o "$result/pictures/$name-after.svg" --ground dark
+done
+
 echo
 echo "The changed drawings are in $result/panel, each with its former state beside it as .bak."
+echo "Pictures of the sheets before and after are in $result/pictures."

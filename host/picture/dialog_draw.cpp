@@ -96,50 +96,50 @@ void DialogDraw::text(std::wstring_view given, const Bounds& room, Align align, 
   std::size_t key = std::wstring::npos;
   const std::wstring shown = keys ? withoutKey(given, key) : std::wstring(given);
   if (shown.empty()) return;
-  double natural = 0;
-  const Path outline = glyphs_.line(shown, kLineHeight, natural);
-  // The machine's font may be wider than what dialogs are measured with.
-  const double stretch = natural > 0 ? std::min(1.0, measured(shown) / natural) : 1;
-  const double width = natural * stretch;
-  const double left =
-      align == Align::kLeft ? room.left : std::max(room.left, (room.left + room.right - width) / 2);
-  constexpr double kBaseLine = 0.78;  // of the line's height
-  const double top = (room.top + room.bottom - kLineHeight) / 2;
-  const double base = top + kLineHeight * kBaseLine;
-  canvas_.beginClip(room);
-  Path placed;
-  placed.append(outline, {stretch, 0, 0, 1, left, base});
-  canvas_.fill(placed, color);
-  if (key < shown.size()) {
-    double before = 0;
-    double through = 0;
-    glyphs_.line(shown.substr(0, key), kLineHeight, before);
-    glyphs_.line(shown.substr(0, key + 1), kLineHeight, through);
-    line({left + before * stretch, base + 1.5}, {left + through * stretch, base + 1.5}, color);
+  // Lines of the font are this much higher than its size; the base line lies that far down in them.
+  constexpr double kLineSpacing = 1.2, kBaseLine = 0.78;
+  const double scale = kLineHeight / kLineSpacing / Glyphs::kDialogFontSize;
+  std::vector<PlacedGlyph> placed;
+  std::vector<double> ends = {0};
+  for (const wchar_t c : shown) {
+    double advance = 0;
+    placed.push_back({&glyphs_.inDialog(c, advance), ends.back()});
+    ends.push_back(ends.back() + advance);
   }
-  canvas_.endClip();
+  // The machine's font may be wider than what dialogs are measured with.
+  const double natural = ends.back() * scale;
+  const double stretch = natural > 0 ? scale * std::min(1.0, measured(shown) / natural) : scale;
+  const double width = ends.back() * stretch;
+  const double indent = std::max(0.0, (room.right - room.left - width) / 2);
+  const double left = room.left + (align == Align::kCenter ? indent : 0);
+  const double base = (room.top + room.bottom - kLineHeight) / 2 + kLineHeight * kBaseLine;
+  const bool cut = left + width > room.right || kLineHeight > room.bottom - room.top;
+  if (cut) canvas_.beginClip(room);
+  canvas_.glyphs(shown, placed, {stretch, 0, 0, scale, left, base}, color);
+  if (key < shown.size())
+    line({left + ends[key] * stretch, base + 1.5}, {left + ends[key + 1] * stretch, base + 1.5},
+         color);
+  if (cut) canvas_.endClip();
 }
 
 void DialogDraw::icon(HICON handle, double left, double top, bool enabled) {
   const IconPixels image = iconPixels(handle);
-  // Runs of one color are one box.
+  // The pixels of one color are one shape, a box for each run of them.
+  std::map<std::uint32_t, std::pair<Rgb, Path>> shapes;
   for (int row = 0; row < image.height; ++row)
     for (int column = 0; column < image.width;) {
-      const auto at = [&](int x) -> const IconPixel& {
-        return image.pixels[static_cast<std::size_t>(row * image.width + x)];
-      };
-      const IconPixel& pixel = at(column);
+      const IconPixel& pixel = image.at(column, row);
       int end = column + 1;
-      while (end < image.width && at(end).color == pixel.color && at(end).opacity == pixel.opacity)
-        ++end;
-      if (pixel.opacity != 0) {
-        Path path;
-        path.box(left + column, top + row, left + end, top + row + 1);
-        const double strength = pixel.opacity / 255.0 * (enabled ? 1 : 0.4);
-        canvas_.fill(path, blended(pixel.color, kButton, strength));
-      }
+      while (end < image.width && image.at(end, row) == pixel) ++end;
+      const double strength = pixel.opacity / 255.0 * (enabled ? 1 : 0.4);
+      const Rgb color = blended(pixel.color, kButton, strength);
+      auto& [seen, shape] =
+          shapes[(std::uint32_t{color.red} << 16) | (std::uint32_t{color.green} << 8) | color.blue];
+      seen = color;
+      if (pixel.opacity != 0) shape.box(left + column, top + row, left + end, top + row + 1);
       column = end;
     }
+  for (const auto& [number, shape] : shapes) canvas_.fill(shape.second, shape.first);
 }
 
 void DialogDraw::group(const Control& control) {

@@ -1,6 +1,8 @@
 #include "host/picture/glyphs.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -24,6 +26,13 @@ bool isDrawable(wchar_t c) {
   return c > L' ' && c != 0x3000 && !(c >= 0x7f && c <= 0xa0);
 }
 
+std::string hexadecimal(wchar_t character) {
+  std::array<char, 8> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                 static_cast<std::uint32_t>(character), 16);
+  return {digits.data(), end.ptr};
+}
+
 /// Brings ink that reaches out of [0, room] inside: moved if that is enough, else made smaller.
 std::pair<double, double> fitAxis(double from, double to, double room) {
   const double scale = to - from > room ? room / (to - from) : 1;
@@ -40,9 +49,13 @@ class Glyphs::Fonts {
   Fonts();
   LineRoom roomFor(wchar_t character, bool full);
   const Glyph& of(wchar_t character, bool full, LineRoom room);
-  FontOutlines& dialog() { return dialog_; }
+  const Glyph& inDialog(wchar_t character, double& advance);
 
  private:
+  struct DialogGlyph {
+    Glyph glyph;
+    double advance = 0;
+  };
   struct Cell {
     Path ink;  ///< not brought into the cell yet
     LineRoom room;
@@ -58,6 +71,7 @@ class Glyphs::Fonts {
   double above_ = 0;
   std::map<std::pair<wchar_t, bool>, Cell> cells_;
   std::map<std::tuple<wchar_t, bool, LineRoom>, Glyph> glyphs_;
+  std::map<wchar_t, DialogGlyph> dialogGlyphs_;
 };
 
 /// A half-width cell is as wide as the font's own advance and as high as its capital letters; a
@@ -104,11 +118,9 @@ LineRoom Glyphs::Fonts::roomFor(wchar_t character, bool full) {
 }
 
 Glyph Glyphs::Fonts::make(wchar_t character, bool full, LineRoom room) {
-  constexpr char kDigits[] = "0123456789abcdef";
   Glyph glyph;
-  for (auto rest = static_cast<std::uint32_t>(character); rest != 0; rest /= 16)
-    glyph.name.insert(glyph.name.begin(), kDigits[rest % 16]);
-  glyph.name.insert(0, room.below ? room.above ? "cyu" : "cy" : room.above ? "cu" : "c");
+  glyph.name = room.below ? room.above ? "cyu" : "cy" : room.above ? "cu" : "c";
+  glyph.name += hexadecimal(character);
   Path lifted;
   const double below = room.below ? below_ : 0;
   const double scale = kGlyphUnits / (kGlyphUnits + below + (room.above ? above_ : 0));
@@ -120,6 +132,19 @@ Glyph Glyphs::Fonts::make(wchar_t character, bool full, LineRoom room) {
   const auto [along, up] = fitAxis(ink.top, ink.bottom, kGlyphUnits);
   glyph.outline.append(lifted, {across, 0, 0, along, right, up});
   return glyph;
+}
+
+const Glyph& Glyphs::Fonts::inDialog(wchar_t character, double& advance) {
+  const auto [place, isNew] = dialogGlyphs_.try_emplace(character);
+  DialogGlyph& known = place->second;
+  if (isNew) {
+    const std::string text = win::toUtf8({&character, 1});
+    known.glyph.name = "d" + hexadecimal(character);
+    known.advance = dialog_.advance(text);
+    if (isDrawable(character)) known.glyph.outline = dialog_.outline(text);
+  }
+  advance = known.advance;
+  return known.glyph;
 }
 
 const Glyph& Glyphs::Fonts::of(wchar_t character, bool full, LineRoom room) {
@@ -142,14 +167,8 @@ const Glyph& Glyphs::of(wchar_t character, double advance, LineRoom room) {
   return fonts_->of(character, advance > 1, room);
 }
 
-Path Glyphs::line(std::wstring_view text, double lineHeight, double& width) {
-  constexpr double kLineHeight = 1.2;  // of the font's size
-  const double scale = lineHeight / kLineHeight / FontOutlines::kSize;
-  const std::string utf8 = win::toUtf8(text);
-  width = fonts_->dialog().advance(utf8) * scale;
-  Path path;
-  path.append(fonts_->dialog().outline(utf8), {scale, 0, 0, scale, 0, 0});
-  return path;
+const Glyph& Glyphs::inDialog(wchar_t character, double& advance) {
+  return fonts_->inDialog(character, advance);
 }
 
 }  // namespace kovra::host

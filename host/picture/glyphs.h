@@ -9,8 +9,8 @@
 
 namespace kovra::host {
 
-/// The outline of a character in the cell that the text metrics give it: x from 0 to 100 times the
-/// advance, y up from the base line at 0 to 100 at the text height. It doesn't reach out of it.
+/// The outline of a character. In drawings it lies in the cell that the text metrics give it: x
+/// from 0 to 100 times the advance, y up from the base line at 0 to 100 at the text height.
 struct Glyph {
   std::string name;  ///< no other glyph has it
   Path outline;      ///< empty of a blank
@@ -47,9 +47,10 @@ class Glyphs {
   /// For a cell of this advance in a line with this room. The glyph lives as long as this object.
   const Glyph& of(wchar_t character, double advance, LineRoom room);
 
-  /// A line in the letters of dialogs, as high as their usual font with this many pixels between
-  /// two lines; from the left end of its base line, y down. `width` gets its length.
-  Path line(std::wstring_view text, double lineHeight, double& width);
+  /// A character in the letters of dialogs: x from 0, y down from the base line, in a font of this
+  /// many units. `advance` is to the next one.
+  static constexpr double kDialogFontSize = 100;
+  const Glyph& inDialog(wchar_t character, double& advance);
 
  private:
   class Fonts;

@@ -12,6 +12,7 @@ namespace kovra::host {
 struct IconPixel {
   Rgb color;
   std::uint8_t opacity = 0;  ///< 255 hides what is below
+  bool operator==(const IconPixel&) const = default;
 };
 
 /// The pixels of an icon, row by row from the top.
@@ -19,6 +20,10 @@ struct IconPixels {
   int width = 0;
   int height = 0;
   std::vector<IconPixel> pixels;
+
+  const IconPixel& at(int column, int row) const {
+    return pixels[static_cast<std::size_t>(row * width + column)];
+  }
 };
 
 /// The image of an icon with 32 bits a pixel; without pixels for every other handle.

@@ -12,6 +12,9 @@ namespace {
 /// Strokes of one color are joined to one element up to this length.
 constexpr std::size_t kLongestPath = 32768;
 
+/// A thousandth of a text height is enough.
+constexpr int kGlyphDigits = 1;
+
 void appendNumber(std::string& out, double value, int digits = 2) {
   std::array<char, 64> text;
   if (!(std::fabs(value) < 1e12)) value = 0;
@@ -25,22 +28,22 @@ void appendNumber(std::string& out, double value, int digits = 2) {
   out += number == "-0" ? "0" : number;
 }
 
-void appendSpots(std::string& out, std::span<const Spot> spots) {
+void appendSpots(std::string& out, std::span<const Spot> spots, int digits) {
   bool first = true;
   for (const Spot spot : spots) {
     if (!first) out += ' ';
     first = false;
-    appendNumber(out, spot.x);
+    appendNumber(out, spot.x, digits);
     out += ' ';
-    appendNumber(out, spot.y);
+    appendNumber(out, spot.y, digits);
   }
 }
 
-void appendPath(std::string& out, const Path& path) {
+void appendPath(std::string& out, const Path& path, int digits = 2) {
   path.forEach([&](Path::Step step, std::span<const Spot> spots) {
     static constexpr char kLetters[] = {'M', 'L', 'C', 'Z'};
     out += kLetters[static_cast<std::size_t>(step)];
-    appendSpots(out, spots);
+    appendSpots(out, spots, digits);
   });
 }
 
@@ -166,7 +169,7 @@ Result<std::string> SvgCanvas::finish() {
   if (!used_.empty()) out_ += "<defs>\n";
   for (const Glyph* glyph : used_) {
     out_ += "<path id=\"" + glyph->name + "\" d=\"";
-    appendPath(out_, glyph->outline);
+    appendPath(out_, glyph->outline, kGlyphDigits);
     out_ += "\"/>\n";
   }
   if (!used_.empty()) out_ += "</defs>\n";

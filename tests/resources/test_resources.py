@@ -74,6 +74,8 @@ MANY_LINES = {1937, 2002, 2009}
 TOOL_TIPS = {526: {1957, 1958, 1959}, 531: {1957, 1958, 1959}}
 TOOL_TIPS.update({template: {1964, 1965, 1966} for template in (529, 532, 534, 1641)})
 TOOL_TIP_LIMIT = 160
+# In dialog units: a line of text, and the close box with its margins in a dialog's title bar.
+LINE_HEIGHT, CLOSE_BOX = 8, 24
 
 
 def formats(text):
@@ -203,6 +205,8 @@ class DialogTest(unittest.TestCase):
                 else:
                     room = control.width - extra.get(control.kind, 0)
                     self.assertLessEqual(units(control.text), room, f"{control.id} {control.text}")
+                    self.assertGreaterEqual(height(control), LINE_HEIGHT, control)
+            self.assertLessEqual(units(dialog.title), dialog.width - CLOSE_BOX, dialog.title)
 
     def test_access_keys(self):
         for _, template, dialog in self.each():

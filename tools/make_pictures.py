@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""Draws every dialog in both languages, as its command opens it on the example project.
+
+    tools/make_pictures.py KOVRA [FOLDER]
+
+KOVRA is the program. FOLDER (docs/dialogs) gets an SVG file for each dialog and language, and a page that shows them.
+"""
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+from dataclasses import dataclass
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+LANGUAGES = {"ja": "Japanese", "en": "English"}
+COUNT_UP = ("@preselect 120,67 162,73", "KOVRA_TEXT_COUNTUP", "@check 1967 on", "@click 1975")
+COUNTED = ("KOVRA_TEXT", "@click 1976", "@check 1967 on", "@type 1932 X", "@type 1933 004")
+LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
+
+
+@dataclass
+class Picture:
+    template: int
+    version: str  # of the project's data
+    lines: tuple
+    what: str
+    end: str = "@close"
+    name: str = ""
+
+    def file(self, language):
+        return f"{self.template}{self.name}_{language}.svg"
+
+
+PICTURES = (
+    Picture(523, "6.0", ("KOVRA_TEXT",), "Texts one after another, below data version 7.00", "@esc"),
+    Picture(529, "9.0", COUNTED, "Texts from data version 7.00 on: a counted array"),
+    Picture(532, "11.0", COUNTED, "The same from 10.0 on"),
+    Picture(534, "12.0", COUNTED, "The same from 12.0 on"),
+    Picture(534, "12.0", LINES, "A text of several lines", name="-lines"),
+    Picture(1641, "15.0", COUNTED, "With values adopted from the text style"),
+    Picture(526, "9.0", COUNT_UP, "Counted copies below data version 10.0", "@click 2"),
+    Picture(531, "12.0", COUNT_UP, "Counted copies from 10.0 on", "@click 2"),
+)
+
+
+def draw(kovra, picture, language, folder):
+    """Runs the program on a copy of the example; fails when another dialog opens."""
+    with tempfile.TemporaryDirectory() as place:
+        project = Path(place) / "panel"
+        shutil.copytree(ROOT / "examples" / "panel", project)
+        settings = project / "project.ini"
+        text = re.sub(r"DataVersion=.*", f"DataVersion={picture.version}", settings.read_text("utf-8"))
+        settings.write_text(text, "utf-8")
+        lines = (*picture.lines, "@dialog", f"@picture {picture.file(language)} dialog", picture.end)
+        run = subprocess.run(
+            [kovra, "--project", project, "--language", language, "--state", Path(place) / "state.db", "--script", "-",
+             project / "motor-1.dxf"], input="\n".join(lines), text=True, cwd=folder, capture_output=True, check=False)
+        if run.returncode != 0 or f" template {picture.template} " not in run.stdout:
+            sys.exit(f"{picture.file(language)}: {run.stderr or run.stdout}")
+
+
+def page():
+    text = ["# Dialogs", "", "Made by `make pictures`: each dialog as its command opens it on the example project.", ""]
+    for picture in PICTURES:
+        text += [f"## {picture.template}: {picture.what}", "", "| " + " | ".join(LANGUAGES.values()) + " |", "|---|---|",
+                 "| " + " | ".join(f"![{picture.template} {language}]({picture.file(language)})" for language in LANGUAGES)
+                 + " |", ""]
+    return "\n".join(text)
+
+
+def make(kovra, folder):
+    folder.mkdir(parents=True, exist_ok=True)
+    for picture in PICTURES:
+        for language in LANGUAGES:
+            draw(kovra, picture, language, folder)
+    (folder / "README.md").write_text(page(), "utf-8")
+
+
+if __name__ == "__main__":
+    make(Path(sys.argv[1]).resolve(), Path(sys.argv[2]) if len(sys.argv) > 2 else ROOT / "docs" / "dialogs")
