@@ -28,18 +28,6 @@ bool isRegistered(Function hook) {
   return std::find(all.begin(), all.end(), hook) != all.end();
 }
 
-template <class Function>
-BOOL add(Function hook) {
-  if (hook == nullptr || isRegistered(hook)) return FALSE;
-  hooks<Function>().push_back(hook);
-  return TRUE;
-}
-
-template <class Function>
-BOOL remove(Function hook) {
-  return std::erase(hooks<Function>(), hook) > 0 ? TRUE : FALSE;
-}
-
 bool filtered(MSG& message) {
   // A copy: hooks come and go while they are called.
   const auto filters = hooks<AcedFilterWinMsgFn>();
@@ -54,6 +42,26 @@ void tellWatches(const MSG& message) {
     if (isRegistered(watch)) watch(&message);
 }
 
+/// True when a filter swallowed the message.
+bool passHooks(MSG& message) {
+  if (filtered(message)) return true;
+  tellWatches(message);
+  return false;
+}
+
+template <class Function>
+BOOL add(Function hook) {
+  if (hook == nullptr || isRegistered(hook)) return FALSE;
+  hooks<Function>().push_back(hook);
+  win::setMessageHook(passHooks);
+  return TRUE;
+}
+
+template <class Function>
+BOOL remove(Function hook) {
+  return std::erase(hooks<Function>(), hook) > 0 ? TRUE : FALSE;
+}
+
 }  // namespace
 
 bool sendDrawingMessage(UINT message, WPARAM wParam, int pixelX, int pixelY) {
@@ -65,10 +73,7 @@ bool sendDrawingMessage(UINT message, WPARAM wParam, int pixelX, int pixelY) {
   sent.pt = {pixelX, pixelY};
   ClientToScreen(sent.hwnd, &sent.pt);
   win::setCursorPosition(sent.pt);
-  if (filtered(sent)) return false;
-  tellWatches(sent);
-  win::deliver(sent);
-  return true;
+  return win::deliver(sent);
 }
 
 void focusDrawing() {

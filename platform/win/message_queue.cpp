@@ -37,6 +37,7 @@ PostedMessages& posted() {
 
 struct InputState {
   MessageFilter filter = nullptr;
+  MessageHook hook = nullptr;
   POINT cursor{};
   std::set<int> keysDown;
   DWORD ticks = 0;
@@ -62,10 +63,17 @@ void setMessageFilter(MessageFilter filter) {
   input().filter = filter;
 }
 
-void deliver(const MSG& original) {
+void setMessageHook(MessageHook hook) {
+  input().hook = hook;
+}
+
+bool deliver(const MSG& original) {
   MSG message = original;
-  if (!IsWindow(message.hwnd)) return;
+  if (!IsWindow(message.hwnd)) return true;
   try {
+    if (input().hook != nullptr && input().hook(message)) return false;
+    // A hook may have ended the window.
+    if (!IsWindow(message.hwnd)) return true;
     const MessageFilter filter = input().filter != nullptr ? input().filter : dialogTakes;
     if (!filter(message)) translateAndDispatch(message);
   } catch (const std::exception& error) {
@@ -73,6 +81,7 @@ void deliver(const MSG& original) {
   } catch (...) {
     noteException("unknown exception");
   }
+  return true;
 }
 
 void deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

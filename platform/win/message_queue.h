@@ -10,9 +10,14 @@ namespace kovra::win {
 using MessageFilter = bool (*)(MSG& message);
 void setMessageFilter(MessageFilter filter);
 
-/// Takes a message through the filter to its window, as the program's message loop does. Exceptions
-/// that a handler lets through end here, as a failure of the input in progress.
-void deliver(const MSG& message);
+/// What the program itself lets look at every such message first; true keeps it from its window.
+using MessageHook = bool (*)(MSG& message);
+void setMessageHook(MessageHook hook);
+
+/// Takes a message past hook and filter to its window, as the program's message loop does.
+/// Exceptions that a handler lets through end here, as a failure of the input in progress. False
+/// when the hook kept it.
+bool deliver(const MSG& message);
 void deliver(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 /// Cursor on the screen; where messages of the mouse carry it.

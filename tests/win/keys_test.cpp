@@ -162,5 +162,15 @@ TEST_F(Keys, NamesOfKeys) {
   for (const char* unknown : {"", "Ctrl+", "Hyper+C", "F13", "ab"}) EXPECT_FALSE(keyNamed(unknown));
 }
 
+TEST(ScanCodes, OfTheKeysThatAreTyped) {
+  const std::pair<UINT, UINT> keys[] = {
+      {'1', 0x02},       {'0', 0x0B},     {'Q', 0x10},    {'P', 0x19},       {'A', 0x1E},
+      {'L', 0x26},       {'Z', 0x2C},     {'M', 0x32},    {VK_SPACE, 0x39},  {VK_END, 0x4F},
+      {VK_ESCAPE, 0x01}, {VK_BACK, 0x0E}, {VK_TAB, 0x0F}, {VK_RETURN, 0x1C}, {'a', 0},
+      {0xE5, 0},         {0, 0}};
+  for (const auto& [key, code] : keys) EXPECT_EQ(MapVirtualKeyW(key, MAPVK_VK_TO_VSC), code) << key;
+  EXPECT_EQ(MapVirtualKeyW('A', 1), 0U);
+}
+
 }  // namespace
 }  // namespace kovra::win
