@@ -8,6 +8,7 @@
 #include "platform/arx/database.h"
 #include "platform/arx/gi.h"
 #include "platform/arx/ocs.h"
+#include "platform/arx/polyline_draw.h"
 #include "platform/arx/record_geometry.h"
 #include "platform/arx/spline_points.h"
 #include "platform/arx/text_draw.h"
@@ -73,12 +74,6 @@ class PlaneScope {
   bool turned_;
 };
 
-void drawArc(AcGiGeometry& geometry, const AcGePoint3d& center, double radius, double start,
-             double sweep) {
-  const AcGeVector3d from(std::cos(start), std::sin(start), 0);
-  geometry.circularArc(center, radius, AcGeVector3d::kZAxis, from, sweep);
-}
-
 void text(const AcDbDatabase& database, const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
   std::wstring characters;
   drawText(geometry, readTextShape(database, draft, characters));
@@ -106,40 +101,21 @@ void ellipse(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
   geometry.popModelTransform();
 }
 
-/// A corner of a polyline and the segment that begins at it.
-struct Corner {
-  AcGePoint3d point;
-  double bulge = 0;
-};
-
-void drawCorners(AcGiGeometry& geometry, std::vector<Corner> corners, bool closed) {
-  if (corners.empty()) return;
-  if (closed) corners.push_back({corners.front().point, 0});
-  std::vector<AcGePoint3d> straight = {corners.front().point};
-  for (std::size_t i = 1; i < corners.size(); ++i) {
-    const Corner& from = corners[i - 1];
-    const std::optional<BulgeArc> bent = bulgeArc(from.point, corners[i].point, from.bulge);
-    if (bent) {
-      if (straight.size() > 1) drawChain(geometry, straight);
-      straight.clear();
-      drawArc(geometry, bent->center, bent->radius, bent->start, bent->sweep);
-    }
-    straight.push_back(corners[i].point);
-  }
-  if (straight.size() > 1 || corners.size() == 1) drawChain(geometry, straight);
-}
-
 void lwPolyline(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
   const double elevation = realAt(draft, 38, 0);
-  std::vector<Corner> corners;
+  const double width = realAt(draft, 43, 0);
+  std::vector<PolylineCorner> corners;
   for (std::size_t i = 0; i < draft.size(); ++i) {
     if (draft.part(i) != dxf::GroupPart::kData) continue;
-    if (draft.code(i) == 10) corners.push_back({{draft.real(i), 0, elevation}, 0});
+    const int code = draft.code(i);
+    if (code == 10) corners.push_back({{draft.real(i), 0, elevation}, 0, width, width});
     if (corners.empty()) continue;
-    if (draft.code(i) == 20) corners.back().point.y = draft.real(i);
-    if (draft.code(i) == 42) corners.back().bulge = draft.real(i);
+    if (code == 20) corners.back().point.y = draft.real(i);
+    if (code == 40) corners.back().startWidth = draft.real(i);
+    if (code == 41) corners.back().endWidth = draft.real(i);
+    if (code == 42) corners.back().bulge = draft.real(i);
   }
-  drawCorners(geometry, std::move(corners), (static_cast<int>(realAt(draft, 70, 0)) & 1) != 0);
+  drawPolyline(geometry, std::move(corners), (static_cast<int>(realAt(draft, 70, 0)) & 1) != 0);
 }
 
 /// Flags (70) of POLYLINE and VERTEX.
@@ -208,21 +184,24 @@ void polyline(const AcDbDatabase& database, dxf::RecordIndex record, const dxf::
               AcGiGeometry& geometry) {
   const int flags = flagsOf(draft);
   if ((flags & kPolyface) != 0) return polyface(database, record, geometry);
-  std::vector<Corner> corners;
+  const double startWidth = realAt(draft, 40, 0);
+  const double endWidth = realAt(draft, 41, 0);
+  std::vector<PolylineCorner> corners;
   forEachVertex(database, record, [&](const dxf::RecordDraft& vertex) {
     const bool control = (flagsOf(vertex) & kFrameControlPoint) != 0;
     // Of a polyline bent to a spline only the curve shows.
     if (!control || (flags & kSplineFitted) == 0)
-      corners.push_back({pointAt(vertex, 10), realAt(vertex, 42, 0)});
+      corners.push_back({pointAt(vertex, 10), realAt(vertex, 42, 0), realAt(vertex, 40, startWidth),
+                         realAt(vertex, 41, endWidth)});
   });
   if ((flags & kMesh) != 0) {
     std::vector<AcGePoint3d> points;
-    for (const Corner& corner : corners) points.push_back(corner.point);
+    for (const PolylineCorner& corner : corners) points.push_back(corner.point);
     return mesh(draft, points, geometry);
   }
   const bool planar = (flags & kThreeDimensional) == 0;
   const PlaneScope plane(geometry, planar ? entityNormal(draft) : AcGeVector3d::kZAxis);
-  drawCorners(geometry, std::move(corners), (flags & kClosed) != 0);
+  drawPolyline(geometry, std::move(corners), (flags & kClosed) != 0);
 }
 
 void spline(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
@@ -264,20 +243,6 @@ void viewport(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
 }
 
 }  // namespace
-
-std::optional<BulgeArc> bulgeArc(const AcGePoint3d& from, const AcGePoint3d& to, double bulge) {
-  const double chord = std::hypot(to.x - from.x, to.y - from.y);
-  if (bulge == 0 || chord == 0) return std::nullopt;
-  BulgeArc arc;
-  arc.sweep = 4 * std::atan(bulge);
-  const double radius = chord / (2 * std::sin(arc.sweep / 2));
-  const double toCenter = radius * std::cos(arc.sweep / 2);
-  arc.center = {(from.x + to.x) / 2 - toCenter * (to.y - from.y) / chord,
-                (from.y + to.y) / 2 + toCenter * (to.x - from.x) / chord, from.z};
-  arc.radius = std::fabs(radius);
-  arc.start = std::atan2(from.y - arc.center.y, from.x - arc.center.x);
-  return arc;
-}
 
 bool drawRecord(const AcDbDatabase& database, dxf::RecordIndex record,
                 const dxf::RecordDraft& draft, AcGiGeometry& geometry) {

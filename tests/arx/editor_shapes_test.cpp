@@ -5,7 +5,7 @@
 
 #include "platform/arx/documents.h"
 #include "platform/arx/hit_test.h"
-#include "platform/arx/record_draw.h"
+#include "platform/arx/polyline_draw.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <csignal>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 namespace kovra::test {
@@ -74,7 +75,8 @@ pid_t ProgramTest::start(const std::vector<std::string>& arguments, const std::s
                          const std::vector<std::string>& environment) const {
   write(".in", input);
   std::vector<std::string> all = {"kovra"};
-  const bool reads = !arguments.empty() && (arguments[0] == "list" || arguments[0] == "check");
+  const std::set<std::string> readers = {"list", "check", "plot"};
+  const bool reads = !arguments.empty() && readers.contains(arguments[0]);
   if (!reads) all.insert(all.end(), {"--state", path(".state").string()});
   all.insert(all.end(), arguments.begin(), arguments.end());
   std::vector<std::string> variables = {"LC_ALL=C.UTF-8"};
