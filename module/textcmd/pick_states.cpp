@@ -78,23 +78,26 @@ bool pickText(ads_point point, PickedText& picked) {
   return true;
 }
 
+/// A text may name a style that the drawing lacks; then there is nothing to adopt.
 void adoptStyle(CTextDlg& dialog, const AcDbObjectId& style) {
-  TextPreview->setTextStyle(style);
   ACHAR name[256] = L"";
-  GTxtStyName(style, name);
+  if (GTxtStyName(style, name) != 0) return;
+  TextPreview->setTextStyle(style);
   dialog.StyleName = name;
+}
+
+void adoptHeight(CTextDlg& dialog, double height) {
+  if (TextPreview->setHeight(height) == Acad::eOk) dialog.PaperHeight = height / dialog.Scale;
+}
+
+void adoptWidthFactor(CTextDlg& dialog, double factor) {
+  if (TextPreview->setWidthFactor(factor) == Acad::eOk) dialog.WidthFactor = factor;
 }
 
 void adopt(CTextDlg& dialog, unsigned adopts, const PickedText& picked) {
   if ((adopts & kStyle) != 0) adoptStyle(dialog, picked.style);
-  if ((adopts & kHeight) != 0) {
-    TextPreview->setHeight(picked.height);
-    dialog.PaperHeight = picked.height / dialog.Scale;
-  }
-  if ((adopts & kWidthFactor) != 0) {
-    TextPreview->setWidthFactor(picked.widthFactor);
-    dialog.WidthFactor = picked.widthFactor;
-  }
+  if ((adopts & kHeight) != 0) adoptHeight(dialog, picked.height);
+  if ((adopts & kWidthFactor) != 0) adoptWidthFactor(dialog, picked.widthFactor);
   if ((adopts & kRotation) != 0) {
     TextPreview->setRotation(picked.rotation);
     dialog.RotationDegrees = DegreesOf(picked.rotation);

@@ -105,8 +105,24 @@ BOOL filterInput(MSG* message) {
   return _wcsicmp(className, L"ToolbarWindow32") == 0 ? TRUE : FALSE;
 }
 
+/// Watch and filter for the time of a scope.
+class InputHooks {
+ public:
+  InputHooks() {
+    acedRegisterWatchWinMsg(watchInput);
+    acedRegisterFilterWinMsg(filterInput);
+  }
+  ~InputHooks() {
+    acedRemoveFilterWinMsg(filterInput);
+    acedRemoveWatchWinMsg(watchInput);
+  }
+  InputHooks(const InputHooks&) = delete;
+  InputHooks& operator=(const InputHooks&) = delete;
+};
+
 int readLine(const ACHAR* prompt, TextInput& text) {
   TextInput line = L"";
+  const InputHooks hooks;
   const int result = acedGetString(1, prompt, line);
   if (result != RTNORM) return result;
   std::copy_n(line, kTextInputLength, text);
@@ -127,11 +143,7 @@ int ReadTextInput(const ACHAR* prompt, TextInput& text) {
   GetVar(L"SNAPMODE", snap);
   SetVar(L"SNAPMODE", 0);
   Offered = false;
-  acedRegisterWatchWinMsg(watchInput);
-  acedRegisterFilterWinMsg(filterInput);
   const int result = readLine(prompt, text);
-  acedRemoveFilterWinMsg(filterInput);
-  acedRemoveWatchWinMsg(watchInput);
   SetVar(L"SNAPMODE", snap);
   return result;
 }
