@@ -24,9 +24,6 @@ namespace {
 constexpr UINT kPlainTemplate = 526;
 constexpr UINT kRadixStepTemplate = 531;
 
-constexpr UINT kDirectionIcons[] = {536, 537, 538, 539};
-constexpr UINT kPickIcons[] = {541, 542, 542};
-
 StepFields stepFields = {kDecimalStep, kRadixStep, {true, false}};
 
 UINT chooseTemplate() {
@@ -60,8 +57,7 @@ bool CCopyCup::offersRadixStep() const {
 
 BOOL CCopyCup::OnInitDialog() {
   CAcUiDialog::OnInitDialog();
-  makeDirectionButtons();
-  makePickButtons();
+  buttons_.Replace(*this, kFirstDirection, kPickBoth);
   DrawingScale = FindDrawingScale(CurrentDatabase());
   loadState();
   FillRadixCombo(*this);
@@ -76,34 +72,11 @@ BOOL CCopyCup::OnInitDialog() {
   return TRUE;
 }
 
-void CCopyCup::makeDirectionButtons() {
-  int id = kFirstDirection;
-  for (CBtnArw& button : directionButtons_) {
-    button.Replace(*this, id, kDirectionIcons[id - kFirstDirection], CBtnArw::Size::large);
-    ++id;
-  }
-}
-
-void CCopyCup::makePickButtons() {
-  toolTip_.Create(this);
-  toolTip_.Activate(TRUE);
-  int id = kPickBoth;
-  for (CBtnArw& button : pickButtons_) {
-    const int index = id - kPickBoth;
-    ACHAR* tip = tipTexts_[index];
-    GetDlgItemText(id, tip, kTipLength);
-    SetDlgItemText(id, L"");
-    button.Replace(*this, id, kPickIcons[index], CBtnArw::Size::small);
-    toolTip_.AddTool(&button, tip);
-    ++id;
-  }
-}
-
 void CCopyCup::showFields() {
   CheckItem(*this, kCountUp, CountUp);
   SelectIndex(*this, kRadixCombo, Radix);
   SetDlgItemInt(kDecimalStep, static_cast<UINT>(CountUpStep), TRUE);
-  markDirection();
+  buttons_.MarkDirection(Direction);
   if (offersRadixStep())
     CheckRadioButton(kStepInDecimal, kStepInRadix, kStepInDecimal + radixMode_);
   CheckRadioButton(kDragMode, kPatternMode, kDragMode + Mode);
@@ -120,10 +93,7 @@ BOOL CCopyCup::DestroyWindow() {
 }
 
 BOOL CCopyCup::PreTranslateMessage(MSG* message) {
-  const UINT kind = message->message;
-  if (kind == WM_MOUSEMOVE || kind == WM_LBUTTONDOWN || kind == WM_LBUTTONUP) {
-    toolTip_.RelayEvent(message);
-  }
+  buttons_.RelayEvent(message);
   return CAcUiDialog::PreTranslateMessage(message);
 }
 
@@ -183,7 +153,7 @@ void CCopyCup::OnRadixStepClicked() {
 
 void CCopyCup::OnDirectionClicked(UINT id) {
   Direction = static_cast<int>(id) - kFirstDirection;
-  markDirection();
+  buttons_.MarkDirection(Direction);
   UpdateModeControls();
   UpdateOkState();
   Invalidate();
@@ -213,12 +183,6 @@ bool CCopyCup::CleanCountField(int id) {
 
 void CCopyCup::syncStep(bool fromRadix) {
   if (offersRadixStep()) SyncStepFields(*this, stepFields, fromRadix);
-}
-
-void CCopyCup::markDirection() {
-  for (std::size_t i = 0; i < directionButtons_.size(); ++i) {
-    directionButtons_[i].SetChecked(static_cast<int>(i) == Direction);
-  }
 }
 
 }  // namespace kovra

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
-
-#include "module/countup/arrow_button.h"
+#include "module/countup/array_buttons.h"
 #include "module/frame/companions/dialog_state_lib.h"
 #include "module/frame/seam.h"
 
@@ -51,11 +49,8 @@ class CCopyCup : public CAcUiDialog {
     UINT message = 0;  ///< 0: it isn't
     int focus = 0;
   };
-  static constexpr int kTipLength = 161;
 
   CCopyCup(CWnd* parent, HINSTANCE resources, UINT templateId);
-  void makeDirectionButtons();
-  void makePickButtons();
   void loadState();
   void loadFields(const DialogStateStore& store);
   void saveState();
@@ -70,15 +65,11 @@ class CCopyCup : public CAcUiDialog {
   bool CleanCountField(int id);
   void syncStep(bool fromRadix);
   bool askDistance(UINT id);
-  void markDirection();
   bool offersRadixStep() const;
 
-  std::array<CBtnArw, 4> directionButtons_;
-  std::array<CBtnArw, 3> pickButtons_;
+  ArrayButtons buttons_;
   UINT templateId_;
-  int radixMode_ = 0;  // 0: the step is typed in decimal, 1: in the selected numbering system
-  CToolTipCtrl toolTip_;
-  ACHAR tipTexts_[3][kTipLength] = {};
+  int radixMode_ = 0;     // 0: the step is typed in decimal, 1: in the selected numbering system
   bool started_ = false;  // writing the fields at the start isn't a change of theirs
 };
 

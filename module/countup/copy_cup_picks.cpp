@@ -10,7 +10,7 @@ void CCopyCup::PickDistance(UINT id) {
   CollectFields();
   PickDistances(*this, static_cast<Spacing>(static_cast<int>(id) - kPickBoth),
                 {kRowHeight, kColWidth, RowHeight, ColWidth, DrawingScale});
-  toolTip_.Activate(TRUE);
+  buttons_.ActivateTips();
 }
 
 }  // namespace kovra

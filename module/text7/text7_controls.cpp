@@ -109,12 +109,6 @@ void CText7Dlg::SetInteractive(bool enable) {
   EnableWindow(enable ? TRUE : FALSE);
 }
 
-void CText7Dlg::markDirection() {
-  for (std::size_t i = 0; i < DirectionButtons.size(); ++i) {
-    DirectionButtons[i].SetChecked(static_cast<int>(i) == Direction);
-  }
-}
-
 void CText7Dlg::syncStep(bool fromRadix) {
   if (offersRadixStep()) SyncStepFields(*this, stepFields, fromRadix);
 }

@@ -112,10 +112,7 @@ void CText7Dlg::PostNcDestroy() {
 }
 
 BOOL CText7Dlg::PreTranslateMessage(MSG* message) {
-  const UINT kind = message->message;
-  if (kind == WM_MOUSEMOVE || kind == WM_LBUTTONDOWN || kind == WM_LBUTTONUP) {
-    toolTip_.RelayEvent(message);
-  }
+  Buttons.RelayEvent(message);
   return CAcUiDialog::PreTranslateMessage(message);
 }
 
@@ -174,7 +171,7 @@ void CText7Dlg::OnAdoptClicked() {
 
 void CText7Dlg::OnDirectionClicked(UINT id) {
   Direction = static_cast<int>(id) - kFirstDirection;
-  markDirection();
+  Buttons.MarkDirection(Direction);
   UpdateControls();
   UpdateOkState();
   Invalidate();

@@ -3,7 +3,7 @@
 #include <array>
 #include <memory>
 
-#include "module/countup/arrow_button.h"
+#include "module/countup/array_buttons.h"
 #include "module/frame/companions/dialog_state_lib.h"
 #include "module/frame/seam.h"
 #include "module/text7/adopt_style.h"
@@ -37,7 +37,7 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
   /// the fields. 1 if OK is enabled.
   int UpdateOkState();
   /// Lets the tips of the icon buttons show.
-  void ActivateToolTip() { toolTip_.Activate(TRUE); }
+  void ActivateToolTip() { Buttons.ActivateTips(); }
   /// A number as the fields show it.
   CString NumberText(double number);
 
@@ -92,8 +92,6 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
   DECLARE_MESSAGE_MAP()
 
  private:
-  static constexpr int kTipLength = 161;
-
   /// Why OK does nothing.
   struct Refusal {
     UINT message = 0;  ///< 0: it isn't refused
@@ -104,8 +102,6 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
 
   // Start.
   void recordLayout();
-  void makeDirectionButtons();
-  void makeSpacingButtons();
   void fillLists();
   void showSettings();
   void showNumber(int comboId, double number);
@@ -125,7 +121,6 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
   void UpdateControls();
   void UpdateRadixControls();
   void SetInteractive(bool enable);
-  void markDirection();
   void syncStep(bool fromRadix);
 
   // What OK needs.
@@ -147,8 +142,7 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
 
   AcApDocument* Document = nullptr;  // the current one when the dialog started
   std::unique_ptr<TxtDlgDocReactor> DocReactor;
-  std::array<CBtnArw, 4> DirectionButtons;
-  std::array<CBtnArw, 3> SpacingButtons;
+  ArrayButtons Buttons;
   CRect FullRect;         // of the window at the start, with the array section
   int ButtonsTop = 0;     // of OK at the start, in the client area
   int FrameHeight = 0;    // of the frame around the lines at the start
@@ -158,8 +152,6 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
   int ChngblHeight = 0;   // of the window in the single mode
   UINT TemplateId;
   int RadixMode = 0;  // 0: the step is typed in decimal, 26: in the numbering system
-  CToolTipCtrl toolTip_;
-  ACHAR tipTexts_[3][kTipLength] = {};
 };
 
 /// The open dialog; null without one. Whoever waits for the user asks again afterwards.

@@ -21,9 +21,6 @@ double DrawingScale = 1.0;
 
 namespace {
 
-constexpr UINT kDirectionIcons[] = {536, 537, 538, 539};
-constexpr UINT kSpacingIcons[] = {541, 542, 542};
-
 // What a field starts with when the stored settings have nothing for it.
 constexpr ACHAR kUsualLayer[] = L"CMNT";
 constexpr double kUsualHeight = 2.5;
@@ -39,8 +36,7 @@ double aboveZero(double value, double otherwise) {
 BOOL CText7Dlg::OnInitDialog() {
   CAcUiDialog::OnInitDialog();
   recordLayout();
-  makeDirectionButtons();
-  makeSpacingButtons();
+  Buttons.Replace(*this, kFirstDirection, kPickBoth);
   DrawingScale = FindDrawingScale(CurrentDatabase());
   Document = acDocManager->curDocument();
   fillLists();
@@ -63,29 +59,6 @@ BOOL CText7Dlg::OnInitDialog() {
     field->SendMessage(EM_SETSEL, 0, -1);
   }
   return TRUE;
-}
-
-void CText7Dlg::makeDirectionButtons() {
-  int id = kFirstDirection;
-  for (CBtnArw& button : DirectionButtons) {
-    button.Replace(*this, id, kDirectionIcons[id - kFirstDirection], CBtnArw::Size::large);
-    ++id;
-  }
-}
-
-void CText7Dlg::makeSpacingButtons() {
-  toolTip_.Create(this);
-  toolTip_.Activate(TRUE);
-  int id = kPickBoth;
-  for (CBtnArw& button : SpacingButtons) {
-    const int index = id - kPickBoth;
-    ACHAR* tip = tipTexts_[index];
-    GetDlgItemText(id, tip, kTipLength);
-    SetDlgItemText(id, L"");
-    button.Replace(*this, id, kSpacingIcons[index], CBtnArw::Size::small);
-    toolTip_.AddTool(&button, tip);
-    ++id;
-  }
 }
 
 void CText7Dlg::fillLists() {
@@ -159,7 +132,7 @@ void CText7Dlg::showFields() {
   SetDlgItemInt(kCols, static_cast<UINT>(Cols), TRUE);
   if (std::abs(RowHeight) > kNoNumber) SetDlgItemText(kRowHeight, NumberText(RowHeight));
   if (std::abs(ColWidth) > kNoNumber) SetDlgItemText(kColWidth, NumberText(ColWidth));
-  markDirection();
+  Buttons.MarkDirection(Direction);
 }
 
 /// These fields take signs, digits and points, or what no input method makes.

@@ -13,8 +13,8 @@ namespace {
 constexpr const ACHAR* kRequestStart = L"_. ";
 constexpr int kRequestStartLength = 3;
 
-constexpr UINT kFirstMouseMessage = 512;
-constexpr UINT kLastMouseMessage = 525;
+constexpr UINT kFirstMouseMessage = WM_MOUSEFIRST;
+constexpr UINT kLastMouseMessage = 0x20D;
 
 // The prompt in progress, for the callbacks; there is one at a time.
 const AcApDocument* askedDocument = nullptr;
