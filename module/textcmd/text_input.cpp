@@ -13,9 +13,6 @@ namespace {
 constexpr const ACHAR* kRequestStart = L"_. ";
 constexpr int kRequestStartLength = 3;
 
-constexpr UINT kFirstMouseMessage = WM_MOUSEFIRST;
-constexpr UINT kLastMouseMessage = 0x20D;
-
 // The prompt in progress, for the callbacks; there is one at a time.
 const AcApDocument* askedDocument = nullptr;
 const ACHAR* offeredText = nullptr;
@@ -91,7 +88,8 @@ void watchInput(const MSG* message) {
   // Another document may have come to the front while the prompt waits.
   if (message->hwnd != adsw_acadDocWnd() || acDocManager->curDocument() != askedDocument) return;
   const UINT kind = message->message;
-  if (!Offered && kind >= kFirstMouseMessage && kind <= kLastMouseMessage) {
+  // The last one is the tilted wheel, which older versions of the platform don't have.
+  if (!Offered && kind >= WM_MOUSEFIRST && kind < WM_MOUSELAST) {
     Offered = true;
     typeText(offeredText);
   }
