@@ -1,6 +1,7 @@
 #include "host/picture/dialog_draw.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "host/picture/icon_pixels.h"
@@ -54,7 +55,7 @@ std::wstring withoutKey(std::wstring_view text, std::size_t& key) {
 
 Rgb blended(Rgb color, Rgb ground, double opacity) {
   const auto part = [opacity](std::uint8_t top, std::uint8_t below) {
-    return static_cast<std::uint8_t>(top * opacity + below * (1 - opacity) + 0.5);
+    return static_cast<std::uint8_t>(std::lround(top * opacity + below * (1 - opacity)));
   };
   return {part(color.red, ground.red), part(color.green, ground.green),
           part(color.blue, ground.blue)};

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,7 +29,10 @@ struct LineRoom {
   bool below = false;
   bool above = false;
   LineRoom operator|(LineRoom other) const { return {below || other.below, above || other.above}; }
-  auto operator<=>(const LineRoom&) const = default;
+  /// Any order, for use as a key.
+  bool operator<(LineRoom other) const {
+    return below != other.below ? other.below : !above && other.above;
+  }
 };
 
 /// Outlines from the fonts of the machine. They are made to fit, so that texts stand where their

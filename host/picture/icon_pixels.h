@@ -22,7 +22,8 @@ struct IconPixels {
   std::vector<IconPixel> pixels;
 
   const IconPixel& at(int column, int row) const {
-    return pixels[static_cast<std::size_t>(row * width + column)];
+    return pixels[static_cast<std::size_t>(row) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(column)];
   }
 };
 

@@ -15,7 +15,8 @@ Adesk::UInt32 hueColor(int index) {
   static constexpr double kBrightness[] = {1, 0.65, 0.5, 0.3, 0.15};
   const double value = kBrightness[index % 10 / 2];
   const double least = index % 2 == 0 ? 0 : value / 2;
-  const double sector = (index / 10 - 1) / 4.0;  // of six
+  const int hue = index / 10 - 1;
+  const double sector = hue / 4.0;  // of six
   const auto part = [&](double shift) {
     const double distance = std::fabs(std::fmod(sector + shift + 6, 6.0) - 3);  // 3 at the peak
     const double share = distance >= 2 ? 1 : distance <= 1 ? 0 : distance - 1;

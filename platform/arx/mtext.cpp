@@ -104,7 +104,8 @@ MTextLayout kovra::arx::layOutMText(const dxf::RecordDraft& draft, const dxf::Te
   const int code = attachmentOf(draft) - AcDbMText::kTopLeft;
   place.indentShare = (code % 3) / 2.0;
   place.left = -place.width * place.indentShare;
-  place.top = place.height * (code / 3) / 2;
+  const int row = code / 3;
+  place.top = place.height * row / 2;
   place.location = readPoint(draft, kLocation).value_or(AcGePoint3d());
   place.normal = normalOf(draft).normal();
   place.along = directionOf(draft);

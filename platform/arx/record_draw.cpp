@@ -26,6 +26,14 @@ double realAt(const dxf::RecordDraft& draft, int code, double absent) {
   return group == dxf::kNoGroup ? absent : draft.real(group);
 }
 
+/// 0 when the group is missing; brought into a range that any arithmetic here bears.
+int integerAt(const dxf::RecordDraft& draft, int code) {
+  constexpr std::int64_t kMost = 1000000000;
+  const std::size_t group = draft.find(code);
+  if (group == dxf::kNoGroup) return 0;
+  return static_cast<int>(std::clamp(draft.integer(group), -kMost, kMost));
+}
+
 AcGePoint3d pointAt(const dxf::RecordDraft& draft, int code) {
   return {realAt(draft, code, 0), realAt(draft, code + 10, 0), realAt(draft, code + 20, 0)};
 }
@@ -115,7 +123,7 @@ void lwPolyline(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
     if (code == 41) corners.back().endWidth = draft.real(i);
     if (code == 42) corners.back().bulge = draft.real(i);
   }
-  drawPolyline(geometry, std::move(corners), (static_cast<int>(realAt(draft, 70, 0)) & 1) != 0);
+  drawPolyline(geometry, std::move(corners), (integerAt(draft, 70) & 1) != 0);
 }
 
 /// Flags (70) of POLYLINE and VERTEX.
@@ -129,7 +137,7 @@ constexpr int kFrameControlPoint = 16;
 constexpr int kMeshVertex = 64;
 
 int flagsOf(const dxf::RecordDraft& draft) {
-  return static_cast<int>(realAt(draft, 70, 0));
+  return integerAt(draft, 70);
 }
 
 /// The vertices that follow a POLYLINE.
@@ -153,8 +161,7 @@ void polyface(const AcDbDatabase& database, dxf::RecordIndex record, AcGiGeometr
     if ((flagsOf(vertex) & kMeshVertex) != 0) return points.push_back(pointAt(vertex, 10));
     std::vector<int> corners;
     for (const int code : {71, 72, 73, 74})
-      if (const int corner = static_cast<int>(realAt(vertex, code, 0)); corner != 0)
-        corners.push_back(corner);
+      if (const int corner = integerAt(vertex, code); corner != 0) corners.push_back(corner);
     for (std::size_t i = 0; i < corners.size(); ++i) {
       const auto from = static_cast<std::size_t>(corners[i]);
       const auto to = static_cast<std::size_t>(std::abs(corners[(i + 1) % corners.size()]));
@@ -167,8 +174,8 @@ void polyface(const AcDbDatabase& database, dxf::RecordIndex record, AcGiGeometr
 /// A net of M by N points: its rows and its columns.
 void mesh(const dxf::RecordDraft& draft, const std::vector<AcGePoint3d>& points,
           AcGiGeometry& geometry) {
-  const auto rows = static_cast<std::size_t>(std::max(0.0, realAt(draft, 71, 0)));
-  const auto columns = static_cast<std::size_t>(std::max(0.0, realAt(draft, 72, 0)));
+  const auto rows = static_cast<std::size_t>(std::max(0, integerAt(draft, 71)));
+  const auto columns = static_cast<std::size_t>(std::max(0, integerAt(draft, 72)));
   if (rows == 0 || columns == 0 || points.size() / columns < rows) return;
   const auto run = [&](std::size_t first, std::size_t step, std::size_t count, int closed) {
     std::vector<AcGePoint3d> chain;
@@ -196,6 +203,7 @@ void polyline(const AcDbDatabase& database, dxf::RecordIndex record, const dxf::
   });
   if ((flags & kMesh) != 0) {
     std::vector<AcGePoint3d> points;
+    points.reserve(corners.size());
     for (const PolylineCorner& corner : corners) points.push_back(corner.point);
     return mesh(draft, points, geometry);
   }
@@ -206,7 +214,7 @@ void polyline(const AcDbDatabase& database, dxf::RecordIndex record, const dxf::
 
 void spline(const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
   Spline curve;
-  curve.degree = static_cast<int>(realAt(draft, 71, 3));
+  curve.degree = integerAt(draft, 71);
   curve.controls = pointsAt(draft, 10);
   curve.knots = realsAt(draft, 40);
   curve.weights = realsAt(draft, 41);

@@ -13,11 +13,11 @@
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* context) {
   if (visibility() == AcDb::kInvisible) return true;
-  const AcGeMatrix3d plane = kovra::arx::ocsToWcs(normal());
-  AcGeVector3d direction(std::cos(rotation()), std::sin(rotation()), 0);
-  direction.transformBy(plane);
-  return context->geometry().text(position(), normal(), direction, height(), widthFactor(),
-                                  oblique(), textStringConst());
+  AcGiGeometry& geometry = context->geometry();
+  geometry.pushModelTransform(kovra::arx::ocsToWcs(normal()));
+  kovra::arx::drawText(geometry, shape(nullptr));
+  geometry.popModelTransform();
+  return true;
 }
 
 namespace kovra::arx {
