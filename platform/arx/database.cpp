@@ -98,7 +98,7 @@ kovra::Result<void> AcDbDatabase::open(const std::string& path) {
   return {};
 }
 
-kovra::Result<void> AcDbDatabase::openBytes(std::string bytes) {
+kovra::Result<void> AcDbDatabase::openBytes(std::string_view bytes) {
   auto store = dxf::RecordStore::fromBytes(bytes);
   if (!store) return store.error();
   adoptStore(std::move(store).value());

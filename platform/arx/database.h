@@ -76,7 +76,7 @@ class AcDbDatabase {
   /// Reads a drawing file. Only on a database without a drawing.
   kovra::Result<void> open(const std::string& path);
   /// Reads a drawing from bytes, as from a file of that name.
-  kovra::Result<void> openBytes(std::string bytes);
+  kovra::Result<void> openBytes(std::string_view bytes);
   /// Writes the drawing, atomically; see dxf::RecordStore::saveTo. An empty path means its own
   /// file.
   kovra::Result<void> save(const std::string& path, const kovra::dxf::SaveOptions& options);
