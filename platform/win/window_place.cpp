@@ -130,15 +130,20 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL /*repaint
 
 BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, UINT flags) {
   using namespace kovra::win;
+  // Far beyond any screen, and far from where sums of coordinates have no room.
+  constexpr int kFarthest = 1 << 24;
   const Window* window = findWindow(handle);
   if (window == nullptr) return FALSE;
   RECT place = window->place;
   SIZE size{widthOf(place), heightOf(place)};
   if ((flags & SWP_NOSIZE) == 0) {
-    size = {std::max(0, width), std::max(0, height)};
+    size = {std::clamp(width, 0, kFarthest), std::clamp(height, 0, kFarthest)};
     if (hasStyle(handle, WS_THICKFRAME)) size = limitedSize(handle, size);
   }
-  if ((flags & SWP_NOMOVE) == 0) place = {x, y, 0, 0};
+  if ((flags & SWP_NOMOVE) == 0) {
+    place.left = std::clamp(x, -kFarthest, kFarthest);
+    place.top = std::clamp(y, -kFarthest, kFarthest);
+  }
   place.right = place.left + size.cx;
   place.bottom = place.top + size.cy;
   const bool orders = after != HWND_TOPMOST && after != HWND_NOTOPMOST;
