@@ -54,6 +54,12 @@ CString ItemText(const CWnd& dialog, int id) {
   return text;
 }
 
+CString TrimmedItemText(const CWnd& dialog, int id) {
+  CString text = ItemText(dialog, id);
+  text.TrimRight();
+  return text;
+}
+
 int ItemNumber(const CWnd& dialog, int id) {
   return static_cast<int>(dialog.GetDlgItemInt(id, nullptr, TRUE));
 }

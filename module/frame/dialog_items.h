@@ -18,6 +18,8 @@ bool IsItemChecked(const CWnd& dialog, int id);
 void CheckItem(CWnd& dialog, int id, bool check);
 
 CString ItemText(const CWnd& dialog, int id);
+/// Without the white space at its end.
+CString TrimmedItemText(const CWnd& dialog, int id);
 /// The text as a signed whole number; 0 for anything else.
 int ItemNumber(const CWnd& dialog, int id);
 /// The text as a real number; 0 for anything else.

@@ -173,21 +173,16 @@ void PlaceTextArray(AcDbDatabase* database, const CString& layer) {
   if (CText7Dlg* open = OpenText7Dlg()) open->SetDlgItemText(kNumber, value);
 }
 
-CString trimmedText(const CText7Dlg& dialog, int id) {
-  CString text = ItemText(dialog, id);
-  text.TrimRight();
-  return text;
-}
-
 CString presentText(const CText7Dlg& dialog) {
-  if (!dialog.CountsValues()) return trimmedText(dialog, kValue);
-  return trimmedText(dialog, kPrefix) + trimmedText(dialog, kNumber) + trimmedText(dialog, kSuffix);
+  if (!dialog.CountsValues()) return TrimmedItemText(dialog, kValue);
+  return TrimmedItemText(dialog, kPrefix) + TrimmedItemText(dialog, kNumber) +
+         TrimmedItemText(dialog, kSuffix);
 }
 
 /// Counts the number field on for the next text. False when there is nothing more to count.
 bool countNumberOn(CText7Dlg& dialog) {
   if (!dialog.CountsValues()) return true;
-  CString number = trimmedText(dialog, kNumber);
+  CString number = TrimmedItemText(dialog, kNumber);
   if (number.IsEmpty()) return true;
   if (!CountUpValue(number, RadixCodeOf(dialog.Radix), dialog.CountUpStep)) return false;
   dialog.SetDlgItemText(kNumber, number);

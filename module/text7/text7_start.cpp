@@ -27,10 +27,6 @@ constexpr double kUsualHeight = 2.5;
 constexpr double kUsualWidthFactor = 1.0;
 constexpr double kUsualLineSpacing = 1.2;
 
-double aboveZero(double value, double otherwise) {
-  return value > 0 ? value : otherwise;
-}
-
 }  // namespace
 
 BOOL CText7Dlg::OnInitDialog() {

@@ -40,12 +40,6 @@ struct Distance {
 };
 constexpr Distance kDistances[] = {{kRows, kRowHeight}, {kCols, kColWidth}};
 
-CString trimmedText(const CWnd& dialog, int id) {
-  CString text = ItemText(dialog, id);
-  text.TrimRight();
-  return text;
-}
-
 int checkedMode(const CWnd& dialog) {
   for (int id = kSingleMode; id <= kArrayMode; ++id) {
     if (IsItemChecked(dialog, id)) return id - kSingleMode;
@@ -67,8 +61,8 @@ void CText7Dlg::CollectFields() {
   Radio = checkedMode(*this);
   recomputeMultiLine();
   int field = kValue;
-  for (CString& text : TextValue) text = trimmedText(*this, field++);
-  if (offersLines()) MultiLineText = trimmedText(*this, kLines);
+  for (CString& text : TextValue) text = TrimmedItemText(*this, field++);
+  if (offersLines()) MultiLineText = TrimmedItemText(*this, kLines);
   CountUp = IsItemChecked(*this, kCountUp);
   Radix = SelectedIndex(*this, kRadixCombo);
   CountUpStep = ItemNumber(*this, kDecimalStep);

@@ -23,10 +23,6 @@ constexpr UINT kTextEnded = 2721;
 // The dialog of the run that exists; null without one.
 const CTextDlg* openDialog = nullptr;
 
-double aboveZero(double value, double otherwise) {
-  return value > 0 ? value : otherwise;
-}
-
 /// The stored settings, or what a user starts with who has none; false when there is no store.
 bool loadSettings(TextSettings& settings) {
   if (LoadTextSettings(settings, false) != 0) WriteDefaultTextSettings();

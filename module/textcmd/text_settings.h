@@ -18,6 +18,11 @@ struct TextSettings {
   int attachmentIndex = 0;  ///< place in AttachCodes; not checked
 };
 
+/// A stored number that has to be above 0, or what takes its place.
+inline double aboveZero(double value, double otherwise) {
+  return value > 0 ? value : otherwise;
+}
+
 inline constexpr int kLayerTextLength = 257;
 
 // What a user starts with who has no settings yet.
