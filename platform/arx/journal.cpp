@@ -173,7 +173,10 @@ bool Journal::abortTransaction() {
   transactions_.pop_back();
   Undone dropped;
   takeBack(position, dropped);
-  while (!boundaries_.empty() && boundaries_.back().position > position) boundaries_.pop_back();
+  while (!boundaries_.empty() && boundaries_.back().position > position) {
+    if (boundaries_.back().kind == BoundaryKind::kGroup) groupOpen_ = false;
+    boundaries_.pop_back();
+  }
   return true;
 }
 

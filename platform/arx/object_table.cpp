@@ -134,6 +134,22 @@ void ObjectTable::flush(AcDbObject& object) {
   object.modified_ = false;
 }
 
+void ObjectTable::drop(AcDbObject& object) const {
+  releaseBody(object);
+  object.modified_ = false;
+}
+
+void ObjectTable::writePending() {
+  for (AcDbObject* object : buckets_)
+    for (; object != nullptr; object = object->nextInTable_) flush(*object);
+}
+
+void ObjectTable::dropPending() {
+  for (AcDbObject* object : buckets_)
+    for (; object != nullptr; object = object->nextInTable_)
+      if (object->modified_) drop(*object);
+}
+
 Acad::ErrorStatus ObjectTable::erase(AcDbObject& object, bool erasing) {
   if (!object.writer_) return Acad::eNotOpenForWrite;
   if (!isEntity(object.record_) && isTableObject(object.record_)) return Acad::eNotApplicable;
@@ -172,10 +188,7 @@ void ObjectTable::eraseRecord(dxf::RecordIndex index, bool erasing) {
 
 void ObjectTable::recordChanged(dxf::RecordIndex index) {
   if (flushing_) return;
-  AcDbObject* object = find(index);
-  if (object == nullptr) return;
-  releaseBody(*object);
-  object->modified_ = false;
+  if (AcDbObject* object = find(index)) drop(*object);
 }
 
 ObjectBody& ObjectTable::body(const AcDbObject& object) const {

@@ -51,6 +51,10 @@ class ObjectTable {
   Acad::ErrorStatus upgrade(AcDbObject& object);
   Acad::ErrorStatus downgrade(AcDbObject& object);
   Acad::ErrorStatus erase(AcDbObject& object, bool erasing);
+  /// Brings to the records what writers hold back; they stay writers.
+  void writePending();
+  /// Drops what writers hold back since they opened or since writePending.
+  void dropPending();
   /// Erases or brings back a record with what it contains, whoever has it open.
   void eraseRecord(dxf::RecordIndex index, bool erasing);
 
@@ -97,6 +101,7 @@ class ObjectTable {
   void unlink(AcDbObject& object);
   AcDbObject* create(dxf::RecordIndex index) const;
   void flush(AcDbObject& object);
+  void drop(AcDbObject& object) const;
   void releaseBody(AcDbObject& object) const;
   std::size_t bucket(dxf::RecordIndex index) const { return index & (buckets_.size() - 1); }
 

@@ -2,8 +2,11 @@
 
 #include "platform/arx/database.h"
 #include "platform/arx/journal.h"
+#include "platform/arx/object_table.h"
 
 AcTransaction* AcTransactionManager::startTransaction() {
+  // What writers hold back happened before the start.
+  database_.objects().writePending();
   database_.journal().startTransaction();
   return &transaction_;
 }
@@ -13,7 +16,10 @@ Acad::ErrorStatus AcTransactionManager::endTransaction() {
 }
 
 Acad::ErrorStatus AcTransactionManager::abortTransaction() {
-  return database_.journal().abortTransaction() ? Acad::eOk : Acad::eNoActiveTransactions;
+  if (numActiveTransactions() == 0) return Acad::eNoActiveTransactions;
+  database_.objects().dropPending();
+  database_.journal().abortTransaction();
+  return Acad::eOk;
 }
 
 int AcTransactionManager::numActiveTransactions() const {

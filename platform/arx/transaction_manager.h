@@ -19,7 +19,8 @@ class AcTransactionManager {
   /// Keeps the changes since the start of the innermost transaction. eNoActiveTransactions.
   Acad::ErrorStatus endTransaction();
   /// Takes back every change since the start of the innermost transaction, also of objects opened
-  /// and closed outside it; objects that are still open see the old values. eNoActiveTransactions.
+  /// and closed outside it; objects that are still open see the old values, also those whose writer
+  /// hasn't closed them yet. eNoActiveTransactions.
   Acad::ErrorStatus abortTransaction();
   int numActiveTransactions() const;
 

@@ -164,7 +164,16 @@ TEST(Journal, OpenObjectsSeeWhatAnAbortPutBack) {
   text->downgradeOpen();
   drawing->transactionManager()->abortTransaction();
   EXPECT_EQ(text->height(), 2.5);
+
+  // A writer that hasn't closed: what it did before the start stays, what came later goes.
+  ASSERT_EQ(text->upgradeOpen(), Acad::eOk);
+  text->setHeight(4);
+  drawing->transactionManager()->startTransaction();
+  text->setHeight(7);
+  drawing->transactionManager()->abortTransaction();
+  EXPECT_EQ(text->height(), 4);
   text->close();
+  EXPECT_NE(drawing.bytes().find("\n 40\n4.0\n"), std::string::npos);
 }
 
 class Steps : public testing::Test {
@@ -238,6 +247,16 @@ TEST_F(Steps, BackGoesToTheLatestMark) {
   EXPECT_TRUE(journal_.redo());
   EXPECT_EQ(height(), 5);
   EXPECT_TRUE(journal_.hasMark());
+}
+
+TEST_F(Steps, AGroupGoesWithTheTransactionThatItBeganIn) {
+  drawing_->transactionManager()->startTransaction();
+  setHeight(3);
+  journal_.beginGroup();
+  drawing_->transactionManager()->abortTransaction();
+  EXPECT_FALSE(journal_.groupOpen());
+  journal_.endGroup();
+  EXPECT_TRUE(journal_.undo(1).empty());
 }
 
 TEST_F(Steps, AGroupIsOneStep) {
