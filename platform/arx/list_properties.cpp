@@ -6,6 +6,7 @@
 #include "platform/arx/database.h"
 #include "platform/arx/group_order.h"
 #include "platform/arx/list_groups.h"
+#include "platform/arx/symbol_names.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/structure.h"
 
@@ -67,9 +68,13 @@ bool isKnownLinetype(const AcDbDatabase& database, std::wstring_view name) {
          dxf::equalNames(name, L"CONTINUOUS") || hasEntry(database, dxf::TableKind::kLtype, name);
 }
 
+/// Whether group 40 is a height or a radius, which 0 can't be.
+bool hasSize(std::string_view type) {
+  return isTextType(type) || type == "MTEXT" || type == "CIRCLE" || type == "ARC";
+}
+
 bool isAllowedInText(std::string_view type, const resbuf& element) {
   switch (element.restype) {
-    case 40:
     case 41:
       return element.resval.rreal > 0;
     case 72:
@@ -134,20 +139,18 @@ int missingGroup(std::string_view type, const resbuf* list) {
   return 0;
 }
 
-bool isPossibleName(std::wstring_view name) {
-  constexpr std::size_t kLongest = 255;
-  return !name.empty() && name.size() <= kLongest &&
-         name.find_first_of(L"<>/\\\":;?*|,=`\r\n") == std::wstring_view::npos;
-}
-
 bool isAllowed(const AcDbDatabase& database, std::string_view type, const resbuf& element) {
   if (!isFiniteElement(element)) return false;
   switch (element.restype) {
     case 8:
       return hasEntry(database, dxf::TableKind::kLayer, listText(element)) ||
-             isPossibleName(listText(element));
+             isSymbolName(listText(element));
     case 7:
-      return type != "LTYPE" && hasEntry(database, dxf::TableKind::kStyle, listText(element));
+      // Shape files are entries of the style table without a name.
+      return type != "LTYPE" && !listText(element).empty() &&
+             hasEntry(database, dxf::TableKind::kStyle, listText(element));
+    case 40:
+      return !hasSize(type) || element.resval.rreal > 0;
     case 6:
       return isKnownLinetype(database, listText(element));
     case 62:

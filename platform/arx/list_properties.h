@@ -24,9 +24,8 @@ Property propertyOf(std::string_view type, int code);
 /// The first code that an entity of this type must have and the list lacks; 0 if it is complete.
 int missingGroup(std::string_view type, const resbuf* list);
 
-/// Whether the element's value is allowed: finite reals, heights and width factors above 0, modes
-/// in range, names that the tables have. A layer may be new, but must be a possible name.
+/// Whether the element's value is allowed: finite reals, heights, radii and width factors above 0,
+/// modes in range, names that the tables have. A layer may be new, but must be a possible name.
 bool isAllowed(const AcDbDatabase& database, std::string_view type, const resbuf& element);
-bool isPossibleName(std::wstring_view name);
 
 }  // namespace kovra::arx

@@ -9,6 +9,7 @@
 #include <numbers>
 
 #include "platform/arx/text.h"
+#include "platform/dxf/structure.h"
 #include "tests/arx/test_drawing.h"
 
 namespace kovra::arx::test {
@@ -118,6 +119,9 @@ TEST_P(ListReleases, ModRefuses) {
       {"height 0", 40, 0, nullptr},     {"height below 0", 40, -1, nullptr},
       {"another type", 0, 0, L"LINE"},
   };
+  // A shape file, an entry of the style table without a name.
+  drawing_->structure().addStyle(L"", 0, 1, L"ltypeshp.shx");
+  const std::string bytes = drawing_.bytes();
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     const List list = listOf(id_);
@@ -128,7 +132,7 @@ TEST_P(ListReleases, ModRefuses) {
     }
     element(list, 10)->resval.rpoint[0] = 7;
     EXPECT_EQ(acdbEntMod(list.get()), RTREJ);
-    EXPECT_EQ(drawing_.bytes(), bytes_);
+    EXPECT_EQ(drawing_.bytes(), bytes);
   }
   EXPECT_EQ(acdbEntMod(nullptr), RTERROR);
 }
@@ -193,6 +197,9 @@ TEST_P(ListReleases, MakeRefuses) {
       List(acutBuildList(RTDXF0, L"TEXT", 40, 2.0, 1, L"A", RTNONE)),
       List(acutBuildList(RTDXF0, L"TEXT", 10, point, 40, 2.0, 7, L"NONE", RTNONE)),
       List(acutBuildList(RTDXF0, L"TEXT", 10, point, 40, 2.0, 8, L"", RTNONE)),
+      List(acutBuildList(RTDXF0, L"TEXT", 10, point, 40, 2.0, 8, L"\tA", RTNONE)),
+      List(acutBuildList(RTDXF0, L"MTEXT", 10, point, 40, 0.0, 1, L"A", RTNONE)),
+      List(acutBuildList(RTDXF0, L"CIRCLE", 10, point, 40, 0.0, RTNONE)),
       List(acutBuildList(RTDXF0, L"WIDGET", 10, point, RTNONE)),
       List(acutBuildList(10, point, RTNONE)),
   };
