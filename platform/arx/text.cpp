@@ -150,8 +150,7 @@ double AcDbText::oblique() const {
 }
 
 Acad::ErrorStatus AcDbText::setOblique(double angle) {
-  // The platform's limit: 85 degrees to either side.
-  constexpr double kLimit = 85.0 * std::numbers::pi / 180;
+  constexpr double kLimit = kSteepestOblique * std::numbers::pi / 180;
   if (!std::isfinite(angle) || std::fabs(angle) > kLimit + 1e-9) return Acad::eInvalidInput;
   if (angle == oblique()) return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
   const double degrees = exactDegrees(angle);

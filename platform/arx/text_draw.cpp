@@ -1,7 +1,5 @@
 #include "platform/arx/text_draw.h"
 
-#include <cmath>
-
 #include "platform/arx/database.h"
 #include "platform/arx/gi.h"
 #include "platform/arx/mtext_lines.h"
@@ -25,14 +23,13 @@ namespace {
 
 /// The characters stand one below the other, each in the middle of a full-width one's place.
 void drawVertical(AcGiGeometry& geometry, const TextShape& shape, const TextPlacement& place,
-                  const AcGePoint3d& origin, const AcGeVector3d& along, const AcGeVector3d& up,
-                  const AcGeVector3d& normal) {
+                  const TextFrame& frame, const AcGeVector3d& normal) {
   double below = 0;
   for (const TextCharacter& c : textCharacters(shape.text)) {
     const double indent = (kFullWidthAdvance - c.advance) / 2 * place.height * place.widthFactor;
-    const AcGePoint3d at = origin + along * indent - up * below;
+    const AcGePoint3d at = frame.origin + frame.along * indent - frame.up * below;
     const ACHAR single[] = {c.character, 0};
-    geometry.text(at, normal, along, place.height, place.widthFactor, shape.oblique, single);
+    geometry.text(at, normal, frame.along, place.height, place.widthFactor, shape.oblique, single);
     below += kVerticalAdvance * place.height;
   }
 }
@@ -53,20 +50,11 @@ TextShape readTextShape(const AcDbDatabase& database, const dxf::RecordDraft& dr
 
 void drawText(AcGiGeometry& geometry, const TextShape& shape) {
   const TextPlacement place = placeText(shape);
-  const double turn = place.rotation;
-  AcGeVector3d along(std::cos(turn), std::sin(turn), 0);
-  AcGeVector3d up(-along.y, along.x, 0);
-  AcGePoint3d origin = place.position;
-  if (shape.mirroredInX) {
-    // Between its two points a mirrored line begins at the second one.
-    if (isBetweenPoints(shape)) origin += along * place.width;
-    along.negate();
-  }
-  if (shape.mirroredInY) up.negate();
-  const AcGeVector3d normal = along.crossProduct(up);
-  if (shape.vertical) return drawVertical(geometry, shape, place, origin, along, up, normal);
+  const TextFrame frame = textFrame(shape, place);
+  const AcGeVector3d normal = frame.along.crossProduct(frame.up);
+  if (shape.vertical) return drawVertical(geometry, shape, place, frame, normal);
   const std::wstring message(shape.text);
-  geometry.text(origin, normal, along, place.height, place.widthFactor, shape.oblique,
+  geometry.text(frame.origin, normal, frame.along, place.height, place.widthFactor, shape.oblique,
                 message.c_str());
 }
 

@@ -135,7 +135,8 @@ TextShape textShape(const dxf::RecordDraft& draft) {
   TextShape shape;
   shape.height = realAt(draft, groups.height, 0);
   shape.widthFactor = realAt(draft, groups.widthFactor, 1);
-  shape.oblique = radians(realAt(draft, groups.oblique, 0));
+  shape.oblique =
+      radians(std::clamp(realAt(draft, groups.oblique, 0), -kSteepestOblique, kSteepestOblique));
   shape.rotation = normalizedAngle(radians(realAt(draft, groups.rotation, 0)));
   const std::int64_t flags = integerAt(draft, groups.flags);
   shape.mirroredInX = (flags & kMirroredInX) != 0;

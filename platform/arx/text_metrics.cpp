@@ -1,30 +1,12 @@
 #include "platform/arx/text_metrics.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "platform/arx/east_asian_width.h"
 
 namespace kovra::arx {
 namespace {
-
-// Blocks whose characters are wide or full-width by East Asian width (Unicode Standard Annex 11),
-// joined where only unassigned characters lie between them.
-bool isFullWidth(wchar_t c) {
-  struct Range {
-    char32_t first;
-    char32_t last;
-  };
-  static constexpr Range kRanges[] = {
-      {0x1100, 0x115f},   {0x2e80, 0x303e},   {0x3041, 0x33ff},   {0x3400, 0x4dbf},
-      {0x4e00, 0x9fff},   {0xa000, 0xa4cf},   {0xa960, 0xa97f},   {0xac00, 0xd7a3},
-      {0xf900, 0xfaff},   {0xfe10, 0xfe19},   {0xfe30, 0xfe6f},   {0xff01, 0xff60},
-      {0xffe0, 0xffe6},   {0x1b000, 0x1b2ff}, {0x1f200, 0x1f2ff}, {0x20000, 0x2fffd},
-      {0x30000, 0x3fffd},
-  };
-  const auto code = static_cast<char32_t>(c);
-  if (code < kRanges[0].first) return false;
-  for (const Range& range : kRanges)
-    if (code <= range.last) return code >= range.first;
-  return false;
-}
 
 bool isDigit(wchar_t c) {
   return c >= L'0' && c <= L'9';
@@ -157,7 +139,7 @@ void placeBetweenPoints(const TextShape& shape, double advance, TextPlacement& p
   }
 }
 
-/// The box of a vertical line hangs from the base point and is centred on it.
+/// The box of a vertical line is one full-width character wide and hangs from the height.
 void boxOf(const TextShape& shape, const LineSize& size, TextPlacement& place) {
   if (!shape.vertical) {
     place.width = size.advance * place.height * place.widthFactor;
@@ -221,6 +203,37 @@ TextPlacement placeText(const TextShape& shape) {
   place.position = {shape.alignment.x - c * offset.along + s * offset.across,
                     shape.alignment.y - s * offset.along - c * offset.across, shape.alignment.z};
   return place;
+}
+
+TextFrame textFrame(const TextShape& shape, const TextPlacement& place) {
+  TextFrame frame;
+  frame.origin = place.position;
+  frame.along = AcGeVector3d(std::cos(place.rotation), std::sin(place.rotation), 0);
+  frame.up = AcGeVector3d(-frame.along.y, frame.along.x, 0);
+  if (shape.mirroredInX) {
+    if (isBetweenPoints(shape)) frame.origin += frame.along * place.width;
+    frame.along.negate();
+  }
+  if (shape.mirroredInY) frame.up.negate();
+  return frame;
+}
+
+std::array<AcGePoint3d, 4> textCorners(const TextShape& shape, const TextPlacement& place) {
+  const TextFrame frame = textFrame(shape, place);
+  const double slant = std::tan(shape.oblique);
+  const auto corner = [&](double along, double across) {
+    return frame.origin + frame.along * along + frame.up * across;
+  };
+  if (shape.vertical) {
+    const double lean = slant * place.height;
+    const double left = std::min(0.0, lean);
+    const double right = place.width + std::max(0.0, lean);
+    return {corner(left, place.bottom), corner(right, place.bottom), corner(right, place.top),
+            corner(left, place.top)};
+  }
+  const double lean = slant * place.top;
+  return {corner(0, 0), corner(place.width, 0), corner(place.width + lean, place.top),
+          corner(lean, place.top)};
 }
 
 }  // namespace kovra::arx

@@ -1,5 +1,6 @@
 // How long and high a line of text is. docs/text-metrics.md publishes the rules.
 #pragma once
+#include <array>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,8 @@ inline constexpr double kFullWidthAdvance = 1.25;
 inline constexpr double kVerticalAdvance = 1.5;
 /// From one line of a multi-line text to the next at spacing factor 1, in heights.
 inline constexpr double kLineAdvance = 5.0 / 3.0;
+/// The platform's limit of the oblique angle to either side, in degrees.
+inline constexpr double kSteepestOblique = 85;
 
 /// How much a line draws. The codes %%c %%d %%p count one character, %%u %%o %%k none, %%nnn one.
 struct LineSize {
@@ -76,6 +79,20 @@ struct TextPlacement {
 /// rotation and height from its two points, a fitted one rotation and width factor; two equal
 /// points leave them as they are.
 TextPlacement placeText(const TextShape& shape);
+
+/// Where the first character stands and which way the line reads: a mirrored line runs back from
+/// its position, between two points from the second one.
+struct TextFrame {
+  AcGePoint3d origin;
+  AcGeVector3d along;  ///< of length 1, as `up`
+  AcGeVector3d up;
+};
+TextFrame textFrame(const TextShape& shape, const TextPlacement& place);
+/// The corners of what is drawn, round the box from the origin's side of the base line: the box,
+/// slanted by the oblique angle. Of a vertical line, whose characters slant one by one, the box
+/// that holds them.
+std::array<AcGePoint3d, 4> textCorners(const TextShape& shape, const TextPlacement& place);
+
 /// Whether the alignment point decides the place: any mode but left on the base line.
 inline bool usesAlignmentPoint(AcDb::TextHorzMode horizontal, AcDb::TextVertMode vertical) {
   return horizontal != AcDb::kTextLeft || vertical != AcDb::kTextBase;

@@ -66,19 +66,9 @@ void AcDbText::subClose() {
 
 Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
   const TextShape line = shape(nullptr);
-  const TextPlacement place = placeText(line);
-  const double c = std::cos(place.rotation);
-  const double s = std::sin(place.rotation);
-  const double slant = std::tan(line.oblique);
   extents = AcDbExtents();
-  for (const double along : {0.0, place.width})
-    for (const double across : {place.bottom, place.top}) {
-      const double u = (along + across * slant) * (line.mirroredInX ? -1 : 1);
-      const double v = across * (line.mirroredInY ? -1 : 1);
-      const AcGePoint3d corner(place.position.x + u * c - v * s, place.position.y + u * s + v * c,
-                               place.position.z);
-      extents.addPoint(ocsToWcs(corner, normal()));
-    }
+  for (const AcGePoint3d& corner : textCorners(line, placeText(line)))
+    extents.addPoint(ocsToWcs(corner, normal()));
   return Acad::eOk;
 }
 

@@ -85,9 +85,10 @@ TEST(TextMetrics, Advances) {
     const wchar_t* text;
     double halves;
   } cases[] = {
-      {L"", 0},       {L"K1", 2},    {L"\u56f3\u9762", 4}, {L"\uff71\uff72", 2},
-      {L"\uff21", 2}, {L"%%c10", 3}, {L"%%uAB%%u", 2},     {L"%%065B", 2},
-      {L"100%", 4},   {L"%%%", 1},   {L"%%x", 3},          {L"\u3042A", 3},
+      {L"", 0},       {L"K1", 2},     {L"\u56f3\u9762", 4}, {L"\uff71\uff72", 2},
+      {L"\uff21", 2}, {L"%%c10", 3},  {L"%%uAB%%u", 2},     {L"%%065B", 2},
+      {L"100%", 4},   {L"%%%", 1},    {L"%%x", 3},          {L"\u3042A", 3},
+      {L"\u26a1", 2}, {L"\u303f", 1}, {L"\U0001f50c", 2},
   };
   for (const auto& c : cases)
     EXPECT_EQ(lineAdvance(c.text), c.halves * kHalfWidthAdvance)
@@ -145,6 +146,11 @@ TEST(TextMetrics, AlignedAndFittedLinesLieBetweenTheirPoints) {
   EXPECT_DOUBLE_EQ(place.width, 10);
   EXPECT_DOUBLE_EQ(place.height, 2);
   EXPECT_DOUBLE_EQ(place.widthFactor, 4);
+  // Mirrored it reads from its second point to the first.
+  shape.mirroredInX = true;
+  EXPECT_TRUE(textCorners(shape, place)[0].isEqualTo({0, 10, 0}));
+  EXPECT_TRUE(textCorners(shape, place)[2].isEqualTo({-2, 0, 0}));
+  shape.mirroredInX = false;
   shape.alignment = shape.position;
   EXPECT_EQ(placeText(shape).widthFactor, 2);
 }
