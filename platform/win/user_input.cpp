@@ -84,15 +84,6 @@ InputResult focusField(HWND control) {
   return GetFocus() == field ? InputResult{} : refused(control, "doesn't keep the focus");
 }
 
-InputResult pick(HWND control, int index) {
-  SetFocus(control);
-  if (auto result = reachable(control); !result) return result;
-  moveCursorTo(control);
-  Window* window = findWindow(control);
-  window->state->pickItem(control, index);
-  return {};
-}
-
 /// The control as a list; null with an error if it is none or out of reach.
 const WindowState* listOf(HWND control, InputResult& result) {
   result = reachable(control);
@@ -102,6 +93,20 @@ const WindowState* listOf(HWND control, InputResult& result) {
       state != nullptr && (classNameOf(control) == L"COMBOBOX" || !state->itemTexts().empty());
   if (!isList) result = refused(control, "has no list to choose from");
   return isList ? state : nullptr;
+}
+
+/// The same with the focus on it: who lost the focus may have filled the list anew.
+const WindowState* focusedListOf(HWND control, InputResult& result) {
+  if (listOf(control, result) == nullptr) return nullptr;
+  SetFocus(control);
+  const WindowState* list = listOf(control, result);
+  if (list != nullptr) moveCursorTo(control);
+  return list;
+}
+
+InputResult pick(HWND control, int index) {
+  findWindow(control)->state->pickItem(control, index);
+  return {};
 }
 
 int indexOfItem(const std::vector<std::wstring>& items, std::wstring_view text) {
@@ -170,7 +175,7 @@ InputResult moveOver(HWND window) {
 
 InputResult chooseItem(HWND control, std::wstring_view text) {
   InputResult result;
-  const WindowState* list = listOf(control, result);
+  const WindowState* list = focusedListOf(control, result);
   if (list == nullptr) return result;
   const int index = indexOfItem(list->itemTexts(), text);
   if (index < 0) return refused(control, "has no item \"" + toUtf8(text) + "\"");
@@ -179,7 +184,7 @@ InputResult chooseItem(HWND control, std::wstring_view text) {
 
 InputResult chooseIndex(HWND control, int index) {
   InputResult result;
-  const WindowState* list = listOf(control, result);
+  const WindowState* list = focusedListOf(control, result);
   if (list == nullptr) return result;
   if (index < 0 || static_cast<std::size_t>(index) >= list->itemTexts().size()) {
     return refused(control, "has no item #" + std::to_string(index));

@@ -114,6 +114,17 @@ TEST_F(Notifications, AButtonThatTheFocusChangeDisablesIsNotPressed) {
   EXPECT_EQ(GetFocus(), nullptr);
 }
 
+TEST_F(Notifications, AListThatTheFocusChangeFillsAnewIsPickedFromAsItIsThen) {
+  when("10 EN_KILLFOCUS", [&] {
+    send(40, CB_RESETCONTENT);
+    send(40, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"three"));
+  });
+  EXPECT_EQ(chooseItem(control(40), L"three").error, "");
+  EXPECT_EQ(text(40), "three");
+  SetFocus(control(10));
+  EXPECT_EQ(chooseIndex(control(40), 1).error, "control 40 has no item #1");
+}
+
 TEST_F(Notifications, ThePickedIndexIsNewBeforeTheTextIs) {
   SetDlgItemTextW(dialog, 40, L"old");
   std::vector<std::string> seen;
