@@ -110,7 +110,7 @@ Result<std::vector<AcDbObjectId>> chosen(AcApDocument& document, const Selection
   if (input.box) {
     const AcGePoint3d first = world(document, input.box->first);
     const AcGePoint3d second = world(document, input.box->second);
-    return entitiesInBox(document, first, second, input.box->second.x < input.box->first.x);
+    return entitiesInBox(document, first, second, second.x < first.x);
   }
   std::vector<AcDbObjectId> ids;
   for (const uint64_t handle : input.handles) {

@@ -5,10 +5,9 @@
 #include "platform/arx/database.h"
 #include "platform/arx/document_session.h"
 #include "platform/arx/documents.h"
-#include "platform/arx/entity.h"
 #include "platform/arx/entity_order.h"
 #include "platform/arx/hit_test.h"
-#include "platform/arx/layer_locks.h"
+#include "platform/arx/object_table.h"
 #include "platform/arx/prompts.h"
 #include "platform/arx/ucs.h"
 #include "platform/dxf/structure.h"
@@ -19,11 +18,7 @@ namespace {
 using Ids = std::vector<AcDbObjectId>;
 
 bool onLockedLayer(AcDbObjectId id) {
-  AcDbEntity* entity = nullptr;
-  if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) return false;
-  const bool locked = entity->database()->layerLocks().isLocked(entity->layerName());
-  entity->close();
-  return locked;
+  return id.database()->objects().onLockedLayer(id.index());
 }
 
 /// One prompt for a selection, from its first question to the closing Enter.
@@ -146,8 +141,9 @@ bool SelectionDialogue::text(const Answer& answer) {
   const std::optional<size_t> word = kWords.match(answer.text);
   if (!word) {
     Reply reply{RTNORM};
-    if (readPointText(document_, answer.text, {}, std::nullopt, reply) == TextReading::kAnswer)
-      return pickOrBox(answer, toWorld(document_, reply.point));
+    const TextReading reading = readPointText(document_, answer.text, {}, std::nullopt, reply);
+    if (reading == TextReading::kIgnored) return true;
+    if (reading == TextReading::kAnswer) return pickOrBox(answer, toWorld(document_, reply.point));
     refuseAnswer(answer,
                  L"*Invalid selection* Expects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/"
                  L"Previous/Undo");

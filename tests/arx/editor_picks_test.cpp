@@ -153,6 +153,7 @@ TEST_F(EditorPicks, GiveWhatTheUserPoints) {
       {{"CHOOSE", selectBox(-5, -5, 200, 200), enter()}, {"40 50"}},
       {{"CHOOSE", selectBox(-5, -5, 50, 200), enter()}, {"error 0"}},
       {{"CHOOSE", selectBox(50, 200, -5, -5), enter()}, {"40"}},
+      {{"UCS Z 180", "CHOOSE", selectBox(5, 5, -50, -200), enter()}, {"error 0"}},
       {{"CHOOSE", select({0x50, 0x40, 0x50}), enter()}, {"50 40"}},
       {{"CHOOSE", "all", enter()}, {"40 50"}},
       {{"CHOOSE", "all", "r", click(50, 0), enter()}, {"50"}},
