@@ -25,13 +25,15 @@ void undoSteps(AcApDocument& document, int count) {
 
 void undoToMark(AcApDocument& document) {
   Journal& journal = document.database()->journal();
-  if (!journal.hasMark()) {
+  const bool marked = journal.hasMark();
+  if (!marked) {
     const Reply sure =
         askKeyword(L"This will undo everything. OK? [Yes/No] <Y>: ", KeywordList(L"Yes No"));
     const bool yes = sure.status == RTNONE || (sure && sure.text == L"Yes");
     if (!yes) return;
   }
-  showMessage(journal.undoBack() ? L"Mark encountered." : L"Everything has been undone.");
+  journal.undoBack();
+  showMessage(marked ? L"Mark encountered." : L"Everything has been undone.");
 }
 
 /// A count that was typed, or -1 after telling why not.

@@ -233,8 +233,10 @@ bool RecordEdit::setPoint(Property property, const AcGePoint3d& point) {
 }
 
 double normalizedAngle(double radians) {
-  const double angle = std::fmod(radians, 2 * kPi);
-  return angle < 0 ? angle + 2 * kPi : angle;
+  double angle = std::fmod(radians, 2 * kPi);
+  if (angle < 0) angle += 2 * kPi;
+  // A tiny negative angle ends at the full turn; adding 0 makes a negative zero positive.
+  return angle < 2 * kPi ? angle + 0.0 : 0;
 }
 
 double exactDegrees(double radians) {
@@ -247,7 +249,7 @@ double exactDegrees(double radians) {
 double degreesOf(double radians) {
   double degrees = std::fmod(exactDegrees(radians), 360);
   if (degrees < 0) degrees += 360;
-  return degrees == 360 ? 0 : degrees;
+  return degrees < 360 ? degrees + 0.0 : 0;
 }
 
 }  // namespace kovra::arx

@@ -6,6 +6,7 @@
 #include "platform/arx/journal.h"
 #include "platform/arx/symbol_table.h"
 #include "platform/arx/sysvars.h"
+#include "platform/arx/units.h"
 #include "platform/win/wide_text.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
@@ -156,6 +157,12 @@ TEST(EditorVariables, CommandsKeepTypesAndRules) {
   value.resval.rint = 1;
   EXPECT_EQ(acedSetVar(L"SNAPMODE", &value), RTNORM);
   EXPECT_EQ(user.bytes(), before);
+  // Numbers follow a precision that the drawing had none of.
+  value.resval.rint = 2;
+  EXPECT_EQ(acedSetVar(L"LUPREC", &value), RTNORM);
+  wchar_t text[20];
+  EXPECT_EQ(acdbRToS(1.5, -1, -1, text), RTNORM);
+  EXPECT_STREQ(text, L"1.50");
 }
 
 TEST(EditorUndo, StepsMarksAndGroups) {
@@ -172,6 +179,7 @@ TEST(EditorUndo, StepsMarksAndGroups) {
       {{"CLAYER WIRES", "UNDO M", "CLAYER OFF", "CLAYER FRAME", "UNDO B"},
        "\"WIRES\"",
        "Mark encountered."},
+      {{"CLAYER WIRES", "UNDO B Y"}, "\"0\"", "Everything has been undone."},
       {{"CLAYER WIRES", "REGEN", "REGEN", "U"}, "\"0\"", "CLAYER\n"},
       {{"U"}, "\"0\"", "Everything has been undone."},
       {{"CLAYER WIRES", "U", "CLAYER OFF", "REDO"}, "\"OFF\"", "Nothing to redo."},

@@ -55,6 +55,7 @@ const SetterCase kCases[] = {
      [](AcDbText& t) { return t.setRotation(-90 * kPi / 180); },
      {"+50=270.0"}},
     {"rotation of a full turn", {}, [](AcDbText& t) { return t.setRotation(2 * kPi); }, {}},
+    {"rotation a trace below 0", {}, [](AcDbText& t) { return t.setRotation(-1e-20); }, {}},
     {"rotation set to what it is",
      {{50, "33.33333333333334"}},
      [](AcDbText& t) { return t.setRotation(t.rotation()); },
