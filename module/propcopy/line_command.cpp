@@ -14,7 +14,6 @@ constexpr UINT kTooFewTokens = 2830;
 constexpr UINT kResultLine = 2786;
 
 constexpr int kLineLength = 512;
-constexpr int kHelpLength = 2048;
 
 /// Asks for the line. Empty when there is nothing to do.
 CString askLine() {

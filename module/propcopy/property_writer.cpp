@@ -21,8 +21,9 @@ const ACHAR* tagOf(const AcDbText* text) {
   return attribute != nullptr ? attribute->tagConst() : nullptr;
 }
 
+/// A text without a tag matches nothing, not even "*".
 bool matchesTag(const ACHAR* tag, const TagPatterns& patterns) {
-  return tag != nullptr &&
+  return tag != nullptr && *tag != ACHAR{} &&
          std::any_of(patterns.begin(), patterns.end(), [tag](const std::wstring& pattern) {
            return acutWcMatchEx(tag, pattern.c_str(), true);
          });

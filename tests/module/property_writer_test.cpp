@@ -79,13 +79,14 @@ TEST(PropertyWriter, CountsObjectsWhoseTagsMatch) {
   ModuleRun run;
   const std::string drawing = sheet(
       blockReference(attribute("SENBAN") + attribute("senban3") + attribute("SENBAN10")) +
-      blockReference(attribute("NAME")) + attribute("SENBAN5") +
+      blockReference(attribute("NAME")) + blockReference(attribute("")) + attribute("SENBAN5") +
       groups("0 ATTDEF|8 0|10 1.0|20 2.0|30 0.0|40 2.0|1 X|3 P|2 SENBAN4|70 0") + text("T", 0, 0));
   const struct {
     const char* tags;
     int count;
     std::size_t changed;
-  } cases[] = {{"SENBAN+", 2, 3}, {"SENBAN", 1, 1}, {"SEN*", 2, 4}, {"*", 3, 5}, {"TEXT", 0, 0}};
+  } cases[] = {{"SENBAN+", 2, 3}, {"SENBAN", 1, 1}, {"SEN*", 2, 4},
+               {"*", 3, 5},       {",", 0, 0},      {"TEXT", 0, 0}};
   for (const auto& each : cases) {
     EXPECT_EQ(write(run, drawing, std::string(each.tags) + " /H 9").size(), each.changed);
     EXPECT_EQ(shownCount(run), each.count) << each.tags;
