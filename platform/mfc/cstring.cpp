@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr LPCWSTR kBlanks = L" \t\n\v\f\r";
+// White space of the platform's iswspace as far as users type it: the full-width blank, too.
+constexpr LPCWSTR kBlanks = L" \t\n\v\f\r\x3000";
 
 std::wstring_view viewOf(LPCWSTR text) {
   return text != nullptr ? std::wstring_view(text) : std::wstring_view();

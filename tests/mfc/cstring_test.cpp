@@ -40,6 +40,7 @@ TEST(CStringTest, Changes) {
   };
   const Case cases[] = {
       {L" \t a b \r\n", [](CString& s) { s.Trim(); }, L"a b"},
+      {L"\x3000左\x3000右\x3000", [](CString& s) { s.Trim(); }, L"左\x3000右"},
       {L"  a ", [](CString& s) { s.TrimRight(); }, L"  a"},
       {L"  a ", [](CString& s) { s.TrimLeft(); }, L"a "},
       {L"00120", [](CString& s) { s.Trim(L'0'); }, L"12"},
