@@ -151,7 +151,7 @@ void pickOnce(TextRun& run, const PickState& state) {
       run.TextState = StateOfRequest(request, run.TextReturnState);
       break;
     default:
-      TraceError(L"Text error GetInsertPoint");
+      TraceError(L"Text error GetPointObj");
       run.TextState = run.TextReturnState;
   }
 }

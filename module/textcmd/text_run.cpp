@@ -75,7 +75,10 @@ void showDialog(CTextDlg& dialog, const TextSettings& settings, double scale,
 
 bool makePreview(TextRun& run) {
   run.preview.reset(new (std::nothrow) AcDbText());
-  if (run.preview == nullptr) return false;
+  if (run.preview == nullptr) {
+    TraceError(L"Text error new AcDbText");
+    return false;
+  }
   const CTextDlg& dialog = *run.TextDialog;
   AcDbText& preview = *run.preview;
   preview.setLayer(dialog.PreviewLayer());
@@ -137,7 +140,7 @@ void EndTextCommand(TextRun& run) {
   // What the dialog doesn't know stays as it is stored.
   TextSettings settings;
   LoadTextSettings(settings, false);
-  run.TextDialog->DestroyWindow();
+  if (!run.TextDialog->DestroyWindow()) TraceError(L"Text error DestroyWindow");
   noteSettings(*run.TextDialog, settings);
   run.TextDialog.reset();
   openDialog = nullptr;

@@ -59,7 +59,7 @@ int askValue(TextRun& run) {
       run.TextState = kRunEnds;
       break;
     default:
-      TraceError(L"Text error ReadTextInput");
+      TraceError(L"Text error GetString");
   }
   return 0;
 }
@@ -79,7 +79,7 @@ int askPoint(TextRun& run) {
       run.TextState = StateOfRequest(request, kPointState);
       break;
     default:
-      TraceError(L"Text error GetInsertPoint");
+      TraceError(L"Text error GetPoint");
   }
   return 0;
 }
