@@ -80,7 +80,7 @@ void walkStructure(Structure& structure, RecordStore& store) {
     RecordIndex entity = structure.firstEntity(number);
     for (; entity != kNoRecord; entity = structure.nextEntity(number, entity)) {
       structure.blockOf(entity);
-      structure.seqEnd(entity);
+      structure.pastSubordinates(entity);
       RecordIndex attribute = structure.firstAttribute(entity);
       for (; attribute != kNoRecord; attribute = structure.nextAttribute(attribute)) {
         demand(structure.insertOf(attribute) == entity, "an attribute knows its insert");

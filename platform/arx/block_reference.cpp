@@ -47,9 +47,9 @@ class AttributeIterator : public AcDbObjectIterator {
     }
     at_ = dxf::kNoRecord;
     const dxf::RecordStore& store = database_.store();
-    if (!store.attributesFollow(insert_)) return;
-    for (dxf::RecordIndex next = store.next(insert_); isAttribute(next); next = store.next(next)) {
-      if (skipErased && store.erased(next)) continue;
+    const dxf::RecordIndex end = database_.structure().pastSubordinates(insert_);
+    for (dxf::RecordIndex next = store.next(insert_); next != end; next = store.next(next)) {
+      if (!isAttribute(next) || (skipErased && store.erased(next))) continue;
       at_ = next;
       if (atBeginning) return;
     }
@@ -64,10 +64,12 @@ class AttributeIterator : public AcDbObjectIterator {
       return;
     }
     const dxf::RecordStore& store = database_.store();
+    const dxf::RecordIndex end =
+        backwards ? insert_ : database_.structure().pastSubordinates(insert_);
     do {
       at_ = backwards ? store.previous(at_) : store.next(at_);
-    } while (isAttribute(at_) && skipErased && store.erased(at_));
-    if (!isAttribute(at_)) at_ = dxf::kNoRecord;
+    } while (at_ != end && (!isAttribute(at_) || (skipErased && store.erased(at_))));
+    if (at_ == end) at_ = dxf::kNoRecord;
   }
 
   AcDbObjectId objectId() const override {
@@ -76,7 +78,7 @@ class AttributeIterator : public AcDbObjectIterator {
 
  private:
   bool isAttribute(dxf::RecordIndex record) const {
-    return record != dxf::kNoRecord && database_.store().kind(record) == dxf::RecordKind::kAttrib;
+    return database_.store().kind(record) == dxf::RecordKind::kAttrib;
   }
 
   AcDbDatabase& database_;

@@ -160,29 +160,48 @@ Acad::ErrorStatus ObjectTable::erase(AcDbObject& object, bool erasing) {
 }
 
 void ObjectTable::eraseRecord(dxf::RecordIndex index, bool erasing) {
+  if (erasing) return eraseWithParts(index);
+  database_.store().setErased(index, false);
+  const auto found = erasedWith_.find(index);
+  if (found == erasedWith_.end()) return;
+  for (const dxf::RecordIndex part : found->second) database_.store().setErased(part, false);
+  erasedWith_.erase(found);
+}
+
+void ObjectTable::eraseWithParts(dxf::RecordIndex index) {
   dxf::RecordStore& store = database_.store();
-  const dxf::RecordKind kind = store.kind(index);
-  const bool contains = (kind == dxf::RecordKind::kInsert || kind == dxf::RecordKind::kPolyline) &&
-                        store.attributesFollow(index);
-  if (contains && erasing) {
-    std::vector<dxf::RecordIndex>& parts = erasedWith_[index];
-    parts.clear();
-    const dxf::RecordIndex end = database_.structure().seqEnd(index);
-    for (dxf::RecordIndex part = store.next(index); part != dxf::kNoRecord;
-         part = store.next(part)) {
-      const dxf::RecordKind partKind = store.kind(part);
-      if (partKind != dxf::RecordKind::kAttrib && partKind != dxf::RecordKind::kVertex &&
-          part != end)
-        break;
-      if (!store.erased(part)) parts.push_back(part);
-      if (part == end) break;
-    }
-    for (const dxf::RecordIndex part : parts) store.setErased(part, true);
+  std::vector<dxf::RecordIndex> parts;
+  const dxf::RecordIndex end = database_.structure().pastSubordinates(index);
+  for (dxf::RecordIndex part = store.next(index); part != end; part = store.next(part)) {
+    if (store.erased(part)) continue;
+    store.setErased(part, true);
+    parts.push_back(part);
   }
-  store.setErased(index, erasing);
-  if (const auto found = erasedWith_.find(index); !erasing && found != erasedWith_.end()) {
-    for (const dxf::RecordIndex part : found->second) store.setErased(part, false);
-    erasedWith_.erase(found);
+  eraseOwned(index, parts);
+  for (std::size_t i = 0; i < parts.size(); ++i) eraseOwned(parts[i], parts);
+  store.setErased(index, true);
+  if (parts.empty()) {
+    erasedWith_.erase(index);
+  } else {
+    erasedWith_[index] = std::move(parts);
+  }
+}
+
+/// Erases the objects that a record names as its own, such as its extension dictionary and what
+/// that holds, and appends them.
+void ObjectTable::eraseOwned(dxf::RecordIndex owner, std::vector<dxf::RecordIndex>& parts) {
+  dxf::RecordStore& store = database_.store();
+  const ScratchDraft scratch(*this);
+  store.load(owner, *scratch);
+  const dxf::RecordDraft& draft = *scratch;
+  for (std::size_t i = 0; i < draft.size(); ++i) {
+    if (draft.code(i) != 350 && draft.code(i) != 360) continue;
+    const dxf::RecordIndex owned = store.find(draft.handle(i));
+    if (owned == dxf::kNoRecord || store.section(owned) != dxf::SectionKind::kObjects ||
+        store.owner(owned) != store.handle(owner) || store.erased(owned))
+      continue;
+    store.setErased(owned, true);
+    parts.push_back(owned);
   }
 }
 

@@ -55,7 +55,8 @@ class ObjectTable {
   void writePending();
   /// Drops what writers hold back since they opened or since writePending.
   void dropPending();
-  /// Erases or brings back a record with what it contains, whoever has it open.
+  /// Erases or brings back a record with its parts and the objects that it owns, whoever has it
+  /// open.
   void eraseRecord(dxf::RecordIndex index, bool erasing);
 
   /// Makes a record of an entity that isn't in a database, behind the last entity of a block; it is
@@ -103,6 +104,8 @@ class ObjectTable {
   void flush(AcDbObject& object);
   void drop(AcDbObject& object) const;
   void releaseBody(AcDbObject& object) const;
+  void eraseWithParts(dxf::RecordIndex index);
+  void eraseOwned(dxf::RecordIndex owner, std::vector<dxf::RecordIndex>& parts);
   std::size_t bucket(dxf::RecordIndex index) const { return index & (buckets_.size() - 1); }
 
   AcDbDatabase& database_;

@@ -88,14 +88,12 @@ bool translateRecord(AcDbDatabase& database, dxf::RecordIndex record, const AcGe
   return true;
 }
 
-/// Vertices or attributes that follow a main entity.
+/// The attributes of a block reference.
 void translateFollowers(AcDbDatabase& database, dxf::RecordIndex main, const AcGeVector3d& vector) {
   const dxf::RecordStore& store = database.store();
-  if (!store.attributesFollow(main)) return;
-  for (dxf::RecordIndex r = store.next(main); r != dxf::kNoRecord; r = store.next(r)) {
-    if (store.kind(r) != RecordKind::kVertex && store.kind(r) != RecordKind::kAttrib) break;
+  const dxf::RecordIndex end = database.structure().pastSubordinates(main);
+  for (dxf::RecordIndex r = store.next(main); r != end; r = store.next(r))
     if (!store.erased(r)) translateRecord(database, r, vector);
-  }
 }
 
 /// A polyline's own point is only its elevation.

@@ -129,6 +129,10 @@ class Structure : private StoreListener {
   // listed; a standalone ATTRIB is.
   RecordIndex firstEntity(BlockNumber number) const;
   RecordIndex nextEntity(BlockNumber number, RecordIndex entity) const;
+  /// The record behind an entity and what follows it as a part of it, erased or not: attributes of
+  /// a block reference (with the texts of multi-line ones), vertices of a polyline, their SEQEND
+  /// (which some writers leave out).
+  RecordIndex pastSubordinates(RecordIndex entity) const;
   /// The record before which a new entity of this block is inserted, so that it is the newest.
   /// Makes the ENTITIES section if a space needs it and the file has none.
   RecordIndex entityAnchor(BlockNumber number);
@@ -137,8 +141,6 @@ class Structure : private StoreListener {
   /// First attribute of an INSERT that isn't erased; kNoRecord if it has none.
   RecordIndex firstAttribute(RecordIndex insert) const;
   RecordIndex nextAttribute(RecordIndex attribute) const;
-  /// The SEQEND of an INSERT or POLYLINE; kNoRecord if there is none.
-  RecordIndex seqEnd(RecordIndex main) const;
   /// The INSERT that an attribute belongs to; kNoRecord for a standalone one.
   RecordIndex insertOf(RecordIndex attribute) const;
 

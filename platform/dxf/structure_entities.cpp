@@ -22,8 +22,6 @@ bool Structure::continuesAttributes(RecordIndex record) const {
   return store_.kind(next) == RecordKind::kAttrib || store_.kind(next) == RecordKind::kSeqEnd;
 }
 
-/// The record behind an entity and what belongs to it: attributes of a block reference, vertices of
-/// a polyline, their SEQEND (which some writers leave out).
 RecordIndex Structure::pastSubordinates(RecordIndex entity) const {
   RecordIndex next = store_.next(entity);
   const RecordKind kind = store_.kind(entity);
@@ -106,13 +104,6 @@ RecordIndex Structure::nextAttribute(RecordIndex attribute) const {
     next = store_.next(next);
   }
   return kNoRecord;
-}
-
-RecordIndex Structure::seqEnd(RecordIndex main) const {
-  const RecordIndex behind = pastSubordinates(main);
-  const RecordIndex last = store_.previous(behind);
-  const bool ended = last != main && store_.kind(last) == RecordKind::kSeqEnd;
-  return ended ? last : kNoRecord;
 }
 
 RecordIndex Structure::insertOf(RecordIndex attribute) const {

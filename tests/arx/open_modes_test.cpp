@@ -161,6 +161,37 @@ TEST_P(BothReleases, ErasingAReferenceTakesItsAttributes) {
   text->close();
 }
 
+TEST(Erasing, TakesAllPartsAndOwnedObjects) {
+  const auto record = [](const char* type, const char* handle, const char* owner) {
+    return groupLines({{0, type}, {5, handle}, {330, owner}, {100, "AcDbEntity"}, {8, "0"}});
+  };
+  // The MTEXT is the text of a multi-line attribute; the polyline has no 66.
+  const std::string reference =
+      record("INSERT", "100", "1F") + groupLines({{66, "1"}, {2, "SYM"}}) +
+      record("ATTRIB", "101", "100") + record("MTEXT", "102", "101") +
+      record("ATTRIB", "103", "100") + record("SEQEND", "104", "100");
+  const std::string polyline =
+      record("POLYLINE", "110", "1F") + record("VERTEX", "111", "110") +
+      groupLines({{102, "{ACAD_XDICTIONARY"}, {360, "120"}, {102, "}"}}) +
+      record("SEQEND", "112", "110");
+  const std::string objects = groupLines({{0, "ENDSEC"}, {0, "SECTION"}, {2, "OBJECTS"}}) +
+                              record("DICTIONARY", "120", "111") +
+                              groupLines({{350, "121"}, {350, "122"}}) +
+                              record("XRECORD", "121", "120") + record("XRECORD", "122", "0");
+  const std::string bytes = TestDrawing{1015, reference + polyline + objects}.bytes();
+  OpenDrawing drawing(bytes);
+  for (const int handle : {0x100, 0x110}) {
+    auto* entity = opened<AcDbEntity>(drawing.find(handle), AcDb::kForWrite);
+    EXPECT_EQ(entity->erase(), Acad::eOk);
+    entity->close();
+  }
+  const std::string left = groupLines({{0, "ENDSEC"}, {0, "SECTION"}, {2, "OBJECTS"}}) +
+                           record("XRECORD", "122", "0");
+  EXPECT_EQ(drawing.bytes(), TestDrawing({1015, left}).bytes());
+  drawing->journal().undo(1);
+  EXPECT_EQ(drawing.bytes(), bytes);
+}
+
 TEST_P(BothReleases, LayersAndStyles) {
   OpenDrawing drawing(attributeAndTexts(GetParam()));
   AcDbLayerTable* layers = nullptr;

@@ -51,8 +51,8 @@ TEST(Structure, ReadsTheSampleInEveryForm) {
     EXPECT_EQ(attributes(structure, *store, at(*store, 0x50)), "51 52");
     EXPECT_EQ(attributes(structure, *store, at(*store, 0x54)), "");
     EXPECT_EQ(structure.insertOf(at(*store, 0x59)), kNoRecord) << "a standalone attribute";
-    EXPECT_EQ(structure.seqEnd(at(*store, 0x55)), at(*store, 0x58));
-    EXPECT_EQ(structure.seqEnd(at(*store, 0x54)), kNoRecord);
+    EXPECT_EQ(structure.pastSubordinates(at(*store, 0x55)), at(*store, 0x58) + 1);
+    EXPECT_EQ(structure.pastSubordinates(at(*store, 0x54)), at(*store, 0x54) + 1);
     EXPECT_EQ(structure.blockOf(at(*store, 0x52)), kModelSpace);
     EXPECT_EQ(structure.findEntry(TableKind::kLayer, L"WIRES"), at(*store, 0x11));
     EXPECT_EQ(structure.entryName(at(*store, 0x11)), L"Wires");
