@@ -33,11 +33,19 @@ const resbuf* lastOf(const resbuf* list, int code) {
   return found;
 }
 
+/// Style Standard, or none, in a drawing whose table lacks it: a text has it without group 7.
+bool isUnlistedStandard(const AcDbDatabase& database, const resbuf& element) {
+  if (element.restype != 7) return false;
+  const std::wstring_view name = listText(element);
+  return (name.empty() || dxf::equalNames(name, L"Standard")) &&
+         database.structure().findEntry(dxf::TableKind::kStyle, L"Standard") == dxf::kNoRecord;
+}
+
 bool isAcceptable(const AcDbDatabase& database, const std::string& type, const resbuf* list) {
   if (subclassesOf(type).empty() || missingGroup(type, list) != 0) return false;
   for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
     element = skipAppGroup(element);
-    if (isStructural(element->restype)) continue;
+    if (isStructural(element->restype) || isUnlistedStandard(database, *element)) continue;
     if (!isAllowed(database, type, *element)) return false;
   }
   return true;
@@ -69,7 +77,9 @@ void fillDraft(AcDbDatabase& database, const std::string& type, const resbuf* li
   for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
     element = skipAppGroup(element);
     const int code = element->restype;
-    if (isStructural(code) || !isWritten(code, database.store().dialect())) continue;
+    if (isStructural(code) || !isWritten(code, database.store().dialect()) ||
+        isUnlistedStandard(database, *element))
+      continue;
     const Property property = propertyOf(type, code);
     if (property.subclass.empty()) continue;
     std::wstring spelling;

@@ -195,14 +195,11 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
                             : table == dxf::TableKind::kStyle ? AcDbTextStyleTableRecord::desc()
                                                               : nullptr;
   if (record->isA() != wanted) return Acad::eNotThatKindOfClass;
-  const dxf::RecordIndex tableRecord = database()->structure().tableRecord(table);
-  const std::uint64_t owner =
-      tableRecord == dxf::kNoRecord ? 0 : database()->store().handle(tableRecord);
+  dxf::Structure& structure = database()->structure();
   dxf::RecordDraft draft;
-  draft.start(database()->store().dialect(), table == dxf::TableKind::kLayer ? "LAYER" : "STYLE",
-              database()->store().newHandle(), owner);
+  structure.startEntry(table, draft);
   database()->objects().translateGroups(*record, draft);
-  const dxf::RecordIndex entry = database()->structure().addEntry(table, draft);
+  const dxf::RecordIndex entry = structure.addEntry(table, draft);
   database()->objects().adopt(*record, entry);
   id = record->objectId();
   return Acad::eOk;

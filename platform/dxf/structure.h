@@ -97,11 +97,14 @@ class Structure : private StoreListener {
   RecordIndex nextEntry(RecordIndex entry) const;
   /// Name of a table entry, a BLOCK or an ATTDEF-like record's group 2, as the table spells it.
   std::wstring entryName(RecordIndex entry) const;
-  /// Adds an entry at the end of its table, making the table and the section if they are missing.
-  RecordIndex addEntry(TableKind table, const RecordDraft& draft);
-  /// A draft of a new entry with handle, owner and markers by the dialect, and its name; the caller
-  /// appends the rest and passes it to addEntry.
+  /// A draft of a new entry with handle and owner by the dialect, making the table and the section
+  /// if they are missing; the caller appends the rest and passes it to addEntry.
+  void startEntry(TableKind table, RecordDraft& draft);
+  /// The same with markers, name and flags.
   void startEntry(TableKind table, std::wstring_view name, int flags, RecordDraft& draft);
+  /// Adds a started entry at the end of its table. A layer takes its line weight and plot style
+  /// from layer 0, where the release has them.
+  RecordIndex addEntry(TableKind table, RecordDraft& draft);
   /// A new layer with a color (1 to 255) and line type Continuous. Returns its record.
   RecordIndex addLayer(std::wstring_view name, int color);
   /// A new text style with a fixed height (0: none), width factor and font file.
@@ -191,7 +194,6 @@ class Structure : private StoreListener {
 
   // Entities
   bool isEntityPlace(RecordIndex record) const;
-  RecordIndex pastSubordinates(RecordIndex entity) const;
   bool continuesAttributes(RecordIndex record) const;
   RecordIndex settle(BlockNumber number, RecordIndex candidate) const;
   RecordIndex firstInEntities(RecordIndex from) const;

@@ -138,22 +138,25 @@ void Structure::ensureTable(TableKind kind) {
   noteTable(record);
 }
 
-void Structure::startEntry(TableKind kind, std::wstring_view name, int flags, RecordDraft& draft) {
+void Structure::startEntry(TableKind kind, RecordDraft& draft) {
   ensureTable(kind);
   const Dialect& dialect = store_.dialect();
   // Table entries of R12 have no handles, also in drawings whose entities have them.
   const std::uint64_t handle = dialect.subclassMarkers ? store_.newHandle() : 0;
   draft.start(dialect, traits(kind).name, handle, store_.handle(tableRecord(kind)));
+}
+
+void Structure::startEntry(TableKind kind, std::wstring_view name, int flags, RecordDraft& draft) {
+  startEntry(kind, draft);
   draft.appendMarker("AcDbSymbolTableRecord");
   draft.appendMarker(traits(kind).marker);
   draft.appendText(2, name, store_.codec());
   draft.appendInteger(70, flags);
 }
 
-RecordIndex Structure::addEntry(TableKind kind, const RecordDraft& draft) {
-  ensureTable(kind);
-  const RecordIndex entry = store_.insertBefore(tables_[static_cast<std::size_t>(kind)].end, draft);
-  return entry;
+RecordIndex Structure::addEntry(TableKind kind, RecordDraft& draft) {
+  if (kind == TableKind::kLayer) copyPlotSettings(draft);
+  return store_.insertBefore(tables_[static_cast<std::size_t>(kind)].end, draft);
 }
 
 /// Line weight and plot style of a new layer are those of layer 0, where the release has them.
@@ -173,7 +176,6 @@ RecordIndex Structure::addLayer(std::wstring_view name, int color) {
   startEntry(TableKind::kLayer, name, 0, draft);
   draft.appendInteger(62, color);
   draft.appendText(6, store_.dialect().release > kR12 ? "Continuous" : "CONTINUOUS");
-  copyPlotSettings(draft);
   return addEntry(TableKind::kLayer, draft);
 }
 

@@ -208,6 +208,17 @@ TEST_P(ListReleases, MakeRefuses) {
   EXPECT_EQ(drawing_.bytes(), before);
 }
 
+TEST(EntityLists, StyleStandardNeedsNoTable) {
+  const OpenDrawing drawing(
+      groupLines({{0, "SECTION"}, {2, "ENTITIES"}, {0, "ENDSEC"}, {0, "EOF"}}));
+  const ads_point point = {1, 2, 0};
+  for (const wchar_t* style : {L"STANDARD", L"", L"OTHER"}) {
+    const List list(acutBuildList(RTDXF0, L"TEXT", 10, point, 40, 2.0, 1, L"A", 7, style, RTNONE));
+    EXPECT_EQ(acdbEntMake(list.get()), *style == L'O' ? RTREJ : RTNORM);
+  }
+  EXPECT_EQ(drawing.bytes().find("STANDARD"), std::string::npos);
+}
+
 TEST_P(ListReleases, WalksEntitiesAndTables) {
   ads_name name;
   ads_name next;
