@@ -48,15 +48,16 @@ Answer realToken(double value) {
   return textToken(variableText(number));
 }
 
-Answer pointToken(const AcApDocument& document, const double* point) {
+/// In UCS coordinates, until the command takes it: commands before it may turn the UCS.
+Answer pointToken(const double* point) {
   Answer token;
   token.kind = AnswerKind::kPoint;
-  token.point = toWorld(document, {point[0], point[1], point[2]});
+  token.point = {point[0], point[1], point[2]};
   return token;
 }
 
 /// False for an element that is no answer.
-bool appendToken(const AcApDocument& document, const resbuf& element, std::vector<Answer>& out) {
+bool appendToken(const resbuf& element, std::vector<Answer>& out) {
   switch (element.restype) {
     case RTSTR:
       out.push_back(textToken(element.resval.rstring != nullptr ? element.resval.rstring : L""));
@@ -74,7 +75,7 @@ bool appendToken(const AcApDocument& document, const resbuf& element, std::vecto
       return true;
     case RTPOINT:
     case RT3DPOINT:
-      out.push_back(pointToken(document, element.resval.rpoint));
+      out.push_back(pointToken(element.resval.rpoint));
       return true;
     case RTENAME:
       out.push_back(entityToken(element.resval.rlname));
@@ -96,10 +97,9 @@ bool commandsShow() {
 
 }  // namespace
 
-TokenFrame::TokenFrame(const AcApDocument& document, const resbuf* list, bool shown)
-    : shown_(shown) {
+TokenFrame::TokenFrame(const resbuf* list, bool shown) : shown_(shown) {
   for (const resbuf* element = list; element != nullptr; element = element->rbnext)
-    if (!appendToken(document, *element, answers_)) break;
+    if (!appendToken(*element, answers_)) break;
   for (Answer& answer : answers_) answer.fromTokens = true;
   frames().push_back(this);
 }
@@ -112,7 +112,7 @@ TokenFrame* TokenFrame::current() {
   return frames().empty() ? nullptr : frames().back();
 }
 
-Answer TokenFrame::next(const AcApDocument&, const Question& question) {
+Answer TokenFrame::next(const AcApDocument& document, const Question& question) {
   if (empty()) {
     ranDry_ = true;
     Answer cancelled;
@@ -120,6 +120,7 @@ Answer TokenFrame::next(const AcApDocument&, const Question& question) {
     return cancelled;
   }
   Answer answer = answers_[at_++];
+  if (answer.kind == AnswerKind::kPoint) answer.point = toWorld(document, answer.point);
   if (shown_ && inputShown()) {
     win::interaction().freshLine();
     win::interaction().print(question.prompt);
@@ -135,7 +136,7 @@ namespace {
 int runTokens(const resbuf* list) {
   AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr) return RTERROR;
-  TokenFrame frame(*document, list, commandsShow());
+  TokenFrame frame(list, commandsShow());
   Question idle;
   idle.prompt = L"Command: ";
   while (!frame.empty()) {

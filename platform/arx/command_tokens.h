@@ -12,8 +12,7 @@ namespace kovra::arx {
 /// answer from the innermost; when it has no more, the question is cancelled.
 class TokenFrame {
  public:
-  /// `document` gives UCS points their meaning.
-  TokenFrame(const AcApDocument& document, const resbuf* list, bool shown);
+  TokenFrame(const resbuf* list, bool shown);
   ~TokenFrame();
   TokenFrame(const TokenFrame&) = delete;
   TokenFrame& operator=(const TokenFrame&) = delete;
@@ -21,6 +20,7 @@ class TokenFrame {
   /// Null when the user is asked.
   static TokenFrame* current();
 
+  /// Points are those of the document's UCS at this moment.
   Answer next(const AcApDocument& document, const Question& question);
   bool empty() const { return at_ == answers_.size(); }
   /// A question came when there was no answer left.

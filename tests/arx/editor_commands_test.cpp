@@ -220,16 +220,17 @@ TEST(EditorTokens, RunToTheirEndOrAreCancelled) {
     AcDbObjectId id;
     acDocManagerPtr()->curDocument()->database()->getAcDbObjectId(id, false, AcDbHandle(0x40));
     acdbGetAdsName(line, id);
-    EXPECT_EQ(acedCommandS(RTSTR, L".MOVE", RTENAME, line, RTSTR, L"", RTSTR, L"NON", RTPOINT, from,
-                           RTSTR, L"NON", RTPOINT, to, RTNONE),
-              RTNORM);
+    EXPECT_EQ(
+        acedCommandS(RTSTR, L"UCS", RTSTR, L"Z", RTSTR, L"90", RTSTR, L".MOVE", RTENAME, line,
+                     RTSTR, L"", RTSTR, L"NON", RTPOINT, from, RTSTR, L"NON", RTPOINT, to, RTNONE),
+        RTNORM);
   });
   const std::string before = user.bytes();
   user.run({"OUTER", "left over"});
   EXPECT_EQ(layerState(user.database(), L"TOKEN"), "on");
   std::string changes;
   for (const std::string& change : groupDiff(before, user.bytes())) changes += change + " ";
-  EXPECT_NE(changes.find("+11=13.0 +21=4.0"), std::string::npos) << changes;
+  EXPECT_NE(changes.find("+11=6.0 +21=3.0"), std::string::npos) << changes;
   // Unknown words of the user were not taken by the command that lacked answers.
   EXPECT_EQ(user.failure(), "Unknown command \"left\".");
   user.run({"U"});
