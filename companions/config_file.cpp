@@ -23,12 +23,6 @@ struct ConfigFile::Contents {
 
 namespace {
 
-// Other forms of text than UTF-8 and its kin can't be kept line by line.
-bool isKeepable(std::string_view bytes) {
-  return !bytes.starts_with("\xFF\xFE") && !bytes.starts_with("\xFE\xFF") &&
-         bytes.find('\0') == std::string_view::npos;
-}
-
 std::string pathIn(const std::string& folder, const wchar_t* name) {
   return (std::filesystem::path(folder) / narrow(name)).native();
 }
@@ -54,7 +48,7 @@ bool ParamFileRef::Load(ConfigFile& file, const wchar_t* name) const {
   std::string path = pathIn(folder_, name);
   dxf::FileStamp stamp;
   const auto bytes = dxf::FileBytes::read(path, stamp);
-  if (!bytes || !isKeepable(bytes.value().view())) return false;
+  if (!bytes || !IniFile::isReadable(bytes.value().view())) return false;
   file.contents_->file = std::move(path);
   file.contents_->ini = IniFile(bytes.value().view());
   file.contents_->onDisk = stamp;

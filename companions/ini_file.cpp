@@ -172,6 +172,11 @@ bool IniFile::removeSection(std::string_view section) {
   return removed;
 }
 
+bool IniFile::isReadable(std::string_view bytes) {
+  return !bytes.starts_with("\xFF\xFE") && !bytes.starts_with("\xFE\xFF") &&
+         bytes.find('\0') == std::string_view::npos;
+}
+
 bool IniFile::isSectionName(std::string_view name) {
   return !name.empty() && trimBlanks(name) == name && !hasLineBreak(name) &&
          name.find(']') == std::string_view::npos;

@@ -39,6 +39,9 @@ class IniFile {
   /// directly above the next section belong to that and stay. False if there is none.
   bool removeSection(std::string_view section);
 
+  /// False for UTF-16 and for bytes with a NUL: such a text can't be read or kept line by line.
+  static bool isReadable(std::string_view bytes);
+
   /// Not empty, without "]" or line breaks, without blanks at its ends.
   static bool isSectionName(std::string_view name);
 

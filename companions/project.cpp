@@ -32,7 +32,7 @@ std::unique_ptr<Project> Project::open(const std::filesystem::path& folder) {
   if (error) return nullptr;
   dxf::FileStamp stamp;
   const auto bytes = dxf::FileBytes::read((absolute / kSettingsFile).native(), stamp);
-  if (!bytes) return nullptr;
+  if (!bytes || !IniFile::isReadable(bytes.value().view())) return nullptr;
   return std::unique_ptr<Project>(
       new Project(absolute.lexically_normal(), IniFile(bytes.value().view())));
 }

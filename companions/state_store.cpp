@@ -102,7 +102,9 @@ StateStore::StateStore(std::filesystem::path file) : file_(std::move(file)) {
   std::error_code error;
   file_ = std::filesystem::absolute(file_, error);
   std::filesystem::create_directories(file_.parent_path(), error);
-  if (connectUndisturbed() == Health::damaged) replaceDamaged();
+  const Health health = connectUndisturbed();
+  if (health == Health::damaged) replaceDamaged();
+  if (health == Health::unusable) tellUnusable();
 }
 
 StateStore::~StateStore() {
@@ -120,10 +122,12 @@ StateStore::Health StateStore::connect() {
   const int code =
       sqlite3_open_v2(file_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
   Connection connection(opened);
+  fault_ = sqlite3_errmsg(opened);
   if (code != SQLITE_OK) return isDamage(code) ? Health::damaged : Health::unusable;
   sqlite3_busy_timeout(opened, kBusyMilliseconds);
   const Statement check = prepare(opened, "PRAGMA quick_check(1)");
   const int result = check ? sqlite3_step(check.get()) : sqlite3_errcode(opened);
+  fault_ = sqlite3_errmsg(opened);
   if (isDamage(result)) return Health::damaged;
   if (result != SQLITE_ROW) return Health::unusable;
   const auto* verdict = reinterpret_cast<const char*>(sqlite3_column_text(check.get(), 0));
@@ -141,6 +145,14 @@ void StateStore::replaceDamaged() {
   tell("The dialog settings in " + file_.native() + " are damaged. The file was put aside as " +
        aside.native() + " and a new one begun.");
   connect();
+}
+
+// A command asks for the store several times.
+void StateStore::tellUnusable() const {
+  static std::filesystem::path told;
+  if (told == file_) return;
+  told = file_;
+  tell("The dialog settings in " + file_.native() + " can't be used: " + fault_);
 }
 
 std::optional<StateValue> StateStore::get(const std::string& section,

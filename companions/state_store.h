@@ -25,7 +25,7 @@ class StateStore {
   StateStore(const StateStore&) = delete;
   StateStore& operator=(const StateStore&) = delete;
 
-  /// False: nothing can be read or written.
+  /// False: nothing can be read or written, which the command line told.
   bool isOpen() const { return connection_ != nullptr; }
   std::optional<StateValue> get(const std::string& section, const std::string& key) const;
   bool set(const std::string& section, const std::string& key, const StateValue& value);
@@ -41,11 +41,13 @@ class StateStore {
   Health connect();
   Health connectUndisturbed();
   void replaceDamaged();
+  void tellUnusable() const;
   bool beginWriting();
   void abandonWriting();
 
   std::filesystem::path file_;
   Connection connection_;
+  std::string fault_;  // the library's words for the last opening
   Phase phase_ = Phase::reading;
 };
 

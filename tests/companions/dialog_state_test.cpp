@@ -229,12 +229,14 @@ TEST_F(DialogState, AnEmptyFileIsANewStore) {
   EXPECT_EQ(folder.files(), 1U);
 }
 
-TEST_F(DialogState, FailsQuietlyWhereNothingCanBeStored) {
+TEST_F(DialogState, SaysOnceWhereNothingCanBeStored) {
   folder.write("file", "no folder");
   use("file/dialogs.sqlite");
   EXPECT_EQ(readInt(L"X"), -1);
   EXPECT_FALSE(write(L"X", 1));
   EXPECT_EQ(folder.read("file"), "no folder");
+  EXPECT_NE(shown.find("can't be used"), std::string::npos);
+  EXPECT_EQ(shown.find("can't be used"), shown.rfind("can't be used"));
 }
 
 // As another user, since the superuser may write everywhere.
