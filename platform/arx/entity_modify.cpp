@@ -7,6 +7,7 @@
 #include "platform/arx/list_groups.h"
 #include "platform/arx/list_properties.h"
 #include "platform/arx/object_table.h"
+#include "platform/arx/symbol_table.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/structure.h"
 
@@ -154,6 +155,13 @@ bool isOfType(const resbuf* list, std::string_view type) {
          dxf::equalNames(listText(*list), std::wstring(type.begin(), type.end()));
 }
 
+/// The current layer, thawed, which must stay so; else null.
+const AcDbLayerTableRecord* layerToStayThawed(const AcDbObject& object) {
+  const auto* layer = AcDbLayerTableRecord::cast(&object);
+  const bool isCurrent = layer != nullptr && object.database()->clayer() == object.objectId();
+  return isCurrent && !layer->isFrozen() ? layer : nullptr;
+}
+
 }  // namespace
 
 int acdbEntMod(const resbuf* list) {
@@ -163,6 +171,7 @@ int acdbEntMod(const resbuf* list) {
   AcDbDatabase& database = *object->database();
   std::wstring newLayer;
   bool accepted = false;
+  const AcDbLayerTableRecord* thawed = layerToStayThawed(*object);
   object->applyGroups([&](RecordEdit& edit) {
     if (!isOfType(list, edit.draft().typeName())) return false;
     ListToRecord change(database, edit);
@@ -170,7 +179,7 @@ int acdbEntMod(const resbuf* list) {
     newLayer = change.newLayer();
     return accepted && change.changed();
   });
-  if (!accepted) {
+  if (!accepted || (thawed != nullptr && thawed->isFrozen())) {
     object->cancel();
     return RTREJ;
   }

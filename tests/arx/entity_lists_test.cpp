@@ -135,6 +135,10 @@ TEST_P(ListReleases, ModRefuses) {
     EXPECT_EQ(drawing_.bytes(), bytes);
   }
   EXPECT_EQ(acdbEntMod(nullptr), RTERROR);
+  const List current = listOf(drawing_->clayer());
+  element(current, 70)->resval.rint = 1;
+  EXPECT_EQ(acdbEntMod(current.get()), RTREJ);
+  EXPECT_EQ(drawing_.bytes(), bytes);
 }
 
 /// The groups of the newest entity, without its handle and owner.
