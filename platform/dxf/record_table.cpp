@@ -77,10 +77,12 @@ RecordFields fieldsOf(std::string_view record, const Dialect& dialect) {
 
 std::size_t HandleMap::slotOf(std::uint64_t handle) const {
   // Sixteen handles in a row share a cache line: drawings number their records in order. The
-  // multiplier is random, so that nobody can prepare a file whose handles all collide.
-  const std::size_t lines = capacity_ / 16;
-  const int shift = 64 - std::countr_zero(lines);
-  const std::uint64_t line = lines == 1 ? 0 : ((handle >> 4U) * multiplier_) >> shift;
+  // multiplier is random, so that nobody can prepare a file whose handles all collide; mixing
+  // before it keeps an unlucky one from heaping up rows of lines.
+  constexpr std::uint64_t kGoldenRatio = 0x9e3779b97f4a7c15;  // 2^64 / phi
+  std::uint64_t line = (handle >> 4U) * kGoldenRatio;
+  line = (line ^ (line >> 32U)) * multiplier_;
+  line = (line ^ (line >> 32U)) & (capacity_ / 16 - 1);
   return line * 16 + (handle & 15U);
 }
 

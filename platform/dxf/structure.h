@@ -160,6 +160,7 @@ class Structure : private StoreListener {
     /// What lookUp found since the table changed, by the name as it was asked for.
     mutable std::unordered_map<std::wstring, TableEntry, NameHash, std::equal_to<>> found;
   };
+  using RecordsByHandle = std::unordered_map<std::uint64_t, RecordIndex>;
   struct EntitySection {
     RecordIndex begin = kNoRecord;
     RecordIndex end = kNoRecord;
@@ -186,7 +187,9 @@ class Structure : private StoreListener {
 
   // Blocks
   void refreshBlocks() const;
-  void noteBlock(RecordIndex begin) const;
+  RecordsByHandle blockRecords() const;
+  void noteBlock(RecordIndex begin, const RecordsByHandle& blockRecords) const;
+  void noteOwner(BlockNumber number) const;
   std::wstring blockName(RecordIndex begin, RecordIndex blockRecord) const;
   void findLayouts() const;
   BlockNumber enclosingBlock(RecordIndex entity) const;
@@ -210,7 +213,7 @@ class Structure : private StoreListener {
   mutable bool blocksKnown_ = false;
   mutable std::vector<Block> blocks_;
   mutable std::unordered_map<std::wstring, BlockNumber> blocksByName_;
-  mutable std::unordered_map<RecordIndex, BlockNumber> blocksByRecord_;
+  mutable std::unordered_map<std::uint64_t, BlockNumber> blocksByOwner_;  ///< handle of its record
   mutable std::vector<std::pair<RecordIndex, BlockNumber>> blocksByBegin_;  ///< the file's own
   mutable std::unordered_map<RecordIndex, BlockNumber> insertedBlocks_;
   mutable bool layoutsKnown_ = false;

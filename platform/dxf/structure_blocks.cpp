@@ -36,12 +36,25 @@ std::wstring Structure::blockName(RecordIndex begin, RecordIndex blockRecord) co
   return name;
 }
 
-void Structure::noteBlock(RecordIndex begin) const {
-  if (store_.section(begin) != SectionKind::kBlocks) return;
-  RecordIndex blockRecord = store_.find(store_.owner(begin));
-  if (blockRecord != kNoRecord && store_.kind(blockRecord) != RecordKind::kBlockRecord) {
-    blockRecord = kNoRecord;
+/// The entries of the BLOCK_RECORD table by handle, erased ones included.
+Structure::RecordsByHandle Structure::blockRecords() const {
+  RecordsByHandle records;
+  RecordIndex entry = tableRecord(TableKind::kBlockRecord);
+  if (entry == kNoRecord) return records;
+  for (entry = store_.next(entry); entry != kNoRecord && isEntityPlace(entry);
+       entry = store_.next(entry)) {
+    if (store_.kind(entry) == RecordKind::kBlockRecord) {
+      records.emplace(store_.handle(entry), entry);
+    }
   }
+  return records;
+}
+
+void Structure::noteBlock(RecordIndex begin, const RecordsByHandle& blockRecords) const {
+  if (store_.section(begin) != SectionKind::kBlocks) return;
+  const auto owner = blockRecords.find(store_.owner(begin));
+  const bool owned = store_.owner(begin) != 0 && owner != blockRecords.end();
+  RecordIndex blockRecord = owned ? owner->second : kNoRecord;
   const std::wstring name = blockName(begin, blockRecord);
   if (blockRecord == kNoRecord) blockRecord = findEntry(TableKind::kBlockRecord, name);
   RecordIndex end = store_.next(begin);
@@ -65,7 +78,14 @@ void Structure::noteBlock(RecordIndex begin) const {
     insertedBlocks_.emplace(begin, number);
   }
   if (!store_.erased(begin)) blocksByName_.emplace(foldCase(name), number);
-  if (blockRecord != kNoRecord) blocksByRecord_.emplace(blockRecord, number);
+  noteOwner(number);
+}
+
+/// Entities of a block name its record as their owner.
+void Structure::noteOwner(BlockNumber number) const {
+  const RecordIndex record = blocks_[number].blockRecord;
+  const std::uint64_t handle = record == kNoRecord ? 0 : store_.handle(record);
+  if (handle != 0) blocksByOwner_.emplace(handle, number);
 }
 
 void Structure::refreshBlocks() const {
@@ -73,7 +93,7 @@ void Structure::refreshBlocks() const {
   blocksKnown_ = true;
   blocks_.assign(2, Block{});
   blocksByName_.clear();
-  blocksByRecord_.clear();
+  blocksByOwner_.clear();
   blocksByBegin_.clear();
   insertedBlocks_.clear();
   for (const BlockNumber number : {kModelSpace, kActivePaperSpace}) {
@@ -81,11 +101,12 @@ void Structure::refreshBlocks() const {
     block.name = number == kModelSpace ? kModelName : kPaperName;
     block.space = block.inEntities = true;
   }
+  const RecordsByHandle records = blockRecords();
   for (const RecordIndex record : store_.structural()) {
-    if (store_.kind(record) == RecordKind::kBlock) noteBlock(record);
+    if (store_.kind(record) == RecordKind::kBlock) noteBlock(record, records);
   }
   for (RecordIndex record = store_.originalCount(); record < store_.count(); ++record) {
-    if (store_.kind(record) == RecordKind::kBlock) noteBlock(record);
+    if (store_.kind(record) == RecordKind::kBlock) noteBlock(record, records);
   }
   for (const BlockNumber number : {kModelSpace, kActivePaperSpace}) {
     Block& block = blocks_[number];
@@ -93,7 +114,7 @@ void Structure::refreshBlocks() const {
     if (block.blockRecord == kNoRecord) {
       block.blockRecord = findEntry(TableKind::kBlockRecord, block.name);
     }
-    if (block.blockRecord != kNoRecord) blocksByRecord_.emplace(block.blockRecord, number);
+    noteOwner(number);
   }
 }
 
@@ -182,8 +203,8 @@ BlockNumber Structure::blockOf(RecordIndex entity) const {
   refreshBlocks();
   switch (store_.section(entity)) {
     case SectionKind::kBlocks: {
-      const auto owner = blocksByRecord_.find(store_.find(store_.owner(entity)));
-      return owner != blocksByRecord_.end() ? owner->second : enclosingBlock(entity);
+      const auto owner = blocksByOwner_.find(store_.owner(entity));
+      return owner != blocksByOwner_.end() ? owner->second : enclosingBlock(entity);
     }
     case SectionKind::kEntities: {
       const RecordIndex insert = insertOf(entity);
