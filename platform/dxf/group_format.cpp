@@ -73,13 +73,6 @@ std::int64_t toInteger(double value) {
   return value > -kLimit && value < kLimit ? static_cast<std::int64_t>(value) : 0;
 }
 
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return -1;
-}
-
 /// Equal hexadecimal digits in either case.
 bool equalDigits(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
@@ -88,6 +81,22 @@ bool equalDigits(std::string_view left, std::string_view right) {
 }
 
 }  // namespace
+
+bool parseAnyCode(const char* begin, const char* end, std::int32_t& code) {
+  while (begin != end && (*begin == ' ' || *begin == '\t')) ++begin;
+  const bool negative = begin != end && *begin == '-';
+  if (negative) ++begin;
+  const char* digits = begin;
+  std::int32_t value = 0;
+  while (begin != end && static_cast<unsigned char>(*begin - '0') < 10) {
+    value = value * 10 + (*begin++ - '0');
+    if (value > 9999) return false;
+  }
+  if (begin == digits) return false;
+  while (begin != end && (*begin == ' ' || *begin == '\t' || *begin == '\r')) ++begin;
+  code = negative ? -value : value;
+  return begin == end;
+}
 
 bool onlyBlanks(std::string_view rest) {
   return rest.find_first_not_of(std::string_view(" \t\r\n\x1a\0", 6)) == std::string_view::npos;

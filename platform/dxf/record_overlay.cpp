@@ -64,7 +64,11 @@ void OverlayBuilder::strip() {
     ++front;
   }
   std::size_t back = 0;
-  while (front + back < old_.size() && front + back < new_.size() &&
+  // One group on each side is the pair that ended the way from the front.
+  const auto onePairLeft = [&] {
+    return front + back + 1 == old_.size() && front + back + 1 == new_.size();
+  };
+  while (front + back < old_.size() && front + back < new_.size() && !onePairLeft() &&
          matches(old_.size() - 1 - back, new_.size() - 1 - back)) {
     const GroupView& group = old_[old_.size() - 1 - back];
     tail_ += static_cast<std::uint32_t>(group.end - group.begin);
@@ -86,7 +90,9 @@ bool OverlayBuilder::indexed() const {
 /// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
 void OverlayBuilder::append(const GroupView* old, const Group& group, std::string& out) const {
   if (old == nullptr) return draft_->appendGroupBytes(group, out);
-  if (same(*old, group)) {
+  // Had the only pair been equal, strip() would have taken it.
+  const bool onlyPair = old_.size() == 1 && new_.size() == 1;
+  if (!onlyPair && same(*old, group)) {
     out.append(old->begin, old->end);
   } else if (draft_->dialect().binary) {
     appendGroup(groupStyle(draft_->dialect()), group.code, draft_->value(group), out);

@@ -97,8 +97,12 @@ bool parseInteger(std::string_view text, std::int64_t& value) {
 bool parseHandle(std::string_view text, std::uint64_t& value) {
   text = trimmed(text);
   std::uint64_t parsed = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed, 16);
-  if (error != std::errc() || end != text.data() + text.size()) return false;
+  for (const char c : text) {
+    const int digit = hexDigit(c);
+    if (digit < 0 || parsed >> 60U != 0) return false;
+    parsed = parsed << 4U | static_cast<unsigned>(digit);
+  }
+  if (text.empty()) return false;
   value = parsed;
   return true;
 }

@@ -32,6 +32,13 @@ bool parseReal(std::string_view text, double& value);
 /// Reads an integer; blanks around it are allowed, and a real that is whole too.
 bool parseInteger(std::string_view text, std::int64_t& value);
 
+/// The value of a hexadecimal digit in either case; -1 for other characters.
+inline int hexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  const int letter = (c | ('a' - 'A')) - 'a';
+  return letter >= 0 && letter < 6 ? letter + 10 : -1;
+}
+
 /// Reads a hexadecimal handle of up to 16 digits; blanks around it are allowed.
 bool parseHandle(std::string_view text, std::uint64_t& value);
 
