@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/dxf/record_scan.h"
 #include "platform/dxf/structure.h"
 
 // Any bytes: they are refused with an error, or they come back as they are, also after every record
@@ -122,12 +123,17 @@ void insertAndUndo(Structure& structure, RecordStore& store) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   auto opened = RecordStore::fromBytes(bytes);
+  const std::size_t piece = 1 + size % 97;
+  const auto inPieces =
+      scanRecords([=](std::size_t seen) { return bytes.substr(0, seen + piece); }, "drawing");
+  demand(inPieces.ok() == opened.ok(), "a drawing that comes in pieces is read alike");
   if (!opened) {
     demand(!opened.error().message.empty(), "an error has a message");
     demand(opened.error().message.find('\n') == std::string::npos, "a message is one line");
     return 0;
   }
   RecordStore& store = *opened.value();
+  demand(inPieces.value().records.size() == store.originalCount(), "pieces have all records");
   demand(store.toBytes() == bytes, "all bytes come back");
   Structure structure(store);
   walkStructure(structure, store);

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -12,20 +13,8 @@ namespace kovra::dxf {
 
 namespace {
 
-/// Closes a descriptor at the end of its scope.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int get() const { return fd_; }
-
- private:
-  int fd_;
-};
+/// So much is read at a time; files up to this size at once.
+constexpr std::size_t kPiece = std::size_t{2} << 20U;
 
 FileStamp stampFrom(const struct stat& status) {
   return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
@@ -39,6 +28,10 @@ Error readError(const std::string& path, int error) {
 
 }  // namespace
 
+Descriptor::~Descriptor() {
+  if (fd_ >= 0) ::close(fd_);
+}
+
 std::string systemMessage(int error) {
   return std::generic_category().message(error);
 }
@@ -50,30 +43,9 @@ Result<FileStamp> stampOf(const std::string& path) {
 }
 
 Result<FileBytes> FileBytes::read(const std::string& path, FileStamp& stamp) {
-  // Without O_NONBLOCK a pipe without a writer would be waited for before it could be refused.
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  struct stat status {};
-  if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return readError(path, errno);
-  if (S_ISDIR(status.st_mode)) return readError(path, EISDIR);
-  if (!S_ISREG(status.st_mode)) {
-    return Error{ErrorKind::kNotReadable, path + ": not a regular file"};
-  }
-  stamp = stampFrom(status);
-  FileBytes bytes;
-  const auto size = static_cast<std::size_t>(status.st_size);
-  if (!bytes.memory_.resize(size)) return readError(path, ENOMEM);
-  while (bytes.size_ < size) {
-    const ssize_t got = ::read(file.get(), bytes.memory_.data() + bytes.size_, size - bytes.size_);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return readError(path, errno);
-    if (got == 0) break;
-    bytes.size_ += static_cast<std::size_t>(got);
-  }
-  struct stat after {};
-  if (::fstat(file.get(), &after) != 0 || stampFrom(after) != stamp || bytes.size_ != size) {
-    return Error{ErrorKind::kNotReadable, path + ": the file changes while it is read"};
-  }
-  return bytes;
+  Result<std::unique_ptr<FileReading>> reading = FileReading::start(path);
+  if (!reading) return reading.error();
+  return reading.value()->finish(stamp);
 }
 
 Result<FileBytes> FileBytes::copy(std::string_view source) {
@@ -82,6 +54,74 @@ Result<FileBytes> FileBytes::copy(std::string_view source) {
   if (!source.empty()) std::memcpy(bytes.memory_.data(), source.data(), source.size());
   bytes.size_ = source.size();
   return bytes;
+}
+
+Result<std::unique_ptr<FileReading>> FileReading::start(const std::string& path) {
+  // Without O_NONBLOCK a pipe without a writer would be waited for before it could be refused.
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat status {};
+  if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return readError(path, errno);
+  if (S_ISDIR(status.st_mode)) return readError(path, EISDIR);
+  if (!S_ISREG(status.st_mode)) {
+    return Error{ErrorKind::kNotReadable, path + ": not a regular file"};
+  }
+  std::unique_ptr<FileReading> reading(new FileReading(path, std::move(file)));
+  reading->stamp_ = stampFrom(status);
+  reading->toRead_ = static_cast<std::size_t>(status.st_size);
+  if (!reading->bytes_.memory_.resize(reading->toRead_)) return readError(path, ENOMEM);
+  reading->begin();
+  return reading;
+}
+
+void FileReading::begin() {
+  if (toRead_ > kPiece) {
+    try {
+      thread_ = std::jthread([this](const std::stop_token& stop) { readAll(stop); });
+      return;
+    } catch (const std::system_error&) {
+      // No thread to be had: the file is read at once.
+    }
+  }
+  readAll({});
+}
+
+void FileReading::readAll(const std::stop_token& stop) {
+  bool more = true;
+  while (more && !stop.stop_requested()) {
+    more = readPiece();
+    const std::lock_guard guard(lock_);
+    done_ = !more;
+    came_.notify_one();
+  }
+}
+
+/// False if nothing is left to read, or nothing can be.
+bool FileReading::readPiece() {
+  const std::size_t at = bytes_.size_;
+  const ssize_t got =
+      ::read(file_.get(), bytes_.memory_.data() + at, std::min(kPiece, toRead_ - at));
+  if (got < 0 && errno == EINTR) return true;
+  const std::lock_guard guard(lock_);
+  if (got < 0) error_ = errno;
+  if (got > 0) bytes_.size_ += static_cast<std::size_t>(got);
+  return got > 0 && bytes_.size_ < toRead_;
+}
+
+std::string_view FileReading::waitPast(std::size_t seen) {
+  std::unique_lock guard(lock_);
+  came_.wait(guard, [this, seen] { return done_ || bytes_.size_ > seen; });
+  return bytes_.view();
+}
+
+Result<FileBytes> FileReading::finish(FileStamp& stamp) {
+  if (thread_.joinable()) thread_.join();
+  if (error_ != 0) return readError(path_, error_);
+  struct stat after {};
+  if (::fstat(file_.get(), &after) != 0 || stampFrom(after) != stamp_ || bytes_.size_ != toRead_) {
+    return Error{ErrorKind::kNotReadable, path_ + ": the file changes while it is read"};
+  }
+  stamp = stamp_;
+  return std::move(bytes_);
 }
 
 }  // namespace kovra::dxf

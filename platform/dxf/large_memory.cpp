@@ -27,9 +27,6 @@ bool LargeMemory::resize(std::size_t size) {
   if (memory == MAP_FAILED) return false;
   data_ = static_cast<char*>(memory);
   size_ = size;
-  // Below this, a large page would be mostly empty.
-  constexpr std::size_t kWorthLargePages = std::size_t{4} << 20U;
-  if (size >= kWorthLargePages) ::madvise(data_, size_, MADV_HUGEPAGE);
   return true;
 }
 

@@ -5,8 +5,9 @@
 namespace kovra::dxf {
 
 /// Zeroed memory for what grows with a drawing, straight from the system: growing moves pages
-/// instead of copying them, pages that were never touched cost nothing, and large pages are asked
-/// for.
+/// instead of copying them, and pages that were never touched cost nothing. Large pages aren't
+/// asked for: on virtual machines whose host takes back free memory, and takes it in large pieces,
+/// each costs many times what it saves.
 class LargeMemory {
  public:
   LargeMemory() = default;

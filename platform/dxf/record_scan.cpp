@@ -9,13 +9,18 @@ namespace kovra::dxf {
 /// Takes the groups of a file in their order and builds its table of records.
 class RecordScanner {
  public:
-  RecordScanner(std::string_view file, const std::string& name) : file_(file), name_(name) {}
+  RecordScanner(const ByteSource& source, const std::string& name)
+      : source_(source), file_(source(0)), name_(name) {}
 
   Result<ScannedFile> scan();
 
  private:
+  bool waitForMore();
+  std::string_view wholeLines() const;
+  GroupStatus readBinary();
+  GroupStatus readAscii();
   template <class Reader>
-  GroupStatus read(Reader& reader);
+  GroupStatus read(Reader reader);
   void beginRecord(const GroupView& group);
   void endRecord(const char* end);
   void enter(RecordKind kind);
@@ -23,8 +28,11 @@ class RecordScanner {
   Result<void> checkEnd(GroupStatus status) const;
   Error fault(const char* place, const std::string& what) const;
   std::string excerpt(const char* place) const;
+  const char* end() const { return file_.data() + file_.size(); }
 
-  std::string_view file_;
+  const ByteSource& source_;
+  std::string_view file_;  ///< what has come of it
+  std::size_t seen_ = 0;   ///< what of that had come before
   const std::string& name_;
   ScannedFile out_;
   FieldCollector collector_;
@@ -35,7 +43,6 @@ class RecordScanner {
   bool tooLarge_ = false;
   std::string sectionName_;
   const char* position_ = nullptr;
-  const char* end_ = nullptr;
 };
 
 namespace {
@@ -75,7 +82,7 @@ Error RecordScanner::fault(const char* place, const std::string& what) const {
 }
 
 std::string RecordScanner::excerpt(const char* place) const {
-  const std::string_view rest(place, static_cast<std::size_t>(end_ - place));
+  const std::string_view rest(place, static_cast<std::size_t>(end() - place));
   return "\"" + printable(rest.substr(0, rest.find('\n'))) + "\"";
 }
 
@@ -133,11 +140,11 @@ void RecordScanner::endRecord(const char* end) {
   if (fields.owner != 0 && entry.section != SectionKind::kObjects) out_.dialect.owners = true;
 }
 
+/// Takes groups up to the end of the reader's text, a fault in it, or the end of the drawing.
 template <class Reader>
-GroupStatus RecordScanner::read(Reader& reader) {
+GroupStatus RecordScanner::read(Reader reader) {
   GroupView group;
   GroupStatus status = reader.next(group);
-  while (status == GroupStatus::kOk && group.code == 999) status = reader.next(group);
   while (status == GroupStatus::kOk) {
     if (group.code == 0) {
       endRecord(group.begin);
@@ -145,7 +152,7 @@ GroupStatus RecordScanner::read(Reader& reader) {
       beginRecord(group);
       if (sawEof_) break;
     } else if (out_.records.size() == 0) {
-      break;
+      if (group.code != 999) break;
     } else if (!sectionNamed_ && group.code == 2) {
       nameSection(group.value());
     } else {
@@ -153,10 +160,51 @@ GroupStatus RecordScanner::read(Reader& reader) {
     }
     status = reader.next(group);
   }
-  position_ = reader.position();
-  endRecord(position_);
-  if (status == GroupStatus::kOk && out_.records.size() == 0) position_ = group.begin;
+  const bool noRecord = status == GroupStatus::kOk && out_.records.size() == 0;
+  position_ = noRecord ? group.begin : reader.position();
   return status;
+}
+
+bool RecordScanner::waitForMore() {
+  seen_ = file_.size();
+  file_ = source_(seen_);
+  return file_.size() > seen_;
+}
+
+/// What has come from position_ on, but for a last line that may go on; empty if no new line has
+/// come.
+std::string_view RecordScanner::wholeLines() const {
+  const std::size_t feed = file_.substr(seen_).rfind('\n');
+  if (feed == std::string_view::npos) return {};
+  const auto begin = static_cast<std::size_t>(position_ - file_.data());
+  return file_.substr(begin, seen_ + feed + 1 - begin);
+}
+
+GroupStatus RecordScanner::readAscii() {
+  position_ = file_.data() + byteOrderMark(file_).size();
+  bool more = true;
+  while (more) {
+    const std::string_view lines = wholeLines();
+    const GroupStatus status = lines.empty() ? GroupStatus::kEnd : read(AsciiReader(lines));
+    if (status == GroupStatus::kOk) return status;
+    more = waitForMore();
+    // A group that isn't whole yet will be; of any other fault all that follows is looked at once.
+    const bool open =
+        status == GroupStatus::kCut || lines.empty() || position_ == lines.data() + lines.size();
+    while (!open && more) more = waitForMore();
+  }
+  return read(AsciiReader({position_, static_cast<std::size_t>(end() - position_)}));
+}
+
+GroupStatus RecordScanner::readBinary() {
+  while (waitForMore()) {
+  }
+  out_.dialect.binary = true;
+  collector_.binary_ = true;
+  const std::string_view body = file_.substr(kBinarySentinel.size());
+  // The first group is 0 "SECTION": a code of two bytes shows in its second, zero byte.
+  out_.dialect.wideCodes = body.size() > 1 && body[1] == '\0';
+  return read(BinaryReader(body, out_.dialect.wideCodes));
 }
 
 Result<void> RecordScanner::checkEnd(GroupStatus status) const {
@@ -179,28 +227,15 @@ Result<void> RecordScanner::checkEnd(GroupStatus status) const {
 }
 
 Result<ScannedFile> RecordScanner::scan() {
+  while (file_.size() < kBinarySentinel.size() && waitForMore()) {
+  }
   if (file_.empty()) return Error{ErrorKind::kBadFormat, name_ + ": the file is empty"};
   if (const std::string_view release = dwgRelease(file_); !release.empty()) {
     return Error{ErrorKind::kBadFormat,
                  name_ + ": a DWG file (" + std::string(release) + "), not a DXF file"};
   }
-  end_ = file_.data() + file_.size();
-  constexpr std::size_t kSmallUsualRecord = 100;
-  out_.records.reserve(file_.size() / kSmallUsualRecord + 64);
-  position_ = file_.data();
-  GroupStatus status = GroupStatus::kOk;
-  if (file_.starts_with(kBinarySentinel)) {
-    out_.dialect.binary = true;
-    collector_.binary_ = true;
-    const std::string_view body = file_.substr(kBinarySentinel.size());
-    // The first group is 0 "SECTION": a code of two bytes shows in its second, zero byte.
-    out_.dialect.wideCodes = body.size() > 1 && body[1] == '\0';
-    BinaryReader reader(body, out_.dialect.wideCodes);
-    status = read(reader);
-  } else {
-    AsciiReader reader(file_.substr(byteOrderMark(file_).size()));
-    status = read(reader);
-  }
+  const GroupStatus status = file_.starts_with(kBinarySentinel) ? readBinary() : readAscii();
+  endRecord(position_);
   if (Result<void> end = checkEnd(status); !end) return end.error();
   out_.recordsEnd = static_cast<std::uint64_t>(position_ - file_.data());
   const std::string_view first = file_.substr(out_.records[0].begin);
@@ -210,8 +245,8 @@ Result<ScannedFile> RecordScanner::scan() {
   return std::move(out_);
 }
 
-Result<ScannedFile> scanRecords(std::string_view file, const std::string& name) {
-  return RecordScanner(file, name).scan();
+Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name) {
+  return RecordScanner(source, name).scan();
 }
 
 }  // namespace kovra::dxf

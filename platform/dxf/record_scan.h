@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +21,12 @@ struct ScannedFile {
   std::uint64_t greatestHandle = 0;
 };
 
-/// Finds the records of a whole file. Errors are kBadFormat with the place in the message.
-Result<ScannedFile> scanRecords(std::string_view file, const std::string& name);
+/// Gives the bytes of a file that have come so far, at the same place each time: more than `seen`,
+/// unless these are all.
+using ByteSource = std::function<std::string_view(std::size_t seen)>;
+
+/// Finds the records of a file while it is read. Errors are kBadFormat with the place in the
+/// message.
+Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name);
 
 }  // namespace kovra::dxf

@@ -47,11 +47,9 @@ RecordStore::RecordStore(std::unique_ptr<Impl> impl, Dialect dialect)
 
 RecordStore::~RecordStore() = default;
 
-Result<std::unique_ptr<RecordStore>> RecordStore::open(FileBytes bytes, const std::string& name) {
-  Result<ScannedFile> scanned = scanRecords(bytes.view(), name);
-  if (!scanned) return scanned.error();
-  Dialect dialect = scanned.value().dialect;
-  auto impl = std::make_unique<Impl>(std::move(bytes), std::move(scanned).value());
+std::unique_ptr<RecordStore> RecordStore::make(FileBytes bytes, ScannedFile scanned) {
+  Dialect dialect = scanned.dialect;
+  auto impl = std::make_unique<Impl>(std::move(bytes), std::move(scanned));
   std::string_view header;
   for (const RecordIndex record : impl->structural) {
     const RecordEntry& entry = impl->records[record];
@@ -65,14 +63,17 @@ Result<std::unique_ptr<RecordStore>> RecordStore::open(FileBytes bytes, const st
 }
 
 Result<std::unique_ptr<RecordStore>> RecordStore::readFile(const std::string& path) {
+  const Result<std::unique_ptr<FileReading>> reading = FileReading::start(path);
+  if (!reading) return reading.error();
+  Result<ScannedFile> scanned =
+      scanRecords([&reading](std::size_t seen) { return reading.value()->waitPast(seen); }, path);
   FileStamp stamp;
-  Result<FileBytes> bytes = FileBytes::read(path, stamp);
+  Result<FileBytes> bytes = reading.value()->finish(stamp);
   if (!bytes) return bytes.error();
-  Result<std::unique_ptr<RecordStore>> store = open(std::move(bytes).value(), path);
-  if (store) {
-    store.value()->impl_->path = path;
-    store.value()->impl_->stamp = stamp;
-  }
+  if (!scanned) return scanned.error();
+  auto store = make(std::move(bytes).value(), std::move(scanned).value());
+  store->impl_->path = path;
+  store->impl_->stamp = stamp;
   return store;
 }
 
@@ -80,7 +81,10 @@ Result<std::unique_ptr<RecordStore>> RecordStore::fromBytes(std::string_view byt
                                                             const std::string& name) {
   Result<FileBytes> copy = FileBytes::copy(bytes);
   if (!copy) return copy.error();
-  return open(std::move(copy).value(), name);
+  const std::string_view all = copy.value().view();
+  Result<ScannedFile> scanned = scanRecords([all](std::size_t) { return all; }, name);
+  if (!scanned) return scanned.error();
+  return make(std::move(copy).value(), std::move(scanned).value());
 }
 
 const std::string& RecordStore::path() const {

@@ -15,6 +15,7 @@
 namespace kovra::dxf {
 
 class FileBytes;
+struct ScannedFile;
 struct RecordOverlay;
 
 /// What a record is at a moment: cheap to copy, keeps its memory as long as it is held.
@@ -137,7 +138,7 @@ class RecordStore {
  private:
   struct Impl;
   RecordStore(std::unique_ptr<Impl> impl, Dialect dialect);
-  static Result<std::unique_ptr<RecordStore>> open(FileBytes bytes, const std::string& name);
+  static std::unique_ptr<RecordStore> make(FileBytes bytes, ScannedFile scanned);
 
   void mapHandles() const;
   void refreshFields(RecordIndex record);

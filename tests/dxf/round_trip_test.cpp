@@ -4,6 +4,7 @@
 #include <fstream>
 #include <random>
 
+#include "platform/dxf/record_scan.h"
 #include "platform/dxf/structure.h"
 #include "tests/dxf/drawings.h"
 
@@ -21,8 +22,10 @@ TEST(RoundTrip, EveryFormComesBackAsItIs) {
   }
 }
 
-TEST(RoundTrip, OddFilesComeBackAsTheyAre) {
-  const std::pair<const char*, std::string> files[] = {
+using Files = std::vector<std::pair<const char*, std::string>>;
+
+Files oddFiles() {
+  return {
       {"text behind EOF", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\nmore\n0\n"},
       {"no line end at the end", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF"},
       {"no EOF", "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n  0\nENDSEC\n"},
@@ -36,7 +39,31 @@ TEST(RoundTrip, OddFilesComeBackAsTheyAre) {
       {"OBJECTS before ENTITIES",
        "0\nSECTION\n2\nOBJECTS\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n"},
   };
-  for (const auto& [name, bytes] : files) {
+}
+
+/// Files that aren't drawings behind what is said of them.
+Files badFiles() {
+  return {
+      {"f: the file is empty", ""},
+      {"f: a DWG file (AC1032), not a DXF file", std::string("AC1032\0\0\0", 9)},
+      {"f: line 1: \"Dear reader\" is no group code", "Dear reader\n\nthis is a letter\n"},
+      {"f: line 1: no DXF file: it doesn't begin with a record (group 0)", "\n\n\n"},
+      {"f: line 1: no DXF file: it doesn't begin with a record (group 0)", "  8\n0\n"},
+      {"f: line 1: no DXF file: it has no section", "0\nHELLO\n1\nx\n"},
+      {"f: line 7: the file ends inside a group", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10\n"},
+      {"f: line 7: the file ends inside a group", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10"},
+      {"f: line 7: the file ends inside the section ENTITIES",
+       "0\nSECTION\n2\nENTITIES\n0\nLINE\n"},
+      {"f: line 5: the file ends inside the section BLOCKS", "0\nSECTION\n2\nBLOCKS\n0\nEOF\n"},
+      {"f: line 7: \"lost line\" is no group code",
+       "0\nSECTION\n2\nENTITIES\n0\nLINE\nlost line\n8\n0\n"},
+      {"f: byte 50: the file ends inside a group",
+       write("0 SECTION\n2 ENTITIES\n0 LINE\n10 1.5", {"", kR2000, true}).substr(0, 59)},
+  };
+}
+
+TEST(RoundTrip, OddFilesComeBackAsTheyAre) {
+  for (const auto& [name, bytes] : oddFiles()) {
     const auto store = RecordStore::fromBytes(bytes);
     ASSERT_TRUE(store.ok()) << name << ": " << store.error().message;
     EXPECT_EQ(store.value()->toBytes(), bytes) << name;
@@ -47,27 +74,36 @@ TEST(RoundTrip, OddFilesComeBackAsTheyAre) {
 }
 
 TEST(RoundTrip, WhatIsNoDrawingIsRefusedWithItsLine) {
-  const std::pair<std::string, const char*> files[] = {
-      {"", "f: the file is empty"},
-      {std::string("AC1032\0\0\0", 9), "f: a DWG file (AC1032), not a DXF file"},
-      {"Dear reader\n\nthis is a letter\n", "f: line 1: \"Dear reader\" is no group code"},
-      {"\n\n\n", "f: line 1: no DXF file: it doesn't begin with a record (group 0)"},
-      {"  8\n0\n", "f: line 1: no DXF file: it doesn't begin with a record (group 0)"},
-      {"0\nHELLO\n1\nx\n", "f: line 1: no DXF file: it has no section"},
-      {"0\nSECTION\n2\nENTITIES\n0\nLINE\n10\n", "f: line 7: the file ends inside a group"},
-      {"0\nSECTION\n2\nENTITIES\n0\nLINE\n10", "f: line 7: the file ends inside a group"},
-      {"0\nSECTION\n2\nENTITIES\n0\nLINE\n",
-       "f: line 7: the file ends inside the section ENTITIES"},
-      {"0\nSECTION\n2\nBLOCKS\n0\nEOF\n", "f: line 5: the file ends inside the section BLOCKS"},
-      {"0\nSECTION\n2\nENTITIES\n0\nLINE\nlost line\n8\n0\n",
-       "f: line 7: \"lost line\" is no group code"},
-      {write("0 SECTION\n2 ENTITIES\n0 LINE\n10 1.5", {"", kR2000, true}).substr(0, 59),
-       "f: byte 50: the file ends inside a group"},
-  };
-  for (const auto& [bytes, message] : files) {
+  for (const auto& [message, bytes] : badFiles()) {
     const auto store = RecordStore::fromBytes(bytes, "f");
     ASSERT_FALSE(store.ok()) << message;
     EXPECT_EQ(store.error().message, message);
+  }
+}
+
+/// What a scan finds when so many bytes come at a time.
+std::string scanned(const std::string& bytes, std::size_t piece) {
+  const auto source = [&](std::size_t seen) {
+    return std::string_view(bytes).substr(0, seen + piece);
+  };
+  const Result<ScannedFile> file = scanRecords(source, "f");
+  if (!file) return file.error().message;
+  std::string found = std::to_string(file.value().recordsEnd);
+  for (std::size_t n = 0; n < file.value().records.size(); ++n) {
+    const RecordEntry& entry = file.value().records[n];
+    found += " " + std::to_string(entry.begin) + ":" + formatHandle(entry.handle) + ":" +
+             formatHandle(entry.owner) + ":" + std::to_string(entry.flags);
+  }
+  return found;
+}
+
+TEST(RoundTrip, AFileThatComesInPiecesIsReadAlike) {
+  Files files = oddFiles();
+  for (const auto& file : badFiles()) files.push_back(file);
+  for (const Form& form : allForms()) files.emplace_back("a sample", sampleDrawing(form));
+  for (const auto& [name, bytes] : files) {
+    const std::string whole = scanned(bytes, bytes.size() + 1);
+    for (const std::size_t piece : {1U, 31U, 200U}) EXPECT_EQ(scanned(bytes, piece), whole) << name;
   }
 }
 
