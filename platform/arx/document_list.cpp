@@ -39,6 +39,35 @@ bool modalOnTop() {
   return wait != nullptr && wait->kind == win::WaitKind::modalDialog;
 }
 
+/// Presses Cancel in the modal dialogs of commands whose drawing is being closed, from the
+/// innermost out. One that stays, or brings up another, is left to the user.
+class DialogsOfClosing : public win::PumpSource {
+ public:
+  DialogsOfClosing() { win::Pump::instance().addSource(win::kSentStrings, this); }
+
+  bool dispatchOne() override {
+    win::Pump& pump = win::Pump::instance();
+    if (!closes()) {
+      pressed_ = kNone;
+      return false;
+    }
+    if (!modalOnTop() || pump.depth() >= pressed_) return false;
+    pressed_ = pump.depth();
+    return pump.cancelTopWait();
+  }
+
+ private:
+  static bool closes() {
+    const auto& documents = DocumentList::instance().all();
+    return std::any_of(documents.begin(), documents.end(), [](const auto& document) {
+      return document->session().closing && !document->isQuiescent();
+    });
+  }
+
+  static constexpr size_t kNone = static_cast<size_t>(-1);
+  size_t pressed_ = kNone;  ///< how deep the dialog lay that was pressed last
+};
+
 }  // namespace
 
 AcApDocument* documentOfInnermostPrompt() {
@@ -49,7 +78,8 @@ AcApDocument* documentOfInnermostPrompt() {
 }
 
 DocumentList::DocumentList() {
-  static SentStrings source;
+  static SentStrings strings;
+  static DialogsOfClosing dialogs;
 }
 
 DocumentList& DocumentList::instance() {

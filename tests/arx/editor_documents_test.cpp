@@ -110,6 +110,26 @@ TEST_F(EditorDocuments, ClosingCancelsFirstAndTellsThen) {
   EXPECT_EQ(host::drawings().size(), 1U);
 }
 
+TEST_F(EditorDocuments, ClosingEndsTheDialogThatAPromptRunsInside) {
+  host::bindCommand(L"DIALOG", [] {
+    bool open = true;
+    win::Wait dialog;
+    dialog.kind = win::WaitKind::modalDialog;
+    dialog.cancel = [&] { open = false; };
+    win::Pump::instance().runUntil([&] { return !open; }, dialog);
+    events.push_back(open ? "left open" : "cancelled");
+  });
+  const auto pickInside = Step([] {
+    wchar_t text[40];
+    EXPECT_EQ(acedGetString(1, L"Inside: ", text), RTCAN);
+  });
+  user_.run({"DIALOG", pickInside, close(user_.first()), "CLAYER WIRES"});
+  host::unbindCommand(L"DIALOG");
+  EXPECT_EQ(events, std::vector<std::string>{"cancelled"});
+  EXPECT_EQ(host::drawings().size(), 1U);
+  EXPECT_EQ(user_.failure(), "");
+}
+
 TEST_F(EditorDocuments, ClosingBelowANestedIdleHost) {
   user_.run({"WAIT", activate(second_), close(user_.first()), "WAIT", "here"});
   EXPECT_EQ(events, (std::vector<std::string>{"sheet1.dxf cancelled in sheet1.dxf",
