@@ -179,7 +179,8 @@ dxf::RecordIndex ObjectTable::ownerOf(dxf::RecordIndex index) const {
 }
 
 bool ObjectTable::onLockedLayer(dxf::RecordIndex index) const {
-  if (!database_.layerLocks().any() || !isEntity(index)) return false;
+  // Not asked for layers themselves: each change of one has the locks collected again.
+  if (!isEntity(index) || !database_.layerLocks().any()) return false;
   dxf::RecordDraft draft;
   database_.store().load(index, draft);
   return database_.layerLocks().isLocked(
