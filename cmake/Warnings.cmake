@@ -6,8 +6,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+# The built files have the paths of the installed ones: else CMake leaves room for these as empty
+# parts, and the loader takes an empty part for the current folder.
 set(CMAKE_INSTALL_RPATH "$ORIGIN")
-set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 
 add_library(kovra_options INTERFACE)
 target_include_directories(kovra_options INTERFACE "${PROJECT_SOURCE_DIR}")

@@ -35,6 +35,11 @@ TEST_F(OptionsTest, HelpAndVersionGoToStandardOutput) {
   EXPECT_EQ(run({"--version"}).out.rfind("kovra ", 0), 0U);
 }
 
+TEST_F(OptionsTest, LibrariesInTheCurrentFolderAreNotLoaded) {
+  write("libm.so.6", "not a library");
+  EXPECT_EQ(run({"--version"}).status, 0);
+}
+
 TEST_F(OptionsTest, OutputNeverReplacesAnInput) {
   const std::string before = motorDrawing();
   write("a.dxf", before);
