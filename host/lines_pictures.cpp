@@ -1,75 +1,10 @@
 // Lines for pictures of what the screen shows.
 #include "host/line_handlers.h"
-#include "host/picture/dialog_draw.h"
-#include "host/picture/picture_draw.h"
-#include "platform/arx/database.h"
-#include "platform/arx/documents.h"
-#include "platform/arx/entity.h"
-#include "platform/arx/entity_order.h"
-#include "platform/arx/jig.h"
-#include "platform/arx/plot.h"
-#include "platform/arx/view.h"
-#include "platform/win/desktop.h"
+#include "host/picture_library.h"
 #include "platform/win/wide_text.h"
-#include "platform/win/window.h"
 
 namespace kovra::host {
 namespace {
-
-void widen(RECT& box, const RECT& other) {
-  box.left = std::min(box.left, other.left);
-  box.top = std::min(box.top, other.top);
-  box.right = std::max(box.right, other.right);
-  box.bottom = std::max(box.bottom, other.bottom);
-}
-
-/// The current drawing in its window, with the preview of a running drag.
-void drawDrawing(Canvas& canvas, Glyphs& glyphs, AcApDocument& document, const Bounds& place) {
-  const arx::View view = arx::currentView(document);
-  const double unit = view.unitsPerPixel();
-  Page page;
-  page.scale = 1 / unit;
-  page.width = static_cast<int>(place.right);
-  page.height = static_cast<int>(place.bottom);
-  const double left = view.center.x - arx::kWindowWidth * unit / 2;
-  const double bottom = view.center.y - arx::kWindowHeight * unit / 2;
-  page.low = {left - place.left * unit, bottom, 0};
-  PictureDraw draw(canvas, glyphs, page, Ground::kDark);
-  canvas.beginClip(place);
-  arx::plotSpace(*document.database(), arx::currentSpace(*document.database()), draw);
-  if (const AcEdJig* jig = arx::activeJig(); jig != nullptr && jig->entity() != nullptr)
-    jig->entity()->worldDraw(&draw);
-  canvas.endClip();
-}
-
-/// The drawing window with the dialogs on it; the picture is as large as both together.
-Result<void> pictureScreen(const std::filesystem::path& file, PictureForm form,
-                           const std::vector<HWND>& dialogs) {
-  const RECT window = win::screenPlace(win::drawingWindow());
-  RECT all = window;
-  for (const HWND dialog : dialogs) widen(all, win::screenPlace(dialog));
-  const auto canvas = makeCanvas(form, win::widthOf(all), win::heightOf(all), {171, 171, 171});
-  Glyphs glyphs;
-  const Bounds place{
-      static_cast<double>(window.left - all.left), static_cast<double>(window.top - all.top),
-      static_cast<double>(window.right - all.left), static_cast<double>(window.bottom - all.top)};
-  Path ground;
-  ground.box(place.left, place.top, place.right, place.bottom);
-  canvas->fill(ground, groundColor(Ground::kDark));
-  if (AcApDocument* document = acDocManagerPtr()->curDocument())
-    drawDrawing(*canvas, glyphs, *document, place);
-  DialogDraw draw(*canvas, glyphs, {all.left, all.top});
-  for (const HWND dialog : dialogs) draw.dialog(dialog);
-  return writePicture(file, *canvas);
-}
-
-Result<void> pictureDialog(const std::filesystem::path& file, PictureForm form, HWND dialog) {
-  const RECT place = win::screenPlace(dialog);
-  const auto canvas = makeCanvas(form, win::widthOf(place), win::heightOf(place), {});
-  Glyphs glyphs;
-  DialogDraw(*canvas, glyphs, {place.left, place.top}).dialog(dialog);
-  return writePicture(file, *canvas);
-}
 
 Result<void> pictureLine(LineContext&, Arguments& arguments) {
   const Result<std::wstring> name = arguments.word("a picture's name");
@@ -85,10 +20,10 @@ Result<void> pictureLine(LineContext&, Arguments& arguments) {
   const std::filesystem::path file = win::toUtf8(name.value());
   const Result<PictureForm> form = pictureForm(file);
   if (!form) return form.error();
-  const std::vector<HWND> dialogs = dialogsToDraw();
-  if (!alone) return pictureScreen(file, form.value(), dialogs);
-  if (dialogs.empty()) return Error{ErrorKind::kInvalidInput, "no dialog is open"};
-  return pictureDialog(file, form.value(), dialogs.back());
+  const Result<PictureLibrary> library = loadPictureLibrary();
+  if (!library) return library.error();
+  const auto draw = alone ? library.value().dialog : library.value().screen;
+  return draw(file, form.value());
 }
 
 constexpr LineHandler kLines[] = {{L"picture", pictureLine, true}};

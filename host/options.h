@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/picture/picture_draw.h"
+#include "platform/arx/geometry.h"
 
 namespace kovra::host {
 
@@ -47,6 +47,9 @@ struct ListOptions {
 struct CheckOptions {
   std::vector<std::filesystem::path> drawings;
 };
+
+/// Colors that a picture is drawn on.
+enum class Ground { kWhite, kDark };
 
 /// Options of `kovra plot`.
 struct PlotOptions {

@@ -1,19 +1,15 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "platform/dxf/result.h"
 
 namespace kovra::host {
 
-/// Where the parts of the installed program lie.
-struct ProgramFiles {
-  std::filesystem::path module;     ///< the library with the commands
-  std::filesystem::path resources;  ///< folder of the compiled resource files
-};
-
-/// Looks beside the program, then in ../lib/kovra. kNotFound when the module is in neither place.
-Result<ProgramFiles> findProgramFiles();
+/// A file of the installed program, of this name. Looks beside the program, then in ../lib/kovra;
+/// kNotFound when it is in neither place.
+Result<std::filesystem::path> findProgramFile(const std::string& name);
 
 /// Whether both names lead to the same existing file: through links, relative parts, hard links.
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b);

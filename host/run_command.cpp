@@ -43,11 +43,12 @@ bool checkPlaces(const RunOptions& options, ProgramErrors& errors) {
   return errors.status() == kExitDone;
 }
 
-void applySettings(const RunOptions& options, const ProgramFiles& files) {
+/// `resources`: the folder of the compiled resource files.
+void applySettings(const RunOptions& options, const path& resources) {
   win::RunSettings& settings = win::runSettings();
   settings.stateStore = options.stateStore;
   settings.registry = options.registry;
-  settings.resourceFolder = files.resources;
+  settings.resourceFolder = resources;
   settings.keepBackup = options.backup;
   settings.language = options.language.empty()   ? win::localeLanguage()
                       : options.language == "ja" ? win::Language::japanese
@@ -132,11 +133,11 @@ void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
   closeAll(errors);
 }
 
-void runSession(const RunOptions& options, const ProgramFiles& files, ProgramErrors& errors) {
-  applySettings(options, files);
+void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
+  applySettings(options, moduleFile.parent_path());
   const auto lines = openInput(options);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
-  TextModule module(files.module);
+  TextModule module(moduleFile);
   if (const auto loaded = module.load(); !loaded) {
     return errors.report(kExitFile, {}, loaded.error().message);
   }
@@ -158,12 +159,12 @@ int runDrawings(const RunOptions& given) {
   if (isInteractive(options)) options.keepGoing = true;
   ProgramErrors errors;
   if (!checkPlaces(options, errors)) return errors.status();
-  const Result<ProgramFiles> files = findProgramFiles();
-  if (!files) {
-    errors.report(kExitFile, {}, files.error().message);
+  const Result<path> module = findProgramFile("kovra_text.so");
+  if (!module) {
+    errors.report(kExitFile, {}, module.error().message);
     return errors.status();
   }
-  runSession(options, files.value(), errors);
+  runSession(options, module.value(), errors);
   win::interaction().freshLine();
   return errors.status();
 }

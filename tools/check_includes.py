@@ -31,6 +31,7 @@ ALLOWED = {
     "module/grid": ["module/frame"],
     "module/options": ["module/frame", "module/params", "module/grid"],
     "host": ["platform"],
+    "host/picture": ["host/options.h", "host/picture_library.h", "platform"],
 }
 
 # Single files that may include more than their folder.
@@ -44,7 +45,8 @@ EXCEPTIONS = {
 LIBRARIES = {
     "platform/dxf": ["iconv.h"],
     "companions": ["sqlite3.h"],
-    "host": ["CLI/", "nlohmann/", "histedit.h", "editline/", "cairo.h", "pango/"],
+    "host": ["CLI/", "nlohmann/", "histedit.h", "editline/"],
+    "host/picture": ["cairo.h", "pango/"],
 }
 
 # Folders whose code must not know what operating system it runs on.

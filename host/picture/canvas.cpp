@@ -3,16 +3,8 @@
 #include "host/picture/png_canvas.h"
 #include "host/picture/svg_canvas.h"
 #include "platform/dxf/atomic_file.h"
-#include "platform/win/wide_text.h"
 
 namespace kovra::host {
-
-Result<PictureForm> pictureForm(const std::filesystem::path& file) {
-  const std::wstring end = win::fromUtf8(file.extension().string());
-  if (win::equalNoCase(end, L".svg")) return PictureForm::kSvg;
-  if (win::equalNoCase(end, L".png")) return PictureForm::kPng;
-  return Error{ErrorKind::kInvalidInput, file.string() + ": a picture's name ends in .svg or .png"};
-}
 
 std::unique_ptr<Canvas> makeCanvas(PictureForm form, int width, int height, Rgb ground) {
   if (form == PictureForm::kSvg) return std::make_unique<SvgCanvas>(width, height, ground);

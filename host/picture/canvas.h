@@ -8,6 +8,7 @@
 
 #include "host/picture/glyphs.h"
 #include "host/picture/path.h"
+#include "host/picture_library.h"
 #include "platform/dxf/result.h"
 
 namespace kovra::host {
@@ -29,11 +30,6 @@ class Canvas {
   /// The picture as the bytes of its file. Nothing may be drawn afterwards.
   virtual Result<std::string> finish() = 0;
 };
-
-enum class PictureForm { kSvg, kPng };
-
-/// By the end of the file's name, ".svg" or ".png" in whatever case.
-Result<PictureForm> pictureForm(const std::filesystem::path& file);
 
 /// A canvas of this size in pixels, filled with the ground's color. Sides are at most 32,000 pixels
 /// in a PNG.

@@ -2,14 +2,13 @@
 
 #include <vector>
 
+#include "host/options.h"
 #include "host/picture/canvas.h"
 #include "platform/arx/extents.h"
 #include "platform/arx/gi.h"
 
 namespace kovra::host {
 
-/// Colors that a picture is drawn on.
-enum class Ground { kWhite, kDark };
 Rgb groundColor(Ground ground);
 /// The color on that ground: what is white by its index is black on white.
 Rgb inkColor(const AcCmEntityColor& color, Ground ground);

@@ -27,6 +27,9 @@ CASES = [
     ("companions/a.cpp", "#include <sqlite3.h>", True),
     ("host/a.cpp", '#include "module/frame/commands.h"', False),
     ("host/a.cpp", "#include <nlohmann/json.hpp>", True),
+    ("host/a.cpp", "#include <cairo.h>", False),
+    ("host/picture/a.cpp", "#include <cairo.h>", True),
+    ("host/picture/a.cpp", '#include "host/b.h"', False),
     ("platform/arx/a.cpp", "#include <nlohmann/json.hpp>", False),
     ("host/a.cpp", '#include "platform/arx/missing.h"', False),
 ]

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "host/picture_library.h"
+
+namespace kovra::host {
+
+// The functions of PictureLibrary.
+Result<arx::KindCounts> plotPicture(const PlotOptions& options, PictureForm form);
+Result<void> pictureScreen(const std::filesystem::path& file, PictureForm form);
+Result<void> pictureDialog(const std::filesystem::path& file, PictureForm form);
+
+}  // namespace kovra::host

@@ -1,0 +1,48 @@
+#include "host/picture/picture_draw.h"
+#include "host/picture/pictures.h"
+#include "platform/arx/database.h"
+#include "platform/dxf/structure.h"
+
+namespace kovra::host {
+namespace {
+
+/// Round what the whole drawing shows, as a share of its longer side.
+constexpr double kMargin = 0.02;
+/// What an empty drawing shows.
+constexpr AcGePoint3d kEmptyCorner{420, 297, 0};
+
+/// Model space, unless only the paper has something on it.
+dxf::BlockNumber spaceToPlot(const dxf::Structure& structure) {
+  const dxf::BlockNumber paper = structure.paperSpace();
+  const bool empty = structure.firstEntity(dxf::kModelSpace) == dxf::kNoRecord;
+  return empty && structure.firstEntity(paper) != dxf::kNoRecord ? paper : dxf::kModelSpace;
+}
+
+Page wholePage(const AcDbDatabase& database, dxf::BlockNumber space, int size) {
+  ExtentsDraw measure;
+  arx::plotSpace(database, space, measure);
+  const AcDbExtents& extents = measure.extents();
+  if (!extents.isValid()) return pageFor({}, kEmptyCorner, size, 0);
+  return pageFor(extents.minPoint(), extents.maxPoint(), size, kMargin);
+}
+
+}  // namespace
+
+Result<arx::KindCounts> plotPicture(const PlotOptions& options, PictureForm form) {
+  AcDbDatabase database(false);
+  if (const Result<void> opened = database.open(options.drawing.string()); !opened)
+    return opened.error();
+  const dxf::BlockNumber space = spaceToPlot(database.structure());
+  const Page page = options.window
+                        ? pageFor(options.window->low, options.window->high, options.size, 0)
+                        : wholePage(database, space, options.size);
+  const auto canvas = makeCanvas(form, page.width, page.height, groundColor(options.ground));
+  Glyphs glyphs;
+  PictureDraw draw(*canvas, glyphs, page, options.ground);
+  arx::KindCounts missing = arx::plotSpace(database, space, draw);
+  if (const Result<void> written = writePicture(options.output, *canvas); !written)
+    return written.error();
+  return missing;
+}
+
+}  // namespace kovra::host
