@@ -220,6 +220,11 @@ Result<void> RecordScanner::checkEnd(GroupStatus status) const {
     return fault(sawEof_ ? file_.data() + out_.records[out_.records.size() - 1].begin : position_,
                  "the file ends inside the section " + sectionName_);
   }
+  const RecordEntry& last = out_.records[out_.records.size() - 1];
+  const bool openLine = !out_.dialect.binary && position_ == end() && !file_.ends_with('\n');
+  if (openLine && last.kind == RecordKind::kOther && last.section == SectionKind::kNone) {
+    return fault(file_.data() + last.begin, "the file ends inside a group");  // such as EO of EOF
+  }
   if (out_.structural.empty() && out_.records[0].kind == RecordKind::kOther) {
     return fault(file_.data() + out_.records[0].begin, "no DXF file: it has no section");
   }

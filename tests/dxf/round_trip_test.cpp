@@ -52,6 +52,7 @@ Files badFiles() {
       {"f: line 1: no DXF file: it has no section", "0\nHELLO\n1\nx\n"},
       {"f: line 7: the file ends inside a group", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10\n"},
       {"f: line 7: the file ends inside a group", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10"},
+      {"f: line 7: the file ends inside a group", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEO"},
       {"f: line 7: the file ends inside the section ENTITIES",
        "0\nSECTION\n2\nENTITIES\n0\nLINE\n"},
       {"f: line 5: the file ends inside the section BLOCKS", "0\nSECTION\n2\nBLOCKS\n0\nEOF\n"},
