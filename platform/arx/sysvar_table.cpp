@@ -10,6 +10,7 @@
 #include "platform/arx/typed_point.h"
 #include "platform/arx/ucs.h"
 #include "platform/arx/view.h"
+#include "platform/dxf/structure.h"
 #include "platform/win/wide_text.h"
 
 namespace kovra::arx {
@@ -93,6 +94,10 @@ Result<void> acceptName(AcApDocument& document, VariableValue& value, const char
 }
 
 Result<void> acceptLayer(AcApDocument& document, VariableValue& value) {
+  // Every drawing has layer 0, also one whose table doesn't list it.
+  const dxf::Structure& structure = document.database()->structure();
+  if (value.text == L"0" && structure.findEntry(dxf::TableKind::kLayer, L"0") == dxf::kNoRecord)
+    return {};
   return acceptName<AcDbLayerTable, AcDbLayerTableRecord>(
       document, value, "layer", [](const AcDbLayerTableRecord& layer) -> Result<void> {
         if (layer.isFrozen()) return refused("A frozen layer can't be made current");

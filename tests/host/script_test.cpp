@@ -192,6 +192,14 @@ TEST_F(ScriptTest, FailedRunKeepsWhatWasSavedBefore) {
   EXPECT_TRUE(contains(read("a.dxf"), "$DIMSCALE\n 40\n3.0\n"));
 }
 
+TEST_F(ScriptTest, Layer0IsThereWithoutATable) {
+  write("bare.dxf", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
+  const ProgramRun result =
+      runScript("-LAYER\nMake\nX\nSet\n0\n\n@show CLAYER\n@refused CLAYER Y\n", {"bare.dxf"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_TRUE(contains(result.out, "CLAYER=\"0\"")) << result.out;
+}
+
 TEST_F(ScriptTest, ReloadForgetsWhatTheModuleRemembered) {
   write("p/project.ini", "[Project]\nDataVersion=12.0\n");
   DrawingForm form;
