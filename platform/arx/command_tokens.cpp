@@ -151,8 +151,8 @@ int runTokens(const resbuf* list) {
 /// The element of a variable argument list of this type.
 resbuf* tokenOf(int type, std::va_list& arguments) {
   // The branches take arguments of different types.
-  switch (type) {  // NOLINT(bugprone-branch-clone)
-    case RTSTR:
+  switch (type) {
+    case RTSTR:  // NOLINT(bugprone-branch-clone)
       return acutBuildList(type, va_arg(arguments, const ACHAR*), RTNONE);
     case RTREAL:
     case RTANG:
