@@ -120,10 +120,10 @@ std::optional<AcGePoint3d> readPoint(const dxf::RecordDraft& draft, Property pro
 
 namespace {
 
+/// `inside`: the first groups belong to the property's subclass.
 template <class Reader>
-std::optional<std::string_view> scan(Reader reader, Property property) {
+std::optional<std::string_view> scan(Reader reader, Property property, bool inside) {
   dxf::GroupView group;
-  bool inside = false;
   while (reader.next(group) == dxf::GroupStatus::kOk) {
     if (group.code == 100) {
       inside = group.value() == property.subclass;
@@ -136,12 +136,29 @@ std::optional<std::string_view> scan(Reader reader, Property property) {
   return std::nullopt;
 }
 
+/// What follows the first marker of a subclass in an ASCII record; empty if there is none, or if
+/// the name stands elsewhere before it. Searching for the line costs less than reading all groups
+/// up to it; being no number, the name is a value, and its code is the line before.
+std::string_view behindMarker(std::string_view record, std::string_view subclass) {
+  const std::size_t name = record.find(subclass);
+  if (name == std::string_view::npos || name < 2 || record[name - 1] != '\n') return {};
+  const char* const codeBegin = record.data() + record.rfind('\n', name - 2) + 1;
+  std::int32_t code = 0;
+  const bool isMarker =
+      dxf::parseCode(codeBegin, record.data() + name - 1, code) && code == kMarker;
+  const std::string_view rest = record.substr(name + subclass.size());
+  if (!isMarker || !(rest.starts_with('\n') || rest.starts_with("\r\n"))) return {};
+  return rest.substr(rest.find('\n') + 1);
+}
+
 }  // namespace
 
 std::optional<std::string_view> scanText(std::string_view record, const dxf::Dialect& dialect,
                                          Property property) {
-  if (dialect.binary) return scan(dxf::BinaryReader(record, dialect.wideCodes), property);
-  return scan(dxf::AsciiReader(record), property);
+  if (dialect.binary) return scan(dxf::BinaryReader(record, dialect.wideCodes), property, false);
+  const std::string_view below = behindMarker(record, property.subclass);
+  if (!below.empty()) return scan(dxf::AsciiReader(below), property, true);
+  return scan(dxf::AsciiReader(record), property, false);
 }
 
 bool RecordEdit::loadOriginal(dxf::RecordDraft& draft) const {

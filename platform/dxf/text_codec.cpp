@@ -180,7 +180,9 @@ bool isPlainText(std::string_view bytes) {
 
 void TextCodec::decode(std::string_view bytes, std::wstring& out) const {
   if (isPlainText(bytes)) {
-    out.assign(bytes.begin(), bytes.end());
+    // Not assign(): between types of character it makes a string for itself first.
+    out.resize(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), out.begin());
     return;
   }
   out.clear();
