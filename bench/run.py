@@ -26,7 +26,7 @@ def options():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build", type=Path)
     parser.add_argument("--sizes", default="5,50,200", help="megabytes")
-    parser.add_argument("--runs", type=int, default=3, help="the best counts")
+    parser.add_argument("--runs", type=int, default=3, help="the best counts; short ones get more, chance weighs more there")
     parser.add_argument("--ezdxf-up-to", type=float, default=50, help="megabytes; one run, it takes its time")
     parser.add_argument("--patterns", default="50,100,200", help="rows, and as many columns; over ten texts")
     parser.add_argument("--arrays", default="10,30,100", help="rows, and as many columns")
@@ -62,7 +62,7 @@ def is_right(build, source, target, edits):
 def measure_all(arguments, size, source, target):
     """Name -> result; the programs take turns, so that none has the quiet minute of the machine for itself."""
     build, results = arguments.build, {}
-    for turn in range(arguments.runs):
+    for turn in range(arguments.runs * max(1, round(50 / size))):
         for name, command, edits in programs(build, source, target):
             slow = name.startswith("ezdxf")
             if slow and size > arguments.ezdxf_up_to:

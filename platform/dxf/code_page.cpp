@@ -53,25 +53,36 @@ std::int64_t convertOne(const Converter& converter, std::string_view bytes, char
 }  // namespace
 
 CodePage::CodePage(const std::string& converterName)
-    : name_(converterName.empty() ? "ISO-8859-1" : converterName) {
+    : name_(converterName.empty() ? "ISO-8859-1" : converterName) {}
+
+CodePage::Table& CodePage::table() const {
+  if (table_ == nullptr) {
+    table_ = std::make_unique<Table>();
+    fill(*table_);
+  }
+  return *table_;
+}
+
+void CodePage::fill(Table& table) const {
   const Converter converter(kUnicode, name_);
-  for (unsigned n = 0; n < upper_.size(); ++n) {
+  for (unsigned n = 0; n < table.upper.size(); ++n) {
     const char byte = static_cast<char>(0x80 + n);
-    char32_t& entry = upper_[n];
+    char32_t& entry = table.upper[n];
     entry = 0x80 + n;
     if (converter.valid()) {
       const std::int64_t size = convertOne(converter, {&byte, 1}, entry);
       if (size < 0) entry = size == -EINVAL ? kLead : kInvalid;
     }
-    if (entry == kLead) twoBytes_ = true;
-    if (entry < kUnknown) bytes_.emplace(entry, static_cast<unsigned char>(byte));
+    if (entry == kLead) table.twoBytes = true;
+    if (entry < kUnknown) table.bytes.emplace(entry, static_cast<unsigned char>(byte));
   }
 }
 
 char32_t CodePage::pair(unsigned char lead, unsigned char trail) const {
   constexpr std::size_t kPairs = 0x8000;
-  if (pairs_.empty()) pairs_.assign(kPairs, kUnknown);
-  char32_t& entry = pairs_[((lead & 0x7fU) << 8U) | trail];
+  std::vector<char32_t>& pairs = table().pairs;
+  if (pairs.empty()) pairs.assign(kPairs, kUnknown);
+  char32_t& entry = pairs[((lead & 0x7fU) << 8U) | trail];
   if (entry == kUnknown) {
     const char bytes[] = {static_cast<char>(lead), static_cast<char>(trail)};
     if (convertOne(Converter(kUnicode, name_), {bytes, 2}, entry) < 0) entry = kInvalid;
@@ -86,7 +97,7 @@ bool CodePage::decode(std::string_view bytes, std::size_t& at, char32_t& charact
     ++at;
     return true;
   }
-  char32_t entry = upper_[first - 0x80U];
+  char32_t entry = table().upper[first - 0x80U];
   std::size_t size = 1;
   if (entry == kLead) {
     if (at + 1 == bytes.size()) return false;
@@ -104,11 +115,12 @@ bool CodePage::encode(char32_t character, std::string& out) const {
     out.push_back(static_cast<char>(character));
     return true;
   }
-  if (const auto found = bytes_.find(character); found != bytes_.end()) {
+  const Table& known = table();
+  if (const auto found = known.bytes.find(character); found != known.bytes.end()) {
     out.push_back(static_cast<char>(found->second));
     return true;
   }
-  if (!twoBytes_) return false;
+  if (!known.twoBytes) return false;
   const Converter converter(name_, kUnicode);
   char bytes[8];
   const std::string_view from(reinterpret_cast<const char*>(&character), sizeof character);

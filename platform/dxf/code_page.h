@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -9,7 +10,9 @@
 
 namespace kovra::dxf {
 
-/// One legacy code page: characters of one or two bytes that agree with ASCII below 0x80.
+/// One legacy code page: characters of one or two bytes that agree with ASCII below 0x80. Its table
+/// is made with the first character beyond ASCII: many drawings have none. Not safe to share between
+/// threads.
 class CodePage {
  public:
   /// `converterName` is a name that iconv knows. A page that iconv doesn't know becomes Latin-1.
@@ -26,13 +29,19 @@ class CodePage {
   static constexpr char32_t kLead = 0xfffffffe;
   static constexpr char32_t kUnknown = 0xfffffffd;
 
+  struct Table {
+    std::array<char32_t, 128> upper;  ///< what the bytes from 0x80 on are
+    std::unordered_map<char32_t, unsigned char> bytes;
+    bool twoBytes = false;
+    std::vector<char32_t> pairs;  ///< by both bytes, filled as pairs are met
+  };
+
+  Table& table() const;
+  void fill(Table& table) const;
   char32_t pair(unsigned char lead, unsigned char trail) const;
 
   std::string name_;
-  std::array<char32_t, 128> upper_;  ///< what the bytes from 0x80 on are
-  std::unordered_map<char32_t, unsigned char> bytes_;
-  bool twoBytes_ = false;
-  mutable std::vector<char32_t> pairs_;  ///< by both bytes, filled as pairs are met
+  mutable std::unique_ptr<Table> table_;
 };
 
 /// The iconv name for a $DWGCODEPAGE value (ANSI_932, dos850, MAC-ROMAN ...); empty for names that

@@ -14,7 +14,7 @@ namespace kovra::dxf {
 namespace {
 
 /// So much is read at a time; files up to this size at once.
-constexpr std::size_t kPiece = std::size_t{512} << 10U;
+constexpr std::size_t kPiece = std::size_t{128} << 10U;
 
 FileStamp stampFrom(const struct stat& status) {
   return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
