@@ -1,17 +1,9 @@
 #include "host/picture_library.h"
 
-#include "host/program_files.h"
-#include "platform/win/loader.h"
+#include "host/program_library.h"
 #include "platform/win/wide_text.h"
 
 namespace kovra::host {
-namespace {
-
-Error cannotDraw(const std::string& reason) {
-  return {ErrorKind::kNotReadable, "no picture can be drawn: " + reason};
-}
-
-}  // namespace
 
 Result<PictureForm> pictureForm(const std::filesystem::path& file) {
   const std::wstring end = win::fromUtf8(file.extension().string());
@@ -21,14 +13,10 @@ Result<PictureForm> pictureForm(const std::filesystem::path& file) {
 }
 
 Result<PictureLibrary> loadPictureLibrary() {
-  const Result<std::filesystem::path> file = findProgramFile("kovra_picture.so");
-  if (!file) return file.error();
-  const win::LoadResult loaded = win::loadLibrary(file.value());
-  if (!loaded) return cannotDraw(loaded.error);
-  const auto exported = reinterpret_cast<decltype(&kovraPictureLibrary)>(
-      win::exportByName(loaded.module, "kovraPictureLibrary"));
-  if (exported == nullptr) return cannotDraw(file.value().string() + " is another library");
-  return *exported();
+  const auto library = loadProgramExport<decltype(kovraPictureLibrary)>(
+      "kovra_picture.so", "kovraPictureLibrary", "no picture can be drawn");
+  if (!library) return library.error();
+  return *library.value()();
 }
 
 }  // namespace kovra::host

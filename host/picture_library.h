@@ -24,8 +24,7 @@ struct PictureLibrary {
   Result<void> (*dialog)(const std::filesystem::path& file, PictureForm form);
 };
 
-/// Loads it if it isn't loaded yet; it stays until the program ends. kNotFound without its file,
-/// kNotReadable when it or a library that it needs can't be loaded.
+/// kNotFound, kNotReadable: see loadProgramExport().
 Result<PictureLibrary> loadPictureLibrary();
 
 }  // namespace kovra::host

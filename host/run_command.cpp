@@ -5,7 +5,7 @@
 
 #include "host/line_runner.h"
 #include "host/program_files.h"
-#include "host/terminal.h"
+#include "host/terminal_library.h"
 #include "host/text_module.h"
 #include "platform/arx/host_api.h"
 #include "platform/win/interaction.h"
@@ -106,14 +106,11 @@ void closeAll(ProgramErrors& errors) {
 }
 
 bool isInteractive(const RunOptions& options) {
-  return options.script.empty() && options.commands.empty() && Terminal::isThere();
+  return options.script.empty() && options.commands.empty() && terminalIsThere();
 }
 
 Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options) {
-  if (isInteractive(options)) {
-    const bool saves = options.saveAll || !options.output.empty();
-    return std::unique_ptr<LineSource>(std::make_unique<Terminal>(saves));
-  }
+  if (isInteractive(options)) return openTerminal(options.saveAll || !options.output.empty());
   auto lines = BatchLines::open(options.commands, options.script);
   if (!lines) return lines.error();
   return std::unique_ptr<LineSource>(std::move(lines).value());

@@ -31,6 +31,7 @@ ALLOWED = {
     "module/grid": ["module/frame"],
     "module/options": ["module/frame", "module/params", "module/grid"],
     "host": ["platform"],
+    "host/terminal": ["host/line_source.h", "host/terminal_library.h", "platform"],
     "host/picture": ["host/options.h", "host/picture_library.h", "platform"],
 }
 
@@ -45,7 +46,8 @@ EXCEPTIONS = {
 LIBRARIES = {
     "platform/dxf": ["iconv.h"],
     "companions": ["sqlite3.h"],
-    "host": ["CLI/", "nlohmann/", "histedit.h", "editline/"],
+    "host": ["CLI/", "nlohmann/"],
+    "host/terminal": ["histedit.h"],
     "host/picture": ["cairo.h", "pango/"],
 }
 

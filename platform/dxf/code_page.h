@@ -11,8 +11,8 @@
 namespace kovra::dxf {
 
 /// One legacy code page: characters of one or two bytes that agree with ASCII below 0x80. Its table
-/// is made with the first character beyond ASCII: many drawings have none. Not safe to share between
-/// threads.
+/// is made with the first character beyond ASCII: many drawings have none. Not safe to share
+/// between threads.
 class CodePage {
  public:
   /// `converterName` is a name that iconv knows. A page that iconv doesn't know becomes Latin-1.

@@ -15,14 +15,10 @@ namespace kovra::host {
 /// the user's dialog store; where it can't be, it lasts for the run.
 class Terminal : public LineSource {
  public:
-  /// `savesAtEnd`: changes are written when the input ends, so there is nothing to warn of.
   explicit Terminal(bool savesAtEnd);
   ~Terminal() override;
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
-
-  /// True when standard input and output are terminals.
-  static bool isThere();
 
   std::optional<InputLine> next() override;
 

@@ -1,6 +1,4 @@
-#include "host/terminal.h"
-
-#include <unistd.h>
+#include "host/terminal/terminal.h"
 
 #include <clocale>
 #include <csignal>
@@ -31,10 +29,6 @@ std::string promptOfWait() {
 }
 
 }  // namespace
-
-bool Terminal::isThere() {
-  return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
-}
 
 Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
   std::setlocale(LC_CTYPE, "");  // how wide characters are typed and shown
