@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build make git ccache
-  libcli11-dev nlohmann-json3-dev libedit-dev libsqlite3-dev libgtest-dev libbenchmark-dev
+  libcli11-dev nlohmann-json3-dev libedit-dev libsqlite3-dev libgtest-dev
   libpango1.0-dev pkg-config fonts-dejavu-core fonts-vlgothic
   binutils-mingw-w64-x86-64 g++-mingw-w64-x86-64
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
