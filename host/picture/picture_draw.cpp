@@ -100,7 +100,7 @@ class PictureDraw::Traits : public AcGiSubEntityTraits {
   Rgb ink_;
 };
 
-class PictureDraw::Geometry : public AcGiGeometry {
+class PictureDraw::Geometry : public arx::TransformedGeometry {
  public:
   Geometry(PictureDraw& owner, Canvas& canvas, Glyphs& glyphs, const Page& page)
       : owner_(owner), canvas_(canvas), glyphs_(glyphs), page_(page) {}
@@ -116,11 +116,6 @@ class PictureDraw::Geometry : public AcGiGeometry {
   Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
                       const AcGeVector3d& direction, double height, double width, double oblique,
                       const ACHAR* message) const override;
-  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override {
-    transforms_.push(matrix);
-    return true;
-  }
-  Adesk::Boolean popModelTransform() override { return transforms_.pop(); }
 
  private:
   bool chain(Adesk::UInt32 count, const AcGePoint3d* points) const;
@@ -131,7 +126,6 @@ class PictureDraw::Geometry : public AcGiGeometry {
   Canvas& canvas_;
   Glyphs& glyphs_;
   Page page_;
-  arx::ModelTransforms transforms_;
   mutable Path path_;  ///< storage of the shape in hand
 };
 
@@ -144,7 +138,7 @@ bool PictureDraw::Geometry::isOnPage(const Bounds& box) const {
 bool PictureDraw::Geometry::chain(Adesk::UInt32 count, const AcGePoint3d* points) const {
   path_.clear();
   for (Adesk::UInt32 i = 0; i < count; ++i) {
-    const AcGePoint3d point = AcGePoint3d(points[i]).transformBy(transforms_.current());
+    const AcGePoint3d point = AcGePoint3d(points[i]).transformBy(toWorld());
     if (!isFinite(point)) return false;
     const Spot spot = page_.toPixel(point);
     if (i == 0)
@@ -178,10 +172,10 @@ Adesk::Boolean PictureDraw::Geometry::circularArc(const AcGePoint3d& center, dou
   const AcGeVector3d v = normal.normal().crossProduct(u);
   AcGeMatrix3d axes;
   axes.setCoordSystem(center, u, v, normal.normal());
-  const AcGeMatrix3d toWorld = transforms_.current() * axes;
+  const AcGeMatrix3d place = toWorld() * axes;
   bool finite = true;
   const auto spot = [&](AcGePoint3d point) {
-    point.transformBy(toWorld);
+    point.transformBy(place);
     finite = finite && isFinite(point);
     return page_.toPixel(point);
   };
@@ -198,8 +192,7 @@ Adesk::Boolean PictureDraw::Geometry::text(const AcGePoint3d& position, const Ac
                                            const AcGeVector3d& direction, double height,
                                            double width, double oblique,
                                            const ACHAR* message) const {
-  const TextAxes axes =
-      textAxes(position, normal, direction, height, width, oblique, transforms_.current());
+  const TextAxes axes = textAxes(position, normal, direction, height, width, oblique, toWorld());
   if (!isFinite(axes.origin) || !isFinite(axes.along.asPoint()) || !isFinite(axes.up.asPoint()))
     return true;
   const std::vector<arx::TextCharacter> characters = arx::textCharacters(message);
@@ -264,7 +257,7 @@ AcGiSubEntityTraits& PictureDraw::subEntityTraits() const {
   return *traits_;
 }
 
-class ExtentsDraw::Geometry : public AcGiGeometry {
+class ExtentsDraw::Geometry : public arx::TransformedGeometry {
  public:
   explicit Geometry(ExtentsDraw& owner) : owner_(owner) {}
 
@@ -272,26 +265,19 @@ class ExtentsDraw::Geometry : public AcGiGeometry {
     return drawable != nullptr && drawable->worldDraw(&owner_);
   }
   Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points) const override {
-    for (Adesk::UInt32 i = 0; i < count; ++i)
-      add(AcGePoint3d(points[i]).transformBy(transforms_.current()));
+    for (Adesk::UInt32 i = 0; i < count; ++i) add(AcGePoint3d(points[i]).transformBy(toWorld()));
     return true;
   }
   Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
                       const AcGeVector3d& direction, double height, double width, double oblique,
                       const ACHAR* message) const override {
-    const TextAxes axes =
-        textAxes(position, normal, direction, height, width, oblique, transforms_.current());
+    const TextAxes axes = textAxes(position, normal, direction, height, width, oblique, toWorld());
     const AcGeVector3d length = axes.along * arx::lineAdvance(message);
     for (const AcGePoint3d& corner :
          {axes.origin, axes.origin + length, axes.origin + axes.up, axes.origin + length + axes.up})
       add(corner);
     return true;
   }
-  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override {
-    transforms_.push(matrix);
-    return true;
-  }
-  Adesk::Boolean popModelTransform() override { return transforms_.pop(); }
 
  private:
   void add(const AcGePoint3d& point) const {
@@ -299,7 +285,6 @@ class ExtentsDraw::Geometry : public AcGiGeometry {
   }
 
   ExtentsDraw& owner_;
-  arx::ModelTransforms transforms_;
 };
 
 ExtentsDraw::ExtentsDraw() : geometry_(std::make_unique<Geometry>(*this)) {}

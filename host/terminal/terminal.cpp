@@ -136,7 +136,9 @@ int Terminal::askBox(const std::vector<int>& buttons) {
   std::string prompt;
   for (const int button : buttons) {
     const char* name = win::answerName(button);
-    if (name != nullptr) prompt += (prompt.empty() ? " <" : "/") + std::string(name);
+    if (name == nullptr) continue;
+    prompt += prompt.empty() ? " <" : "/";
+    prompt += name;
   }
   win::interaction().freshLine();
   while (const std::optional<std::string> line = readLine(prompt + "> ")) {

@@ -9,7 +9,7 @@ namespace kovra::arx {
 using dxf::RecordKind;
 
 /// Keeps chains of points and filled faces; curves come in chords.
-class ShapeReader::Chains : public AcGiGeometry {
+class ShapeReader::Chains : public TransformedGeometry {
  public:
   explicit Chains(std::vector<DrawnShape>& shapes) : shapes_(shapes) {}
 
@@ -28,22 +28,16 @@ class ShapeReader::Chains : public AcGiGeometry {
                       double, const ACHAR*) const override {
     return false;
   }
-  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override {
-    transforms_.push(matrix);
-    return true;
-  }
-  Adesk::Boolean popModelTransform() override { return transforms_.pop(); }
 
  private:
   DrawnShape& add(Adesk::UInt32 count, const AcGePoint3d* points) const {
     DrawnShape& shape = shapes_.emplace_back();
     shape.points.assign(points, points + count);
-    for (AcGePoint3d& point : shape.points) point.transformBy(transforms_.current());
+    for (AcGePoint3d& point : shape.points) point.transformBy(toWorld());
     return shape;
   }
 
   std::vector<DrawnShape>& shapes_;
-  ModelTransforms transforms_;
 };
 
 const std::vector<DrawnShape>& ShapeReader::read(dxf::RecordIndex record,

@@ -54,14 +54,15 @@ AcGiSubEntityTraits& AcGiWorldDraw::subEntityTraits() const {
 
 namespace kovra::arx {
 
-void ModelTransforms::push(const AcGeMatrix3d& matrix) {
-  outer_.push_back(current_);
-  current_ = current_ * matrix;
+Adesk::Boolean TransformedGeometry::pushModelTransform(const AcGeMatrix3d& matrix) {
+  outer_.push_back(toWorld_);
+  toWorld_ = toWorld_ * matrix;
+  return true;
 }
 
-bool ModelTransforms::pop() {
+Adesk::Boolean TransformedGeometry::popModelTransform() {
   if (outer_.empty()) return false;
-  current_ = outer_.back();
+  toWorld_ = outer_.back();
   outer_.pop_back();
   return true;
 }

@@ -72,17 +72,19 @@ class AcGiDrawable : public AcRxObject {
 
 namespace kovra::arx {
 
-/// The model transforms of a context.
-class ModelTransforms {
+/// A geometry that keeps the model transforms itself.
+class TransformedGeometry : public AcGiGeometry {
  public:
-  void push(const AcGeMatrix3d& matrix);
+  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override;
   /// False when nothing was pushed.
-  bool pop();
+  Adesk::Boolean popModelTransform() override;
+
+ protected:
   /// From the present coordinates to the world's.
-  const AcGeMatrix3d& current() const { return current_; }
+  const AcGeMatrix3d& toWorld() const { return toWorld_; }
 
  private:
-  AcGeMatrix3d current_;
+  AcGeMatrix3d toWorld_;
   std::vector<AcGeMatrix3d> outer_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace kovra::arx {
 
-class Sketch::Geometry : public AcGiGeometry {
+class Sketch::Geometry : public TransformedGeometry {
  public:
   explicit Geometry(Sketch& sketch) : sketch_(sketch) {}
 
@@ -13,27 +13,20 @@ class Sketch::Geometry : public AcGiGeometry {
   }
   Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points) const override {
     std::vector<AcGePoint3d>& line = sketch_.polylines_.emplace_back(points, points + count);
-    for (AcGePoint3d& point : line) point.transformBy(transforms_.current());
+    for (AcGePoint3d& point : line) point.transformBy(toWorld());
     return true;
   }
   Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d&,
                       const AcGeVector3d& direction, double height, double width, double,
                       const ACHAR* message) const override {
-    const AcGeMatrix3d& toWorld = transforms_.current();
-    sketch_.texts_.push_back({AcGePoint3d(position).transformBy(toWorld),
-                              AcGeVector3d(direction).transformBy(toWorld), height, width,
+    sketch_.texts_.push_back({AcGePoint3d(position).transformBy(toWorld()),
+                              AcGeVector3d(direction).transformBy(toWorld()), height, width,
                               message});
     return true;
   }
-  Adesk::Boolean pushModelTransform(const AcGeMatrix3d& matrix) override {
-    transforms_.push(matrix);
-    return true;
-  }
-  Adesk::Boolean popModelTransform() override { return transforms_.pop(); }
 
  private:
   Sketch& sketch_;
-  ModelTransforms transforms_;
 };
 
 Sketch::Sketch() : geometry_(std::make_unique<Geometry>(*this)) {}

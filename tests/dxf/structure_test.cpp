@@ -12,8 +12,8 @@ std::string entities(const Structure& structure, const RecordStore& store, Block
   std::string list;
   RecordIndex entity = structure.firstEntity(number);
   for (; entity != kNoRecord; entity = structure.nextEntity(number, entity)) {
-    list += (list.empty() ? "" : " ") + std::string(store.typeName(entity)) + ":" +
-            formatHandle(store.handle(entity));
+    if (!list.empty()) list += ' ';
+    list += std::string(store.typeName(entity)) + ":" + formatHandle(store.handle(entity));
     EXPECT_EQ(structure.blockOf(entity), number) << list;
   }
   return list;
@@ -23,7 +23,8 @@ std::string attributes(const Structure& structure, const RecordStore& store, Rec
   std::string list;
   RecordIndex attribute = structure.firstAttribute(insert);
   for (; attribute != kNoRecord; attribute = structure.nextAttribute(attribute)) {
-    list += (list.empty() ? "" : " ") + formatHandle(store.handle(attribute));
+    if (!list.empty()) list += ' ';
+    list += formatHandle(store.handle(attribute));
     EXPECT_EQ(structure.insertOf(attribute), insert);
   }
   return list;

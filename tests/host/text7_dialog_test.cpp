@@ -285,12 +285,6 @@ TEST_F(Text7DialogTest, TheValueHasTheFocusAndIsTypedOver) {
 /// Further tests: what stays from one run to the next.
 class Text7MemoryTest : public Text7DialogTest {
  protected:
-  /// Texts of controls, with blanks between them.
-  static std::string texts(const std::string& out, const std::vector<int>& ids) {
-    std::string all;
-    for (const int id : ids) all += (all.empty() ? "" : " ") + shown(out, id);
-    return all;
-  }
   static std::string place(const std::string& out) {
     const std::size_t start = out.rfind("\" template ");
     return out.substr(start + 11, out.find('\n', start) - start - 11);

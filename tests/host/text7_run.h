@@ -64,6 +64,15 @@ class Text7Run : public ProgramTest {
     const std::size_t text = line.find('"');
     return text == std::string::npos ? "" : line.substr(text, line.find('"', text + 1) - text + 1);
   }
+  /// The texts of several controls, quoted, with blanks between them.
+  static std::string texts(const std::string& out, const std::vector<int>& ids) {
+    std::string all;
+    for (const int id : ids) {
+      if (!all.empty()) all += ' ';
+      all += shown(out, id);
+    }
+    return all;
+  }
   static std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
  private:

@@ -79,6 +79,12 @@ class TextCommandTest : public Text7Run {
   std::string placedRounded(const std::vector<int>& columns) const {
     return std::regex_replace(placed(columns), std::regex("\\.0{9}[0-9]*"), "");
   }
+  /// Without the quotes.
+  static std::string texts(const std::string& out, const std::vector<int>& ids) {
+    std::string all = Text7Run::texts(out, ids);
+    std::erase(all, '"');
+    return all;
+  }
 };
 
 TEST_F(TextCommandTest, StatesFollowTheInput) {
@@ -173,12 +179,7 @@ TEST_F(TextCommandTest, PicksAdoptWhatTheirStateSays) {
     const std::string out =
         text("@choose 1993 \"Middle center\"\n" + row.picks + "@dialog\nK1\n0,0\n@esc\n");
     EXPECT_EQ(placedRounded({6, 7, 8, 9, 10}), row.placed) << row.picks << out;
-    std::string shownTexts;
-    for (const int id : {1985, 1987, 1989, 1991, 1993}) {
-      const std::string quotedText = shown(out, id);
-      shownTexts += (shownTexts.empty() ? "" : " ") + quotedText.substr(1, quotedText.size() - 2);
-    }
-    EXPECT_EQ(shownTexts, row.shown) << row.picks;
+    EXPECT_EQ(texts(out, {1985, 1987, 1989, 1991, 1993}), row.shown) << row.picks;
   }
 }
 
@@ -242,14 +243,6 @@ TEST_F(TextCommandTest, EachTextIsOneStepWithTheGroupsOfTheDialog) {
 /// What the dialog's controls do, seen in the dialog and in the text that is placed then.
 class TextDialogTest : public TextCommandTest {
  protected:
-  static std::string texts(const std::string& out, const std::vector<int>& ids) {
-    std::string all;
-    for (const int id : ids) {
-      const std::string quotedText = shown(out, id);
-      all += (all.empty() ? "" : " ") + quotedText.substr(1, quotedText.size() - 2);
-    }
-    return all;
-  }
   static bool hasFocus(const std::string& out, int id) {
     return shown(out, id, true).ends_with(" focus");
   }

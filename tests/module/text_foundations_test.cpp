@@ -42,7 +42,10 @@ class TextFoundations : public ::testing::Test {
 
   static std::string joined(const TextList& list) {
     std::string line;
-    for (const auto& text : list) line += (line.empty() ? "" : "|") + win::toUtf8(text.get());
+    for (const auto& text : list) {
+      if (!line.empty()) line += '|';
+      line += win::toUtf8(text.get());
+    }
     return line;
   }
 
