@@ -14,8 +14,7 @@ namespace kovra::companions {
 ///
 /// Section names and keys are found without regard to case; of several equal ones the first counts.
 /// Names, keys and values lose blanks and tabs at both ends; quotes are content. Lines that begin
-/// with
-/// ";" or "#" are comments. Lines end with CR LF, LF or CR.
+/// with ";" or "#" are comments. Lines end with CR LF, LF or CR.
 class IniFile {
  public:
   IniFile() = default;

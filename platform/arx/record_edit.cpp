@@ -249,11 +249,20 @@ bool RecordEdit::setPoint(Property property, const AcGePoint3d& point) {
   return true;
 }
 
-double normalizedAngle(double radians) {
-  double angle = std::fmod(radians, 2 * kPi);
-  if (angle < 0) angle += 2 * kPi;
+namespace {
+
+/// From 0 up to a full turn, without that.
+double withinTurn(double angle, double turn) {
+  double rest = std::fmod(angle, turn);
+  if (rest < 0) rest += turn;
   // A tiny negative angle ends at the full turn; adding 0 makes a negative zero positive.
-  return angle < 2 * kPi ? angle + 0.0 : 0;
+  return rest < turn ? rest + 0.0 : 0;
+}
+
+}  // namespace
+
+double normalizedAngle(double radians) {
+  return withinTurn(radians, 2 * kPi);
 }
 
 double exactDegrees(double radians) {
@@ -264,9 +273,7 @@ double exactDegrees(double radians) {
 }
 
 double degreesOf(double radians) {
-  double degrees = std::fmod(exactDegrees(radians), 360);
-  if (degrees < 0) degrees += 360;
-  return degrees < 360 ? degrees + 0.0 : 0;
+  return withinTurn(exactDegrees(radians), 360);
 }
 
 }  // namespace kovra::arx

@@ -86,25 +86,19 @@ void FileReading::begin() {
 }
 
 void FileReading::readAll(const std::stop_token& stop) {
-  bool more = true;
-  while (more && !stop.stop_requested()) {
-    more = readPiece();
-    const std::lock_guard guard(lock_);
-    done_ = !more;
-    came_.notify_one();
-  }
+  while (!done_ && !stop.stop_requested()) readPiece();
 }
 
-/// False if nothing is left to read, or nothing can be.
-bool FileReading::readPiece() {
+void FileReading::readPiece() {
   const std::size_t at = bytes_.size_;
   const ssize_t got =
       ::read(file_.get(), bytes_.memory_.data() + at, std::min(kPiece, toRead_ - at));
-  if (got < 0 && errno == EINTR) return true;
+  if (got < 0 && errno == EINTR) return;
   const std::lock_guard guard(lock_);
   if (got < 0) error_ = errno;
   if (got > 0) bytes_.size_ += static_cast<std::size_t>(got);
-  return got > 0 && bytes_.size_ < toRead_;
+  done_ = got <= 0 || bytes_.size_ == toRead_;
+  came_.notify_one();
 }
 
 std::string_view FileReading::waitPast(std::size_t seen) {

@@ -73,7 +73,7 @@ class FileReading {
   FileReading(std::string path, Descriptor file) : path_(std::move(path)), file_(std::move(file)) {}
   void begin();
   void readAll(const std::stop_token& stop);
-  bool readPiece();
+  void readPiece();
 
   std::string path_;
   Descriptor file_;
@@ -81,7 +81,7 @@ class FileReading {
   FileBytes bytes_;  ///< its size is what has come, and changes under the lock
   std::size_t toRead_ = 0;
   int error_ = 0;
-  bool done_ = false;
+  bool done_ = false;  ///< nothing is left to read, or nothing can be; changes under the lock
   std::mutex lock_;
   std::condition_variable came_;
   std::jthread thread_;  ///< last, so that it ends first
