@@ -5,13 +5,13 @@
 namespace kovra {
 namespace {
 
-CLayerState captureLayer(const AcDbLayerTableIterator& layers) {
+using LayerIterator = CTableIterator<AcDbLayerTableIterator, AcDbLayerTableRecord>;
+
+CLayerState captureLayer(const LayerIterator& layers) {
   CLayerState state;
-  layers.getRecordId(state.id);
-  AcDbLayerTableRecord* opened = nullptr;
-  if (layers.getRecord(opened, AcDb::kForRead) != Acad::eOk) return state;
+  layers->getRecordId(state.id);
   CRecord<AcDbLayerTableRecord> layer;
-  layer.attach(opened);
+  if (!layers.openRecord(layer)) return state;
   state.off = layer->isOff();
   state.frozen = layer->isFrozen();
   state.locked = layer->isLocked();
@@ -32,10 +32,10 @@ bool openLayer(CRecord<AcDbLayerTableRecord>& layer, const AcDbObjectId& id) {
 
 bool LayerSnapshot::Capture(AcDbDatabase* database) {
   const LayerTable table(database);
-  CTableIterator<AcDbLayerTableIterator, AcDbLayerTableRecord> layers;
+  LayerIterator layers;
   if (!table.newIterator(layers)) return false;
   for (layers->start(); !layers->done(); layers->step()) {
-    layers_.add(captureLayer(*layers.get()));
+    layers_.add(captureLayer(layers));
   }
   return true;
 }
