@@ -5,9 +5,9 @@ if(KOVRA_TESTS)
   find_package(GTest REQUIRED)
 endif()
 
-# kovra_folder(NAME folder-libraries...): an object library of the sources in this folder.
+# kovra_folder(NAME folder-libraries...): an object library of the sources in this folder and its rooms.
 function(kovra_folder name)
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   if(NOT sources)
     return()
   endif()

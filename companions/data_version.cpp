@@ -5,7 +5,7 @@
 
 #include "companions/text.h"
 #include "module/frame/companions/project_lib.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_text.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <variant>
 
 #include "companions/state_store.h"
-#include "platform/win/run_settings.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/base/wide_text.h"
 
 using kovra::companions::StateStore;
 using kovra::companions::StateValue;

@@ -1,7 +1,7 @@
 #include "module/frame/companions/drawing_tools_lib.h"
 
 #include "companions/project.h"
-#include "platform/arx/database.h"
+#include "platform/arx/database/database.h"
 
 int GetDrawingScale(double& scale, AcDbDatabase* database, int /*reserved*/) {
   const auto project = kovra::companions::currentProject();

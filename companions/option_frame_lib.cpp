@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "companions/option_pages.h"
-#include "platform/win/loader.h"
+#include "platform/win/resources/loader.h"
 
 namespace {
 

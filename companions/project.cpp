@@ -8,7 +8,7 @@
 
 #include "companions/text.h"
 #include "platform/dxf/file_bytes.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/run_settings.h"
 
 namespace kovra::companions {
 namespace {

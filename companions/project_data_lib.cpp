@@ -8,9 +8,9 @@
 
 #include "companions/project.h"
 #include "companions/shared_databases.h"
-#include "platform/arx/documents.h"
-#include "platform/win/interaction.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/editor/documents/documents.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/wide_text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::companions {
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "companions/project.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/run_settings.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "companions/project.h"
 #include "companions/shared_databases.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_text.h"
 
 using kovra::companions::currentProject;
 

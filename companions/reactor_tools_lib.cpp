@@ -1,8 +1,8 @@
 #include "module/frame/companions/reactor_tools_lib.h"
 
-#include "platform/arx/database.h"
-#include "platform/arx/documents.h"
-#include "platform/arx/journal.h"
+#include "platform/arx/database/database.h"
+#include "platform/arx/database/journal.h"
+#include "platform/arx/editor/documents/documents.h"
 
 namespace {
 

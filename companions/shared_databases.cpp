@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "companions/project_drawings.h"
-#include "platform/arx/database.h"
+#include "platform/arx/database/database.h"
 
 namespace kovra::companions {
 namespace {

@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/win/interaction.h"
+#include "platform/win/base/interaction.h"
 
 namespace kovra::companions {
 namespace {

@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <map>
 
-#include "platform/win/interaction.h"
-#include "platform/win/loader.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/resources/loader.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::companions {
 namespace {

@@ -3,13 +3,13 @@
 #include <string>
 
 #include "companions/project.h"
-#include "platform/arx/database.h"
-#include "platform/arx/entity.h"
-#include "platform/arx/entity_lists.h"
+#include "platform/arx/database/database.h"
+#include "platform/arx/database/entity.h"
+#include "platform/arx/lists/entity_lists.h"
 #include "platform/dxf/record_store.h"
-#include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/base/wide_text.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/win/system_metrics.h"
-#include "platform/win/window_api.h"
+#include "platform/win/windows/system_metrics.h"
+#include "platform/win/windows/window_api.h"
 
 namespace {
 

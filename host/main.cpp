@@ -2,10 +2,10 @@
 #include <cstring>
 #include <iostream>
 
-#include "host/list_command.h"
-#include "host/options.h"
-#include "host/plot_command.h"
-#include "host/run_command.h"
+#include "host/program/options.h"
+#include "host/subcommands/list_command.h"
+#include "host/subcommands/plot_command.h"
+#include "host/subcommands/run_command.h"
 
 namespace {
 

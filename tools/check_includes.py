@@ -31,15 +31,24 @@ ALLOWED = {
     "module/grid": ["module/frame"],
     "module/options": ["module/frame", "module/params", "module/grid"],
     "host": ["platform"],
-    "host/terminal": ["host/line_source.h", "host/terminal_library.h", "platform"],
-    "host/picture": ["host/options.h", "host/picture_library.h", "platform"],
+    "host/terminal": ["host/program/line_source.h", "host/libraries/terminal_library.h", "platform"],
+    "host/picture": ["host/program/options.h", "host/libraries/picture_library.h", "platform"],
+}
+
+# Folders with rooms, from the ground up: a room may include itself and the rooms below it. "." stands
+# for the files of the folder itself. A folder in there that isn't a room is included by none of them.
+ROOMS = {
+    "platform/arx": ["base", "geometry", "database", "entities", "lists", "drawing", "editor"],
+    "platform/arx/editor": [".", "documents", "prompts", "picks", "commands", "host"],
+    "platform/win": ["base", "resources", "windows", "controls", "dialogs", "desktop", "."],
+    "host": ["program", "libraries", "texts", "lines", "subcommands", "."],
 }
 
 # Single files that may include more than their folder.
 EXCEPTIONS = {
     "module/frame/seam.h": ["platform"],
-    "platform/arx/dialog_bases.h": ["platform/mfc"],
-    "platform/arx/dialog_bases.cpp": ["platform/mfc"],
+    "platform/arx/editor/host/dialog_bases.h": ["platform/mfc"],
+    "platform/arx/editor/host/dialog_bases.cpp": ["platform/mfc"],
 }
 
 # Headers of libraries, by the folder that may use them; the C++ standard library is open to all.
@@ -71,6 +80,25 @@ def own_header_allowed(source: str, folder: str, target: str) -> bool:
     return below(target, [folder, *ALLOWED[folder], *EXCEPTIONS.get(source, [])])
 
 
+def room_of(path: str, parent: str) -> str | None:
+    """The room of a file below a folder with rooms; None for a file elsewhere."""
+    if not path.startswith(parent + "/"):
+        return None
+    inside = path[len(parent) + 1 :]
+    return inside.split("/")[0] if "/" in inside else "."
+
+
+def runs_up(source: str, target: str) -> bool:
+    """Whether an include leads to a room above the source's own."""
+    for parent, rooms in ROOMS.items():
+        own, other = room_of(source, parent), room_of(target, parent)
+        if own is None or other is None or own == other or own not in rooms:
+            continue
+        if other not in rooms or rooms.index(other) > rooms.index(own):
+            return True
+    return False
+
+
 def library_allowed(folder: str, header: str) -> bool:
     if STANDARD.match(header):
         return True
@@ -95,7 +123,11 @@ def check_file(root: Path, source: str) -> list[str]:
         if kind == "<":
             fine = library_allowed(folder, header)
         else:
-            fine = (root / header).is_file() and own_header_allowed(source, folder, header)
+            fine = (
+                (root / header).is_file()
+                and own_header_allowed(source, folder, header)
+                and not runs_up(source, header)
+            )
         if not fine:
             faults.append(f"{source}:{number}: {folder}/ may not include {header}")
     return faults

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "host/libraries/picture_library.h"
 #include "host/picture/glyphs.h"
 #include "host/picture/path.h"
-#include "host/picture_library.h"
 #include "platform/dxf/result.h"
 
 namespace kovra::host {

@@ -5,14 +5,14 @@
 #include <map>
 
 #include "host/picture/icon_pixels.h"
-#include "platform/win/button_control.h"
-#include "platform/win/combo_control.h"
-#include "platform/win/dialog_listing.h"
-#include "platform/win/dialogs.h"
-#include "platform/win/edit_control.h"
-#include "platform/win/painting.h"
-#include "platform/win/static_control.h"
-#include "platform/win/window_api.h"
+#include "platform/win/controls/button_control.h"
+#include "platform/win/controls/combo_control.h"
+#include "platform/win/controls/edit_control.h"
+#include "platform/win/controls/painting.h"
+#include "platform/win/controls/static_control.h"
+#include "platform/win/desktop/dialog_listing.h"
+#include "platform/win/dialogs/dialogs.h"
+#include "platform/win/windows/window_api.h"
 
 namespace kovra::host {
 namespace {

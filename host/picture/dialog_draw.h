@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/picture/canvas.h"
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 namespace kovra::host {
 

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "host/picture/font_outlines.h"
-#include "platform/arx/text_metrics.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/geometry/text_metrics.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
 namespace {

@@ -1,8 +1,8 @@
 #include "host/picture/icon_pixels.h"
 
-#include "platform/win/icons.h"
-#include "platform/win/resource_file.h"
-#include "platform/win/resources.h"
+#include "platform/win/resources/icons.h"
+#include "platform/win/resources/resource_file.h"
+#include "platform/win/resources/resources.h"
 
 namespace kovra::host {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/picture/path.h"
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 namespace kovra::host {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/arx/text_metrics.h"
+#include "platform/arx/geometry/text_metrics.h"
 
 namespace kovra::host {
 namespace {

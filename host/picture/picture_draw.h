@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "host/options.h"
 #include "host/picture/canvas.h"
-#include "platform/arx/extents.h"
-#include "platform/arx/gi.h"
+#include "host/program/options.h"
+#include "platform/arx/geometry/extents.h"
+#include "platform/arx/geometry/gi.h"
 
 namespace kovra::host {
 

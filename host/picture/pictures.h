@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/picture_library.h"
+#include "host/libraries/picture_library.h"
 
 namespace kovra::host {
 

@@ -1,6 +1,6 @@
 #include "host/picture/picture_draw.h"
 #include "host/picture/pictures.h"
-#include "platform/arx/database.h"
+#include "platform/arx/database/database.h"
 #include "platform/dxf/structure.h"
 
 namespace kovra::host {

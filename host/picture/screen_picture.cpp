@@ -1,14 +1,14 @@
 #include "host/picture/dialog_draw.h"
 #include "host/picture/picture_draw.h"
 #include "host/picture/pictures.h"
-#include "platform/arx/database.h"
-#include "platform/arx/documents.h"
-#include "platform/arx/entity.h"
-#include "platform/arx/entity_order.h"
-#include "platform/arx/jig.h"
-#include "platform/arx/view.h"
-#include "platform/win/desktop.h"
-#include "platform/win/window.h"
+#include "platform/arx/database/database.h"
+#include "platform/arx/database/entity.h"
+#include "platform/arx/database/entity_order.h"
+#include "platform/arx/editor/documents/documents.h"
+#include "platform/arx/editor/documents/view.h"
+#include "platform/arx/editor/picks/jig.h"
+#include "platform/win/desktop/desktop.h"
+#include "platform/win/windows/window.h"
 
 namespace kovra::host {
 namespace {

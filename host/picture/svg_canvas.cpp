@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
 namespace {

@@ -1,5 +1,5 @@
+#include "host/libraries/terminal_library.h"
 #include "host/terminal/terminal.h"
-#include "host/terminal_library.h"
 
 kovra::host::LineSource* kovraTerminalLines(bool savesAtEnd) {
   return new kovra::host::Terminal(savesAtEnd);

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/line_source.h"
+#include "host/program/line_source.h"
 
 namespace kovra::host {
 

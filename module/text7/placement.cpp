@@ -23,10 +23,12 @@
 #include "module/text7/text7_dlg.h"
 #include "module/text7/text7_ids.h"
 #include "module/textcmd/text_jig.h"
+#include "module/textcmd/text_row_ids.h"
 
 namespace kovra {
 
 using namespace text7;
+using namespace textrows;
 
 namespace {
 

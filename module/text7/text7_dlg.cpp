@@ -6,10 +6,12 @@
 #include "module/frame/reporting.h"
 #include "module/frame/send_to_document.h"
 #include "module/text7/text7_ids.h"
+#include "module/textcmd/text_row_ids.h"
 
 namespace kovra {
 
 using namespace text7;
+using namespace textrows;
 
 namespace {
 

@@ -13,10 +13,12 @@
 #include "module/text7/split_lines.h"
 #include "module/text7/text7_dlg.h"
 #include "module/text7/text7_ids.h"
+#include "module/textcmd/text_row_ids.h"
 
 namespace kovra {
 
 using namespace text7;
+using namespace textrows;
 
 namespace {
 

@@ -11,10 +11,12 @@
 #include "module/frame/dialog_items.h"
 #include "module/frame/reporting.h"
 #include "module/textcmd/text_ids.h"
+#include "module/textcmd/text_row_ids.h"
 
 namespace kovra {
 
 using namespace textdlg;
+using namespace textrows;
 
 namespace {
 

@@ -10,10 +10,12 @@
 #include "module/frame/dialog_items.h"
 #include "module/textcmd/text_dlg.h"
 #include "module/textcmd/text_ids.h"
+#include "module/textcmd/text_row_ids.h"
 
 namespace kovra {
 
 using namespace textdlg;
+using namespace textrows;
 
 namespace {
 

@@ -5,19 +5,7 @@ namespace kovra::textdlg {
 
 inline constexpr unsigned kTemplate = 523;
 
-inline constexpr int kStyle = 1985;
-inline constexpr int kPickStyle = 1986;
-inline constexpr int kHeight = 1987;
-inline constexpr int kPickHeight = 1988;
-inline constexpr int kWidthFactor = 1989;
-inline constexpr int kPickWidthFactor = 1990;
-inline constexpr int kRotation = 1991;
-inline constexpr int kPickRotation = 1992;
-inline constexpr int kJustification = 1993;
-inline constexpr int kPickJustification = 1994;
-inline constexpr int kPickAll = 1995;
 inline constexpr int kScale = 1996;
-inline constexpr int kLayer = 1998;
 inline constexpr int kBack = 2000;
 
 // Requests: numbers of the dialog's request lines.

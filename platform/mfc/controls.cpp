@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/win/icons.h"
+#include "platform/win/resources/icons.h"
 
 BOOL CButton::Create(LPCWSTR caption, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
   return CWnd::Create(L"BUTTON", caption, style, rect, parent, id);

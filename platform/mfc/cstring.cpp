@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "platform/mfc/extension_module.h"
-#include "platform/win/resources.h"
-#include "platform/win/wide_format.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_format.h"
+#include "platform/win/base/wide_text.h"
+#include "platform/win/resources/resources.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cstdarg>
 #include <string>
 
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 /// The platform's wide text class. Indexes are in characters; positions out of range are brought
 /// into it where the platform does so, and never read beyond the text.

@@ -5,9 +5,9 @@
 
 #include "platform/mfc/controls.h"
 #include "platform/mfc/message_boxes.h"
-#include "platform/win/wide_format.h"
-#include "platform/win/wide_text.h"
-#include "platform/win/window.h"
+#include "platform/win/base/wide_format.h"
+#include "platform/win/base/wide_text.h"
+#include "platform/win/windows/window.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "platform/mfc/extension_module.h"
 #include "platform/mfc/message_map.h"
-#include "platform/win/dialogs.h"
-#include "platform/win/resources.h"
+#include "platform/win/dialogs/dialogs.h"
+#include "platform/win/resources/resources.h"
 
 namespace {
 

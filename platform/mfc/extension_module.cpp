@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win/resources.h"
+#include "platform/win/resources/resources.h"
 
 namespace {
 

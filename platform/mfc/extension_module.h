@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/mfc/object.h"
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 /// State of an extension library, filled by AfxInitExtensionModule. Zero it before that.
 struct AFX_EXTENSION_MODULE {

@@ -1,8 +1,8 @@
 #include "platform/mfc/frame.h"
 
 #include "platform/mfc/extension_module.h"
-#include "platform/win/icons.h"
-#include "platform/win/resources.h"
+#include "platform/win/resources/icons.h"
+#include "platform/win/resources/resources.h"
 
 HICON CWinApp::LoadIcon(UINT id) const {
   const LPCWSTR name = MAKEINTRESOURCEW(id);

@@ -1,7 +1,7 @@
 #include "platform/mfc/message_boxes.h"
 
 #include "platform/mfc/cstring.h"
-#include "platform/win/message_box.h"
+#include "platform/win/dialogs/message_box.h"
 
 namespace {
 

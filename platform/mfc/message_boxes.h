@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 /// A box with the program's name as caption and the main window as owner. Without an icon in
 /// `style` it shows the exclamation icon.

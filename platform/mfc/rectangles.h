@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
 
 /// The platform's points, sizes and rectangles with their operations.
 class CPoint : public POINT {

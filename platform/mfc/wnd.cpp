@@ -5,8 +5,8 @@
 #include "platform/mfc/data_exchange.h"
 #include "platform/mfc/message_map.h"
 #include "platform/mfc/wnd_ties.h"
-#include "platform/win/message_box.h"
-#include "platform/win/window.h"
+#include "platform/win/dialogs/message_box.h"
+#include "platform/win/windows/window.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include "platform/mfc/cstring.h"
 #include "platform/mfc/object.h"
 #include "platform/mfc/rectangles.h"
-#include "platform/win/loader.h"
-#include "platform/win/window_api.h"
+#include "platform/win/resources/loader.h"
+#include "platform/win/windows/window_api.h"
 
 /// Marks handlers in class declarations.
 #define afx_msg

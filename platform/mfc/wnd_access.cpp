@@ -3,10 +3,10 @@
 
 #include "platform/mfc/frame.h"
 #include "platform/mfc/wnd.h"
-#include "platform/win/desktop.h"
-#include "platform/win/message_box.h"
-#include "platform/win/system_metrics.h"
-#include "platform/win/window.h"
+#include "platform/win/desktop/desktop.h"
+#include "platform/win/dialogs/message_box.h"
+#include "platform/win/windows/system_metrics.h"
+#include "platform/win/windows/window.h"
 
 void CWnd::GetWindowText(CString& text) const {
   text = kovra::win::windowText(m_hWnd).c_str();

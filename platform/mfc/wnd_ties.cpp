@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/mfc/controls.h"
-#include "platform/win/message_queue.h"
+#include "platform/win/windows/message_queue.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/arx/geometry.h"
-#include "platform/arx/ocs.h"
-#include "platform/arx/text_metrics.h"
-#include "platform/arx/units.h"
-#include "platform/arx/wildcard.h"
+#include "platform/arx/base/wildcard.h"
+#include "platform/arx/geometry/geometry.h"
+#include "platform/arx/geometry/ocs.h"
+#include "platform/arx/geometry/text_metrics.h"
+#include "platform/arx/geometry/units.h"
 
 namespace kovra::arx {
 namespace {

@@ -1,13 +1,13 @@
 // Built-in commands, typed and run from tokens.
 #include <gtest/gtest.h>
 
-#include "platform/arx/editor.h"
-#include "platform/arx/entity_lists.h"
-#include "platform/arx/journal.h"
-#include "platform/arx/symbol_table.h"
-#include "platform/arx/sysvars.h"
-#include "platform/arx/units.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/database/journal.h"
+#include "platform/arx/database/symbol_table.h"
+#include "platform/arx/editor/documents/sysvars.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/geometry/units.h"
+#include "platform/arx/lists/entity_lists.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
 

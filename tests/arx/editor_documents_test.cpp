@@ -1,8 +1,8 @@
 // Several drawings: activation, nested idle hosts, closing, reactors, locks.
 #include <gtest/gtest.h>
 
-#include "platform/arx/editor.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/editor_user.h"
 
 namespace kovra::arx::test {

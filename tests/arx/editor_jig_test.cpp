@@ -3,10 +3,10 @@
 
 #include <cmath>
 
-#include "platform/arx/editor.h"
-#include "platform/arx/jig.h"
-#include "platform/arx/sketch.h"
-#include "platform/arx/text.h"
+#include "platform/arx/drawing/sketch.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/editor/picks/jig.h"
+#include "platform/arx/entities/text.h"
 #include "tests/arx/editor_user.h"
 
 namespace kovra::arx::test {

@@ -3,13 +3,13 @@
 
 #include <cmath>
 
-#include "platform/arx/editor.h"
-#include "platform/arx/entity_lists.h"
-#include "platform/arx/hit_test.h"
-#include "platform/arx/message_hooks.h"
-#include "platform/arx/sysvars.h"
-#include "platform/win/messages.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/editor/documents/sysvars.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/editor/host/message_hooks.h"
+#include "platform/arx/editor/picks/hit_test.h"
+#include "platform/arx/lists/entity_lists.h"
+#include "platform/win/base/messages.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
 

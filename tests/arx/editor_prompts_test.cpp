@@ -1,11 +1,11 @@
 // The command line, character by character, and the prompts over it.
 #include <gtest/gtest.h>
 
-#include "platform/arx/editor.h"
-#include "platform/arx/keywords.h"
-#include "platform/arx/typed_point.h"
-#include "platform/win/interaction.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/editor/documents/keywords.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/geometry/typed_point.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/editor_user.h"
 
 namespace kovra::arx::test {

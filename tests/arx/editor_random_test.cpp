@@ -4,8 +4,8 @@
 
 #include <random>
 
-#include "platform/arx/editor.h"
-#include "platform/arx/jig.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/editor/picks/jig.h"
 #include "platform/dxf/record_store.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "platform/arx/documents.h"
-#include "platform/arx/hit_test.h"
-#include "platform/arx/polyline_draw.h"
+#include "platform/arx/drawing/polyline_draw.h"
+#include "platform/arx/editor/documents/documents.h"
+#include "platform/arx/editor/picks/hit_test.h"
 #include "tests/arx/editor_user.h"
 #include "tests/arx/test_drawing.h"
 

@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "platform/dxf/record_store.h"
-#include "platform/win/interaction.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/test_drawing.h"
 
 namespace kovra::arx::test {

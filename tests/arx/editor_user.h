@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/arx/database.h"
-#include "platform/arx/documents.h"
-#include "platform/arx/host_api.h"
-#include "platform/win/pump.h"
+#include "platform/arx/database/database.h"
+#include "platform/arx/editor/documents/documents.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/pump.h"
 
 namespace kovra::arx::test {
 

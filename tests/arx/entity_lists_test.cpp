@@ -1,5 +1,5 @@
 // Entities as lists: what is given, what may be changed and made.
-#include "platform/arx/entity_lists.h"
+#include "platform/arx/lists/entity_lists.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <memory>
 #include <numbers>
 
-#include "platform/arx/text.h"
+#include "platform/arx/entities/text.h"
 #include "platform/dxf/structure.h"
 #include "tests/arx/test_drawing.h"
 

@@ -1,14 +1,14 @@
 // Undo, redo and transactions over random edits, and the rules for steps, marks and groups.
-#include "platform/arx/journal.h"
+#include "platform/arx/database/journal.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "platform/arx/block_table_record.h"
-#include "platform/arx/entity_lists.h"
-#include "platform/arx/text.h"
-#include "platform/arx/transaction_manager.h"
+#include "platform/arx/database/block_table_record.h"
+#include "platform/arx/database/transaction_manager.h"
+#include "platform/arx/entities/text.h"
+#include "platform/arx/lists/entity_lists.h"
 #include "tests/arx/test_drawing.h"
 
 namespace kovra::arx::test {

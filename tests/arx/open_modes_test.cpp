@@ -4,12 +4,12 @@
 #include <functional>
 #include <memory>
 
-#include "platform/arx/ads.h"
-#include "platform/arx/block_reference.h"
-#include "platform/arx/block_table_record.h"
-#include "platform/arx/entity_lists.h"
-#include "platform/arx/journal.h"
-#include "platform/arx/text.h"
+#include "platform/arx/base/ads.h"
+#include "platform/arx/database/block_table_record.h"
+#include "platform/arx/database/journal.h"
+#include "platform/arx/entities/block_reference.h"
+#include "platform/arx/entities/text.h"
+#include "platform/arx/lists/entity_lists.h"
 #include "tests/arx/test_drawing.h"
 
 namespace kovra::arx::test {

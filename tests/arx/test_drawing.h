@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/arx/database.h"
+#include "platform/arx/database/database.h"
 
 namespace kovra::arx::test {
 

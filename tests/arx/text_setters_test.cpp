@@ -7,8 +7,8 @@
 #include <limits>
 #include <numbers>
 
-#include "platform/arx/block_table_record.h"
-#include "platform/arx/text.h"
+#include "platform/arx/database/block_table_record.h"
+#include "platform/arx/entities/text.h"
 #include "tests/arx/test_drawing.h"
 
 namespace kovra::arx::test {

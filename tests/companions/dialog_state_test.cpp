@@ -14,8 +14,8 @@
 
 #include "companions/state_store.h"
 #include "module/frame/companions/dialog_state_lib.h"
-#include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
 #include "tests/companions/temporary_folder.h"
 
 namespace {

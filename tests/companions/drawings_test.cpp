@@ -11,12 +11,12 @@
 #include "module/frame/companions/string_res_lib.h"
 #include "module/frame/companions/ui_tools_lib.h"
 #include "module/frame/companions/window_ui_lib.h"
-#include "platform/arx/host_api.h"
-#include "platform/arx/journal.h"
-#include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
-#include "platform/win/system_metrics.h"
-#include "platform/win/window_api.h"
+#include "platform/arx/database/journal.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/windows/system_metrics.h"
+#include "platform/win/windows/window_api.h"
 #include "tests/companions/temporary_folder.h"
 
 namespace {

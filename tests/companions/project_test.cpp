@@ -12,8 +12,8 @@
 #include "module/frame/companions/project_tools_lib.h"
 #include "module/frame/companions/project_tree_lib.h"
 #include "module/frame/companions/ui_tools_lib.h"
-#include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
 #include "tests/companions/temporary_folder.h"
 
 namespace {

@@ -5,11 +5,11 @@
 #include <functional>
 
 #include "platform/mfc/mfc.h"
-#include "platform/win/desktop.h"
-#include "platform/win/interaction.h"
-#include "platform/win/painting.h"
-#include "platform/win/pump.h"
-#include "platform/win/user_input.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/controls/painting.h"
+#include "platform/win/desktop/desktop.h"
+#include "platform/win/desktop/user_input.h"
 #include "tests/win/res_builder.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include "module/drawing/text_styles.h"
 #include "module/frame/dialog_items.h"
 #include "module/text7/adopt_style.h"
-#include "platform/win/user_input.h"
+#include "platform/win/desktop/user_input.h"
 #include "tests/module/module_run.h"
 #include "tests/module/sheet.h"
 #include "tests/win/test_dialog.h"

@@ -3,10 +3,10 @@
 
 #include <functional>
 
-#include "platform/win/painting.h"
-#include "platform/win/pump.h"
-#include "platform/win/user_input.h"
-#include "platform/win/window_api.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/controls/painting.h"
+#include "platform/win/desktop/user_input.h"
+#include "platform/win/windows/window_api.h"
 #include "tests/module/module_run.h"
 #include "tests/module/sheet.h"
 

@@ -3,7 +3,7 @@
 
 #include "module/frame/send_to_document.h"
 #include "module/textcmd/txt_dlg_doc_reactor.h"
-#include "platform/arx/host_api.h"
+#include "platform/arx/editor/host_api.h"
 #include "tests/module/module_run.h"
 #include "tests/module/sheet.h"
 #include "tests/win/test_dialog.h"

@@ -14,7 +14,7 @@
 #include "module/drawing/text_entity.h"
 #include "module/drawing/text_styles.h"
 #include "module/drawing/undo_mark.h"
-#include "platform/arx/host_api.h"
+#include "platform/arx/editor/host_api.h"
 #include "tests/module/module_run.h"
 #include "tests/module/sheet.h"
 

@@ -7,10 +7,10 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "platform/arx/host_api.h"
-#include "platform/win/interaction.h"
-#include "platform/win/run_settings.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::test {
 namespace {

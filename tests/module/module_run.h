@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/win/loader.h"
+#include "platform/win/resources/loader.h"
 
 namespace kovra::test {
 

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "module/frame/companions/dialog_state_lib.h"
-#include "platform/win/painting.h"
-#include "platform/win/pump.h"
-#include "platform/win/system_metrics.h"
-#include "platform/win/user_input.h"
-#include "platform/win/wide_text.h"
-#include "platform/win/window_api.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/base/wide_text.h"
+#include "platform/win/controls/painting.h"
+#include "platform/win/desktop/user_input.h"
+#include "platform/win/windows/system_metrics.h"
+#include "platform/win/windows/window_api.h"
 #include "tests/module/module_run.h"
 #include "tests/module/sheet.h"
 

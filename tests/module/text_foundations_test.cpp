@@ -14,9 +14,9 @@
 #include "module/textcmd/entity_jig.h"
 #include "module/textcmd/text_jig.h"
 #include "module/textcmd/text_settings.h"
-#include "platform/arx/sketch.h"
-#include "platform/win/run_settings.h"
-#include "platform/win/wide_text.h"
+#include "platform/arx/drawing/sketch.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/base/wide_text.h"
 #include "tests/arx/editor_user.h"
 #include "tests/module/module_run.h"
 

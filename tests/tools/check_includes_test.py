@@ -32,6 +32,15 @@ CASES = [
     ("host/picture/a.cpp", '#include "host/b.h"', False),
     ("platform/arx/a.cpp", "#include <nlohmann/json.hpp>", False),
     ("host/a.cpp", '#include "platform/arx/missing.h"', False),
+    # rooms
+    ("platform/arx/entities/a.cpp", '#include "platform/arx/database/b.h"', True),
+    ("platform/arx/database/a.cpp", '#include "platform/arx/entities/b.h"', False),
+    ("platform/arx/editor/picks/a.cpp", '#include "platform/arx/database/b.h"', True),
+    ("platform/arx/database/a.cpp", '#include "platform/arx/editor/b.h"', False),
+    ("platform/arx/editor/picks/a.cpp", '#include "platform/arx/editor/b.h"', True),
+    ("platform/arx/editor/a.h", '#include "platform/arx/editor/picks/b.h"', False),
+    ("host/main.cpp", '#include "host/lines/b.h"', True),
+    ("host/lines/a.cpp", '#include "host/terminal/b.h"', False),
 ]
 
 
@@ -42,7 +51,10 @@ class CheckIncludes(unittest.TestCase):
                 root = Path(folder)
                 for header in ("platform/dxf/b.h", "platform/win/b.h", "platform/mfc/b.h",
                                "platform/arx/b.h", "module/drawing/b.h", "module/propcopy/b.h",
-                               "module/frame/gates.h", "module/frame/commands.h", "host/b.h"):
+                               "module/frame/gates.h", "module/frame/commands.h", "host/b.h",
+                               "platform/arx/database/b.h", "platform/arx/entities/b.h",
+                               "platform/arx/editor/b.h", "platform/arx/editor/picks/b.h",
+                               "host/lines/b.h", "host/terminal/b.h"):
                     (root / header).parent.mkdir(parents=True, exist_ok=True)
                     (root / header).touch()
                 (root / source).parent.mkdir(parents=True, exist_ok=True)

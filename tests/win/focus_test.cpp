@@ -1,4 +1,4 @@
-#include "platform/win/message_box.h"
+#include "platform/win/dialogs/message_box.h"
 #include "tests/win/test_dialog.h"
 
 namespace kovra::win {

@@ -3,10 +3,10 @@
 
 #include <fstream>
 
-#include "platform/win/dialog_template.h"
-#include "platform/win/loader.h"
-#include "platform/win/resource_file.h"
-#include "platform/win/resources.h"
+#include "platform/win/resources/dialog_template.h"
+#include "platform/win/resources/loader.h"
+#include "platform/win/resources/resource_file.h"
+#include "platform/win/resources/resources.h"
 #include "tests/win/res_builder.h"
 
 namespace kovra::win {

@@ -1,5 +1,5 @@
-#include "platform/win/dialog_listing.h"
-#include "platform/win/system_metrics.h"
+#include "platform/win/desktop/dialog_listing.h"
+#include "platform/win/windows/system_metrics.h"
 #include "tests/win/test_dialog.h"
 
 namespace kovra::win {

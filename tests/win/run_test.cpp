@@ -4,12 +4,12 @@
 #include <fstream>
 #include <functional>
 
-#include "platform/win/interaction.h"
-#include "platform/win/message_box.h"
-#include "platform/win/pump.h"
-#include "platform/win/registry.h"
-#include "platform/win/registry_file.h"
-#include "platform/win/run_settings.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/base/registry.h"
+#include "platform/win/base/registry_file.h"
+#include "platform/win/base/run_settings.h"
+#include "platform/win/dialogs/message_box.h"
 
 namespace kovra::win {
 namespace {

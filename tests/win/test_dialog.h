@@ -8,12 +8,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/win/desktop.h"
-#include "platform/win/dialogs.h"
-#include "platform/win/interaction.h"
-#include "platform/win/pump.h"
-#include "platform/win/user_input.h"
-#include "platform/win/window_api.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/desktop/desktop.h"
+#include "platform/win/desktop/user_input.h"
+#include "platform/win/dialogs/dialogs.h"
+#include "platform/win/windows/window_api.h"
 
 namespace kovra::win {
 

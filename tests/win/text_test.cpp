@@ -3,8 +3,8 @@
 #include <climits>
 #include <cmath>
 
-#include "platform/win/wide_format.h"
-#include "platform/win/wide_text.h"
+#include "platform/win/base/wide_format.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::win {
 namespace {

@@ -1,8 +1,8 @@
 /// A library for the loader's test. Its state begins anew with every load.
 #include <string>
 
-#include "platform/win/loader.h"
-#include "platform/win/windows_types.h"
+#include "platform/win/base/windows_types.h"
+#include "platform/win/resources/loader.h"
 
 namespace {
 

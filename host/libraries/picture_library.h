@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+
+#include "host/program/options.h"
+#include "platform/arx/drawing/plot.h"
+#include "platform/dxf/result.h"
+
+namespace kovra::host {
+
+enum class PictureForm { kSvg, kPng };
+
+/// By the end of the file's name, ".svg" or ".png" in whatever case.
+Result<PictureForm> pictureForm(const std::filesystem::path& file);
+
+/// The library of host/picture/: most runs draw nothing, and what draws needs dozens of libraries.
+/// Each function writes a picture as a whole or not at all.
+struct PictureLibrary {
+  /// A drawing; gives what it didn't draw.
+  Result<arx::KindCounts> (*plot)(const PlotOptions& options, PictureForm form);
+  /// The drawing window with the dialogs on it; the picture is as large as both together.
+  Result<void> (*screen)(const std::filesystem::path& file, PictureForm form);
+  /// The topmost dialog alone; kInvalidInput when none is open.
+  Result<void> (*dialog)(const std::filesystem::path& file, PictureForm form);
+};
+
+/// kNotFound, kNotReadable: see loadProgramExport().
+Result<PictureLibrary> loadPictureLibrary();
+
+}  // namespace kovra::host
+
+/// What the library exports.
+extern "C" const kovra::host::PictureLibrary* kovraPictureLibrary();

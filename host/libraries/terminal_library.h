@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include "host/program/line_source.h"
+#include "platform/dxf/result.h"
+
+namespace kovra::host {
+
+/// True when standard input and output are terminals.
+bool terminalIsThere();
+
+/// The lines that a person types there, from the library of host/terminal/: most runs are scripts,
+/// which need no line editor. `savesAtEnd`: changes are written when the input ends, so there is
+/// nothing to warn of. kNotFound, kNotReadable: see loadProgramExport().
+Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd);
+
+}  // namespace kovra::host
+
+/// What the library exports. The caller owns the lines.
+extern "C" kovra::host::LineSource* kovraTerminalLines(bool savesAtEnd);

@@ -1,0 +1,201 @@
+// Lines for dialogs and their controls.
+#include "host/lines/line_handlers.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/wide_text.h"
+#include "platform/win/desktop/dialog_listing.h"
+#include "platform/win/desktop/user_input.h"
+
+namespace kovra::host {
+namespace {
+
+Error refused(std::string message) {
+  return {ErrorKind::kInvalidInput, std::move(message)};
+}
+
+Result<void> done(const win::InputResult& input) {
+  return input ? Result<void>() : refused(input.error);
+}
+
+// The dialog that lines mean: the one that @use named if the user could reach it, else the topmost.
+Result<HWND> meantDialog(const LineContext& context) {
+  HWND dialog = context.usedTemplate == 0 ? nullptr : win::dialogOfTemplate(context.usedTemplate);
+  if (dialog == nullptr) dialog = win::topDialog();
+  if (dialog == nullptr) return refused("no dialog is open");
+  return dialog;
+}
+
+Result<HWND> control(LineContext& context, Arguments& arguments) {
+  const Result<HWND> dialog = meantDialog(context);
+  if (!dialog) return dialog.error();
+  const Result<int> id = arguments.integer("a control's number");
+  if (!id) return id.error();
+  HWND window = win::controlWithId(dialog.value(), id.value());
+  if (window == nullptr) {
+    return refused("the dialog has no control " + std::to_string(id.value()));
+  }
+  return window;
+}
+
+Result<void> clickLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return done(win::clickControl(window.value()));
+}
+
+Result<void> typeLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const Result<std::wstring> text = arguments.text("a text (\"\" for none)");
+  if (!text) return text.error();
+  return done(win::typeOver(window.value(), text.value()));
+}
+
+Result<void> caretLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const Result<int> from = arguments.integer("the caret's place");
+  if (!from) return from.error();
+  const Result<int> to = arguments.atEnd() ? from : arguments.integer("the selection's end");
+  if (!to) return to.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return done(win::placeCaret(window.value(), from.value(), to.value()));
+}
+
+Result<void> chooseLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const bool byIndex = arguments.startsWith(L'#');
+  const Result<std::wstring> item = arguments.text("an item");
+  if (!item) return item.error();
+  if (!byIndex) return done(win::chooseItem(window.value(), item.value()));
+  Arguments number(std::wstring_view(item.value()).substr(1));
+  const Result<int> index = number.integer("an item's index");
+  if (!index) return index.error();
+  return done(win::chooseIndex(window.value(), index.value()));
+}
+
+Result<bool> onOrOff(Arguments& arguments) {
+  const Result<std::wstring> word = arguments.word("on or off");
+  if (!word) return word.error();
+  if (word.value() == L"on" || word.value() == L"off") return word.value() == L"on";
+  return refused("'" + win::toUtf8(word.value()) + "' is neither on nor off");
+}
+
+Result<void> checkLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const Result<bool> wanted = onOrOff(arguments);
+  if (!wanted) return wanted.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  const win::ControlListing before = win::listControl(window.value());
+  if (!before.check) return refused("control " + std::to_string(before.id) + " can't be checked");
+  if ((*before.check == 1) != wanted.value()) {
+    const win::InputResult clicked = win::clickControl(window.value());
+    if (!clicked) return done(clicked);
+  }
+  const bool on = win::listControl(window.value()).check == 1;
+  win::interaction().freshLine();
+  win::interaction().print(std::to_string(before.id) + (on ? " on\n" : " off\n"));
+  return {};
+}
+
+Result<void> focusLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return done(win::focusControl(window.value()));
+}
+
+Result<void> keyLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const Result<std::wstring> name = arguments.word("a key's name");
+  if (!name) return name.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  const std::optional<win::Keystroke> key = win::keyNamed(win::toUtf8(name.value()));
+  if (!key) return refused("'" + win::toUtf8(name.value()) + "' is no key");
+  return done(win::pressKey(window.value(), *key));
+}
+
+Result<void> placeLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> dialog = meantDialog(context);
+  if (!dialog) return dialog.error();
+  Arguments ahead = arguments;
+  const Result<std::vector<std::wstring>> words = ahead.words();
+  if (words && words.value() == std::vector<std::wstring>{L"min"}) {
+    return done(win::minimizeDialog(dialog.value()));
+  }
+  std::vector<int> numbers;
+  while (!arguments.atEnd()) {
+    const Result<int> number = arguments.integer("a place on the screen");
+    if (!number) return number.error();
+    numbers.push_back(number.value());
+  }
+  if (numbers.size() != 2 && numbers.size() != 4) return refused("@place takes X Y [W H] or min");
+  const win::InputResult moved = win::moveDialog(dialog.value(), numbers[0], numbers[1]);
+  if (!moved || numbers.size() == 2) return done(moved);
+  return done(win::sizeDialog(dialog.value(), numbers[2], numbers[3]));
+}
+
+Result<void> closeLine(LineContext& context, Arguments& arguments) {
+  if (const Result<void> end = arguments.end(); !end) return end;
+  const Result<HWND> dialog = meantDialog(context);
+  return dialog ? done(win::pressCloseBox(dialog.value())) : dialog.error();
+}
+
+Result<void> useLine(LineContext& context, Arguments& arguments) {
+  const Result<int> number = arguments.integer("a template's number");
+  if (!number) return number.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  const auto wanted = static_cast<unsigned>(number.value());
+  if (number.value() <= 0 || win::dialogOfTemplate(wanted) == nullptr) {
+    return refused("no dialog of template " + std::to_string(number.value()) + " is open");
+  }
+  context.usedTemplate = wanted;
+  return {};
+}
+
+std::string controlText(const win::ControlListing& listing) {
+  std::string text = std::to_string(listing.id) + ' ' + listing.kind;
+  text += listing.enabled ? " enabled" : " disabled";
+  text += listing.visible ? " visible" : " hidden";
+  if (listing.check)
+    text += *listing.check == 0 ? " off" : *listing.check == 1 ? " on" : " between";
+  text += ' ' + win::toUtf8(quotedText(listing.text));
+  if (listing.items.empty()) return text;
+  text += " #" + std::to_string(listing.selected) + " of";
+  for (const std::wstring& item : listing.items) text += ' ' + win::toUtf8(quotedText(item));
+  return text;
+}
+
+Result<void> dialogLine(LineContext& context, Arguments& arguments) {
+  if (const Result<void> end = arguments.end(); !end) return end;
+  const Result<HWND> dialog = meantDialog(context);
+  if (!dialog) return dialog.error();
+  const win::DialogListing listing = win::listDialog(dialog.value());
+  win::interaction().freshLine();
+  const RECT& place = listing.place;
+  context.out << win::toUtf8(quotedText(listing.title)) << " template " << listing.templateId
+              << " at " << place.left << ' ' << place.top << " size " << place.right - place.left
+              << ' ' << place.bottom - place.top << (listing.minimized ? " minimized" : "") << '\n';
+  for (const win::ControlListing& entry : listing.controls) {
+    context.out << "  " << controlText(entry)
+                << (entry.id == listing.focusId && entry.id != 0 ? " focus" : "") << '\n';
+  }
+  return {};
+}
+
+constexpr LineHandler kLines[] = {
+    {L"click", clickLine}, {L"type", typeLine},   {L"caret", caretLine},   {L"choose", chooseLine},
+    {L"check", checkLine}, {L"focus", focusLine}, {L"key", keyLine},       {L"place", placeLine},
+    {L"close", closeLine}, {L"use", useLine},     {L"dialog", dialogLine},
+};
+
+}  // namespace
+
+std::span<const LineHandler> dialogLines() {
+  return kLines;
+}
+
+}  // namespace kovra::host

@@ -1,0 +1,65 @@
+// Lines of the keyboard.
+#include "host/lines/line_handlers.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/pump.h"
+#include "platform/win/desktop/desktop.h"
+#include "platform/win/desktop/user_input.h"
+
+namespace kovra::host {
+namespace {
+
+// A prompt that runs inside a modal dialog is the top wait, so that it gets the keys.
+bool modalDialogHasKeys() {
+  const win::Wait* top = win::Pump::instance().topWait();
+  return top != nullptr && top->kind == win::WaitKind::modalDialog;
+}
+
+// Whether a control has the focus, rather than the drawing.
+bool controlHasKeys() {
+  const HWND focused = win::focusedControl();
+  return focused != nullptr && focused != win::drawingWindow() && focused != win::frameWindow();
+}
+
+Result<void> done(const win::InputResult& input) {
+  if (input) return {};
+  return Error{ErrorKind::kInvalidInput, input.error};
+}
+
+Result<void> pressKey(Arguments& arguments, const char* key, const wchar_t* character) {
+  if (const Result<void> end = arguments.end(); !end) return end;
+  if (!modalDialogHasKeys()) return arx::host::typeText(character);
+  const HWND dialog = win::topDialog();
+  if (dialog == nullptr) return Error{ErrorKind::kInvalidInput, "no dialog is open"};
+  return done(win::pressKeyInDialog(dialog, *win::keyNamed(key)));
+}
+
+Result<void> enterLine(LineContext&, Arguments& arguments) {
+  return pressKey(arguments, "Enter", L"\n");
+}
+
+Result<void> escapeLine(LineContext&, Arguments& arguments) {
+  return pressKey(arguments, "Esc", L"\x03");
+}
+
+Result<void> keysLine(LineContext&, Arguments& arguments) {
+  const Result<std::wstring> text = arguments.text("a text");
+  if (!text) return text.error();
+  if (modalDialogHasKeys() || controlHasKeys()) {
+    return done(win::typeCharacters(text.value()));
+  }
+  return arx::host::typeText(text.value());
+}
+
+constexpr LineHandler kLines[] = {
+    {L"enter", enterLine},
+    {L"esc", escapeLine},
+    {L"keys", keysLine},
+};
+
+}  // namespace
+
+std::span<const LineHandler> keyLines() {
+  return kLines;
+}
+
+}  // namespace kovra::host

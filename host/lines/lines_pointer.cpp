@@ -1,0 +1,99 @@
+// Lines of the pointer in the drawing: clicks, moves, picks, selections.
+#include "host/lines/line_handlers.h"
+#include "platform/arx/editor/host_api.h"
+
+namespace kovra::host {
+namespace {
+
+namespace editor = arx::host;
+
+editor::PickPoint toPoint(const std::vector<double>& numbers) {
+  return {numbers[0], numbers[1], numbers.size() > 2 ? numbers[2] : 0};
+}
+
+Result<void> pointLine(LineContext&, Arguments& arguments) {
+  const Result<std::vector<double>> numbers = arguments.coordinates(2, 3);
+  if (!numbers) return numbers.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return editor::clickPoint(toPoint(numbers.value()));
+}
+
+Result<void> moveLine(LineContext&, Arguments& arguments) {
+  const Result<std::vector<double>> numbers = arguments.coordinates(2, 2);
+  if (!numbers) return numbers.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return editor::moveCursor(toPoint(numbers.value()));
+}
+
+// A place has a comma, a handle has none.
+bool looksLikePlace(Arguments arguments) {
+  const Result<std::wstring> word = arguments.word("a place");
+  return word && word.value().find(L',') != std::wstring::npos;
+}
+
+Result<void> pickLine(LineContext& context, Arguments& arguments) {
+  if (looksLikePlace(arguments)) return pointLine(context, arguments);
+  const Result<std::uint64_t> handle = arguments.handle();
+  if (!handle) return handle.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return editor::pickEntity(handle.value());
+}
+
+Result<editor::SelectionInput> boxArguments(Arguments& arguments) {
+  const Result<std::vector<double>> first = arguments.coordinates(2, 2);
+  if (!first) return first.error();
+  const Result<std::vector<double>> second = arguments.coordinates(2, 2);
+  if (!second) return second.error();
+  editor::SelectionInput input;
+  input.box = {toPoint(first.value()), toPoint(second.value())};
+  return input;
+}
+
+Result<editor::SelectionInput> selectionArguments(Arguments& arguments) {
+  if (looksLikePlace(arguments)) return boxArguments(arguments);
+  Arguments ahead = arguments;
+  const Result<std::wstring> word = ahead.word("what to select");
+  if (!word) return word.error();
+  editor::SelectionInput input;
+  if (word.value() == L"all") {
+    arguments = ahead;
+    input.all = true;
+    return input;
+  }
+  while (!arguments.atEnd()) {
+    const Result<std::uint64_t> handle = arguments.handle();
+    if (!handle) return handle.error();
+    input.handles.push_back(handle.value());
+  }
+  return input;
+}
+
+using Selecting = Result<void> (*)(const editor::SelectionInput&);
+
+Result<void> selectWith(Selecting select, Arguments& arguments) {
+  const Result<editor::SelectionInput> input = selectionArguments(arguments);
+  if (!input) return input.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  return select(input.value());
+}
+
+Result<void> selectLine(LineContext&, Arguments& arguments) {
+  return selectWith(editor::select, arguments);
+}
+
+Result<void> preselectLine(LineContext&, Arguments& arguments) {
+  return selectWith(editor::preselect, arguments);
+}
+
+constexpr LineHandler kLines[] = {
+    {L"point", pointLine},   {L"move", moveLine},           {L"pick", pickLine},
+    {L"select", selectLine}, {L"preselect", preselectLine},
+};
+
+}  // namespace
+
+std::span<const LineHandler> pointerLines() {
+  return kLines;
+}
+
+}  // namespace kovra::host

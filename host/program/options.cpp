@@ -1,0 +1,161 @@
+#include "host/program/options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <map>
+
+#include "host/program/script_text.h"
+#include "platform/win/base/wide_text.h"
+
+namespace kovra::host {
+namespace {
+
+constexpr const char* kVersion = KOVRA_VERSION;
+constexpr const char* kOwnOptions = "list, check and plot take only what stands behind them";
+
+// CLI11's own statuses are more than the three of this program.
+int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+    app.exit(error, std::cout, std::cerr);
+    return kExitDone;
+  }
+  std::cerr << "kovra: " << error.what() << "\nTry 'kovra --help'.\n";
+  return kExitUsage;
+}
+
+void addRunOptions(CLI::App& app, RunOptions& run) {
+  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
+      ->option_text("...");
+  app.add_option("-p,--project", run.project, "The current project (default: none)")
+      ->option_text("DIR");
+  app.add_option("-s,--script", run.script, "Input, line by line; - is standard input")
+      ->option_text("FILE");
+  app.add_option("-c,--command", run.commands,
+                 "One input line; may be repeated; runs before the script")
+      ->allow_extra_args(false)
+      ->option_text("LINE");
+  app.add_option("-o,--output", run.output,
+                 "Save the current drawing there at the end; not one that was opened")
+      ->option_text("FILE");
+  app.add_flag("--save", run.saveAll, "Save every changed drawing in its own place at the end");
+  app.add_flag_callback(
+      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
+  app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
+  app.add_option("--state", run.stateStore, "The user's dialog store (default: per user)")
+      ->option_text("FILE");
+  app.add_option("--registry", run.registry, "Stands for HKEY_LOCAL_MACHINE")->option_text("FILE");
+  app.add_option("--language", run.language, "Strings and dialogs (default: the locale)")
+      ->check(CLI::IsMember({"ja", "en"}))
+      ->option_text("ja|en");
+  app.add_flag("--quiet", run.quiet, "No transcript; @list, @dialog and @show still print");
+}
+
+CLI::App* addList(CLI::App& app, ListOptions& list) {
+  const std::map<std::string, ListFormat> formats = {
+      {"table", ListFormat::kTable}, {"csv", ListFormat::kCsv}, {"json", ListFormat::kJson}};
+  CLI::App* command = app.add_subcommand("list", "Print every TEXT, MTEXT, ATTDEF and ATTRIB");
+  command->add_option("DRAWING", list.drawings, "Drawings to read")->required()->option_text("...");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&list, formats](const std::string& name) { list.format = formats.at(name); },
+          "Form of the output (default: table)")
+      ->check(CLI::IsMember({"table", "csv", "json"}))
+      ->option_text("table|csv|json");
+  command->add_option("--layer", list.layer, "Only texts on this layer")->option_text("NAME");
+  command->add_option("--tag", list.tagPattern, "Only attributes whose tag matches")
+      ->option_text("PATTERN");
+  return command;
+}
+
+CLI::App* addCheck(CLI::App& app, CheckOptions& check) {
+  CLI::App* command = app.add_subcommand("check", "Say whether saving gives every byte back");
+  command->add_option("DRAWING", check.drawings, "Drawings to read")
+      ->required()
+      ->option_text("...");
+  return command;
+}
+
+/// X1,Y1,X2,Y2: two opposite corners.
+std::string readWindow(const std::string& text, PlotOptions& plot) {
+  const std::wstring wide = win::fromUtf8(text);
+  Arguments arguments(wide);
+  const Result<std::vector<double>> numbers = arguments.coordinates(4, 4);
+  if (!numbers || !arguments.atEnd()) return "a window is X1,Y1,X2,Y2";
+  const std::vector<double>& n = numbers.value();
+  if (n[0] == n[2] || n[1] == n[3]) return "the window is empty";
+  plot.window = {{std::min(n[0], n[2]), std::min(n[1], n[3]), 0},
+                 {std::max(n[0], n[2]), std::max(n[1], n[3]), 0}};
+  return {};
+}
+
+CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
+  const std::map<std::string, Ground> grounds = {{"white", Ground::kWhite},
+                                                 {"dark", Ground::kDark}};
+  CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
+  command->add_option("DRAWING", plot.drawing, "Drawing to read")->required()->option_text(" ");
+  command->add_option("-o,--output", plot.output, "The picture: FILE.svg or FILE.png")
+      ->required()
+      ->option_text("FILE");
+  command
+      ->add_option_function<std::string>(
+          "--window",
+          [&plot](const std::string& text) {
+            if (const std::string fault = readWindow(text, plot); !fault.empty())
+              throw CLI::ValidationError("--window", fault);
+          },
+          "The part to draw, in drawing units (default: all that is drawn)")
+      ->option_text("X1,Y1,X2,Y2");
+  command->add_option("--ground", plot.ground, "What it is drawn on (default: white)")
+      ->transform(CLI::CheckedTransformer(grounds))
+      ->option_text("white|dark");
+  command->add_option("--size", plot.size, "Pixels of the longer side (default: 1600)")
+      ->check(CLI::Range(16, 32000))
+      ->option_text("PIXELS");
+  return command;
+}
+
+// What CLI11 can't say by itself; empty when all is well.
+std::string findMisuse(const CLI::App& app, const CommandLine& line) {
+  const RunOptions& run = line.run;
+  for (const std::string& command : run.commands) {
+    if (command.find_first_of("\n\r") != std::string::npos) return "-c takes one line";
+  }
+  if (app.count("--script") != 0 && run.script.empty()) return "-s needs the name of a file";
+  if (app.count("--output") != 0 && run.output.empty()) return "-o needs the name of a file";
+  if (line.mode == Mode::kRun) return {};
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->count() != 0) return kOwnOptions;
+  }
+  return {};
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(int argc, const char* const* argv) {
+  CommandLine line;
+  CLI::App app("Runs the text tools on drawings, from a script or a terminal.", "kovra");
+  app.set_version_flag("--version", std::string("kovra ") + kVersion);
+  app.require_subcommand(0, 1);
+  addRunOptions(app, line.run);
+  const CLI::App* list = addList(app, line.list);
+  const CLI::App* check = addCheck(app, line.check);
+  const CLI::App* plot = addPlot(app, line.plot);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    line.exitStatus = reportParseError(app, error);
+    return line;
+  }
+  line.mode = list->parsed()    ? Mode::kList
+              : check->parsed() ? Mode::kCheck
+              : plot->parsed()  ? Mode::kPlot
+                                : Mode::kRun;
+  if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
+    std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";
+    line.exitStatus = kExitUsage;
+  }
+  return line;
+}
+
+}  // namespace kovra::host

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/arx/geometry/geometry.h"
+
+namespace kovra::host {
+
+/// What the program ends with.
+enum ExitStatus {
+  kExitDone = 0,
+  kExitRefused = 1,  ///< a line could not be carried out
+  kExitUsage = 2,
+  kExitFile = 3  ///< a file can't be read or written
+};
+
+enum class ListFormat { kTable, kCsv, kJson };
+
+/// Options of `kovra [options] [DRAWING...]`.
+struct RunOptions {
+  std::vector<std::filesystem::path> drawings;
+  std::filesystem::path project;      ///< empty: none
+  std::string script;                 ///< empty: none, "-": standard input
+  std::vector<std::string> commands;  ///< input lines that run before the script
+  std::filesystem::path output;       ///< empty: none
+  std::filesystem::path stateStore;   ///< empty: the user's own
+  std::filesystem::path registry;     ///< empty: an empty registry
+  std::string language;               ///< "ja" or "en"; empty: the locale's
+  bool saveAll = false;
+  bool backup = true;
+  bool keepGoing = false;
+  bool quiet = false;
+};
+
+/// Options of `kovra list`.
+struct ListOptions {
+  std::vector<std::filesystem::path> drawings;
+  ListFormat format = ListFormat::kTable;
+  std::optional<std::string> layer;       ///< a layer's name, case doesn't count
+  std::optional<std::string> tagPattern;  ///< wild cards of the command line, case doesn't count
+};
+
+/// Options of `kovra check`.
+struct CheckOptions {
+  std::vector<std::filesystem::path> drawings;
+};
+
+/// Colors that a picture is drawn on.
+enum class Ground { kWhite, kDark };
+
+/// Options of `kovra plot`.
+struct PlotOptions {
+  struct Window {
+    AcGePoint3d low;
+    AcGePoint3d high;
+  };
+  std::filesystem::path drawing;
+  std::filesystem::path output;
+  std::optional<Window> window;  ///< in drawing units; none: all that is drawn
+  Ground ground = Ground::kWhite;
+  int size = 1600;  ///< pixels of the longer side
+};
+
+enum class Mode { kRun, kList, kCheck, kPlot };
+
+struct CommandLine {
+  Mode mode = Mode::kRun;
+  RunOptions run;
+  ListOptions list;
+  CheckOptions check;
+  PlotOptions plot;
+  /// Set when there is nothing to run: help was printed, or wrong usage reported.
+  std::optional<int> exitStatus;
+};
+
+/// Reads the arguments. Prints help and version to standard output, wrong usage to standard error.
+CommandLine parseCommandLine(int argc, const char* const* argv);
+
+}  // namespace kovra::host

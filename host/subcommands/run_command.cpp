@@ -1,0 +1,169 @@
+#include "host/subcommands/run_command.h"
+
+#include <iostream>
+#include <memory>
+
+#include "host/libraries/terminal_library.h"
+#include "host/libraries/text_module.h"
+#include "host/lines/line_runner.h"
+#include "host/program/program_files.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/run_settings.h"
+
+namespace kovra::host {
+namespace {
+
+namespace editor = arx::host;
+using std::filesystem::path;
+
+constexpr const char* kOutputIsInput = "the output is one of the inputs";
+
+bool isInput(const path& file, const RunOptions& options) {
+  for (const path& drawing : options.drawings) {
+    if (isSameFile(file, drawing)) return true;
+  }
+  for (const editor::DrawingInfo& drawing : editor::drawings()) {
+    if (!drawing.file.empty() && isSameFile(file, drawing.file)) return true;
+  }
+  return !options.script.empty() && isSameFile(file, options.script);
+}
+
+// What must be there before anything is opened; false when it isn't.
+bool checkPlaces(const RunOptions& options, ProgramErrors& errors) {
+  std::error_code failure;
+  if (!options.output.empty() && isInput(options.output, options)) {
+    errors.report(kExitUsage, options.output.string(), kOutputIsInput);
+  } else if (!options.project.empty() && !std::filesystem::is_directory(options.project, failure)) {
+    errors.report(kExitFile, options.project.string(), "the project is no folder");
+  } else if (!options.registry.empty() &&
+             !std::filesystem::is_regular_file(options.registry, failure)) {
+    errors.report(kExitFile, options.registry.string(), "the registry file can't be read");
+  }
+  return errors.status() == kExitDone;
+}
+
+/// `resources`: the folder of the compiled resource files.
+void applySettings(const RunOptions& options, const path& resources) {
+  win::RunSettings& settings = win::runSettings();
+  settings.stateStore = options.stateStore;
+  settings.registry = options.registry;
+  settings.resourceFolder = resources;
+  settings.keepBackup = options.backup;
+  settings.language = options.language.empty()   ? win::localeLanguage()
+                      : options.language == "ja" ? win::Language::japanese
+                                                 : win::Language::english;
+  if (!options.project.empty()) win::setCurrentProject(std::filesystem::absolute(options.project));
+  if (!options.quiet) {
+    win::interaction().setTranscript([](std::string_view text) { std::cout << text; });
+  }
+}
+
+bool openAll(const RunOptions& options, ProgramErrors& errors) {
+  for (const path& file : options.drawings) {
+    const auto opened = editor::openDrawing(file);
+    if (!opened) errors.report(kExitFile, {}, opened.error().message);
+  }
+  if (!options.drawings.empty()) return errors.status() == kExitDone;
+  const auto created = editor::newDrawing();
+  if (!created) errors.report(kExitFile, {}, created.error().message);
+  return created.ok();
+}
+
+void saveOutput(const RunOptions& options, ProgramErrors& errors) {
+  const editor::DrawingId drawing = editor::currentDrawing();
+  if (drawing == 0) return errors.report(kExitRefused, {}, "no drawing is open to be saved");
+  // A drawing may have been opened by a line, or a link made, since the start.
+  if (isInput(options.output, options)) {
+    return errors.report(kExitUsage, options.output.string(), kOutputIsInput);
+  }
+  const auto saved = editor::saveDrawing(drawing, &options.output, {options.backup});
+  if (!saved) errors.report(kExitFile, {}, saved.error().message);
+}
+
+void saveChanged(const RunOptions& options, ProgramErrors& errors) {
+  for (const editor::DrawingInfo& drawing : editor::drawings()) {
+    if (!drawing.modified) continue;
+    if (drawing.file.empty()) {
+      // A new drawing that went to the output is safe.
+      if (!options.output.empty() && drawing.id == editor::currentDrawing()) continue;
+      errors.report(kExitFile, {}, "a new drawing has no file to be saved to");
+      continue;
+    }
+    const auto saved = editor::saveDrawing(drawing.id, nullptr, {options.backup});
+    if (!saved) errors.report(kExitFile, {}, saved.error().message);
+  }
+}
+
+// As a user would: each drawing is closed, and what that sets off comes to rest.
+void closeAll(ProgramErrors& errors) {
+  while (const editor::DrawingId drawing = editor::currentDrawing()) {
+    const auto closed = editor::closeDrawing(drawing);
+    if (!closed) return errors.report(kExitRefused, {}, closed.error().message);
+    editor::runIdle();
+    if (editor::currentDrawing() == drawing) return;
+  }
+}
+
+bool isInteractive(const RunOptions& options) {
+  return options.script.empty() && options.commands.empty() && terminalIsThere();
+}
+
+Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options) {
+  if (isInteractive(options)) return openTerminal(options.saveAll || !options.output.empty());
+  auto lines = BatchLines::open(options.commands, options.script);
+  if (!lines) return lines.error();
+  return std::unique_ptr<LineSource>(std::move(lines).value());
+}
+
+void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
+              ProgramErrors& errors) {
+  LineContext context{options, module, std::cout};
+  LineRunner runner(context, lines, errors);
+  editor::setEnterRepeats(isInteractive(options));
+  editor::setInputShown(!isInteractive(options));
+  editor::runIdle();
+  runner.finish();
+  const bool mayWrite = errors.status() == kExitDone || options.keepGoing;
+  if (mayWrite && !options.output.empty()) saveOutput(options, errors);
+  if (mayWrite && options.saveAll) saveChanged(options, errors);
+  closeAll(errors);
+}
+
+void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
+  applySettings(options, moduleFile.parent_path());
+  const auto lines = openInput(options);
+  if (!lines) return errors.report(kExitFile, {}, lines.error().message);
+  TextModule module(moduleFile);
+  if (const auto loaded = module.load(); !loaded) {
+    return errors.report(kExitFile, {}, loaded.error().message);
+  }
+  if (openAll(options, errors)) {
+    runLines(options, module, *lines.value(), errors);
+  } else {
+    closeAll(errors);
+  }
+  if (const auto unloaded = module.unload(); !unloaded) {
+    errors.report(kExitRefused, {}, unloaded.error().message);
+  }
+}
+
+}  // namespace
+
+int runDrawings(const RunOptions& given) {
+  RunOptions options = given;
+  // A person sees what went wrong and goes on.
+  if (isInteractive(options)) options.keepGoing = true;
+  ProgramErrors errors;
+  if (!checkPlaces(options, errors)) return errors.status();
+  const Result<path> module = findProgramFile("kovra_text.so");
+  if (!module) {
+    errors.report(kExitFile, {}, module.error().message);
+    return errors.status();
+  }
+  runSession(options, module.value(), errors);
+  win::interaction().freshLine();
+  return errors.status();
+}
+
+}  // namespace kovra::host

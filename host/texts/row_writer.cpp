@@ -1,0 +1,203 @@
+#include "host/texts/row_writer.h"
+
+#include <wchar.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <clocale>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "platform/dxf/values.h"
+#include "platform/win/base/wide_text.h"
+
+namespace kovra::host {
+namespace {
+
+// A column: its name, and its text in tables and comma separated values.
+struct Column {
+  const char* name;
+  bool number;
+  std::string (*text)(const TextRow&);
+};
+
+// Reads back as the same double; whole numbers without a point.
+std::string shortestNumber(double value) {
+  if (value == 0) return "0";  // also for a zero with a sign
+  std::array<char, 32> buffer{};
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  return {buffer.data(), result.ptr};
+}
+
+std::string handleText(const TextRow& row) {
+  return row.handle == 0 ? std::string() : dxf::formatHandle(row.handle);
+}
+
+constexpr std::array<Column, 14> kColumns = {{
+    {"handle", false, handleText},
+    {"kind", false, [](const TextRow& row) { return std::string(row.kind); }},
+    {"space", false, [](const TextRow& row) { return row.space; }},
+    {"tag", false, [](const TextRow& row) { return row.tag; }},
+    {"value", false, [](const TextRow& row) { return row.value; }},
+    {"layer", false, [](const TextRow& row) { return row.layer; }},
+    {"style", false, [](const TextRow& row) { return row.style; }},
+    {"height", true, [](const TextRow& row) { return shortestNumber(row.height); }},
+    {"width_factor", true,
+     [](const TextRow& row) {
+       return row.widthFactor ? shortestNumber(*row.widthFactor) : std::string();
+     }},
+    {"rotation", true, [](const TextRow& row) { return shortestNumber(row.rotation); }},
+    {"alignment", false, [](const TextRow& row) { return std::string(row.alignment); }},
+    {"x", true, [](const TextRow& row) { return shortestNumber(row.x); }},
+    {"y", true, [](const TextRow& row) { return shortestNumber(row.y); }},
+    {"z", true, [](const TextRow& row) { return shortestNumber(row.z); }},
+}};
+
+// Character classes of UTF-8 for a scope, whatever the locale of the process.
+class Utf8Locale {
+ public:
+  Utf8Locale() : locale_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {
+    if (locale_ != nullptr) previous_ = uselocale(locale_);
+  }
+  ~Utf8Locale() {
+    if (locale_ == nullptr) return;
+    uselocale(previous_);
+    freelocale(locale_);
+  }
+  Utf8Locale(const Utf8Locale&) = delete;
+  Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+ private:
+  locale_t locale_;
+  locale_t previous_ = nullptr;
+};
+
+size_t widthOf(const std::string& text) {
+  size_t width = 0;
+  bool ascii = true;
+  for (const char c : text) ascii = ascii && static_cast<signed char>(c) >= 0;
+  if (ascii) return text.size();
+  for (const wchar_t c : win::fromUtf8(text)) width += static_cast<size_t>(std::max(wcwidth(c), 0));
+  return width;
+}
+
+// A control character would break the table's lines.
+std::string tableCell(std::string text) {
+  for (char& c : text) {
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = ' ';
+  }
+  return text;
+}
+
+using Widths = std::array<size_t, kColumns.size()>;
+
+void writeTableLine(std::ostream& out, const Widths& widths,
+                    const std::function<std::string(const Column&)>& text) {
+  std::string line;
+  line.reserve(256);
+  for (size_t i = 0; i < kColumns.size(); ++i) {
+    const std::string cell = tableCell(text(kColumns[i]));
+    const size_t padding = widths[i] - std::min(widths[i], widthOf(cell));
+    if (i > 0) line += "  ";
+    if (kColumns[i].number) line.append(padding, ' ');
+    line += cell;
+    if (!kColumns[i].number) line.append(padding, ' ');
+  }
+  out << line << '\n';
+}
+
+void writeTable(std::ostream& out, const std::string& drawing, const RowSource& rows) {
+  const Utf8Locale locale;
+  Widths widths{};
+  for (size_t i = 0; i < kColumns.size(); ++i) widths[i] = std::string(kColumns[i].name).size();
+  rows([&](const TextRow& row) {
+    for (size_t i = 0; i < kColumns.size(); ++i) {
+      widths[i] = std::max(widths[i], widthOf(tableCell(kColumns[i].text(row))));
+    }
+  });
+  if (!drawing.empty()) out << drawing << ":\n";
+  writeTableLine(out, widths, [](const Column& column) { return std::string(column.name); });
+  rows([&](const TextRow& row) {
+    writeTableLine(out, widths, [&](const Column& column) { return column.text(row); });
+  });
+}
+
+std::string csvField(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+void writeCsv(std::ostream& out, const std::string& drawing, bool head, const RowSource& rows) {
+  const std::string first = drawing.empty() ? std::string() : csvField(drawing) + ',';
+  if (head) {
+    if (!drawing.empty()) out << "drawing,";
+    for (const Column& column : kColumns) {
+      out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
+    }
+  }
+  rows([&](const TextRow& row) {
+    std::string line = first;
+    for (const Column& column : kColumns) {
+      line += csvField(column.text(row));
+      line += &column == &kColumns.back() ? "\r\n" : ",";
+    }
+    out << line;
+  });
+}
+
+// Most texts need no escapes; the others are the library's.
+void appendJson(std::string& out, const std::string& text) {
+  const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
+    return c >= ' ' && c < '\x7f' && c != '"' && c != '\\';
+  });
+  if (plain) {
+    out.append(1, '"').append(text).append(1, '"');
+  } else {
+    out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  }
+}
+
+void writeJson(std::ostream& out, const std::string& drawing, const RowSource& rows) {
+  std::string head = "{";
+  if (!drawing.empty()) {
+    head += "\"drawing\":";
+    appendJson(head, drawing);
+    head += ',';
+  }
+  rows([&](const TextRow& row) {
+    std::string line = head;
+    for (const Column& column : kColumns) {
+      line.append(1, '"').append(column.name).append("\":");
+      const std::string text = column.text(row);
+      if (column.number) {
+        line += text.empty() ? "null" : text;
+      } else {
+        appendJson(line, text);
+      }
+      line += &column == &kColumns.back() ? "}\n" : ",";
+    }
+    out << line;
+  });
+}
+
+}  // namespace
+
+void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
+               const RowSource& rows) {
+  switch (format) {
+    case ListFormat::kTable:
+      return writeTable(out, drawing, rows);
+    case ListFormat::kCsv:
+      return writeCsv(out, drawing, head, rows);
+    case ListFormat::kJson:
+      return writeJson(out, drawing, rows);
+  }
+}
+
+}  // namespace kovra::host

@@ -1,0 +1,68 @@
+#include "platform/arx/base/list_values.h"
+
+#include "platform/arx/base/result_codes.h"
+#include "platform/dxf/values.h"
+
+namespace kovra::arx {
+namespace {
+
+ListValue ofResultCode(int type) {
+  switch (type) {
+    case RTREAL:
+    case RTANG:
+    case RTORINT:
+      return ListValue::kReal;
+    case RTPOINT:
+    case RT3DPOINT:
+      return ListValue::kPoint;
+    case RTSHORT:
+      return ListValue::kShort;
+    case RTLONG:
+      return ListValue::kLong;
+    case RTSTR:
+    case RTDXF0:
+      return ListValue::kText;
+    case RTENAME:
+    case RTPICKS:
+      return ListValue::kName;
+    default:
+      return ListValue::kNone;
+  }
+}
+
+/// Handles that lists give as text; other references are names.
+bool isTextHandle(int code) {
+  return code == 5 || code == 105 || code == 1005 || (code >= 320 && code < 330) || code == 480 ||
+         code == 481;
+}
+
+}  // namespace
+
+ListValue listValue(int type) {
+  if (type >= RTNONE) return ofResultCode(type);
+  if (type == -1 || type == -2) return ListValue::kName;
+  if (type == -4 || type == 0) return ListValue::kText;
+  constexpr int kLastGroupCode = 1071;
+  if (type < 0 || type > kLastGroupCode) return ListValue::kNone;
+  if (dxf::isPointCode(type)) return ListValue::kPoint;
+  switch (dxf::valueType(type)) {
+    case dxf::ValueType::kReal:
+      return ListValue::kReal;
+    case dxf::ValueType::kInt16:
+    case dxf::ValueType::kBool:
+      return ListValue::kShort;
+    case dxf::ValueType::kInt32:
+      return ListValue::kLong;
+    case dxf::ValueType::kInt64:
+      return ListValue::kInt64;
+    case dxf::ValueType::kBinary:
+      return ListValue::kBinary;
+    case dxf::ValueType::kHandle:
+      return isTextHandle(type) ? ListValue::kText : ListValue::kName;
+    case dxf::ValueType::kText:
+      break;
+  }
+  return ListValue::kText;
+}
+
+}  // namespace kovra::arx

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/arx/database/object_id.h"
+#include "platform/arx/editor/documents/keywords.h"
+#include "platform/arx/editor/documents/sysvars.h"
+#include "platform/arx/editor/documents/view.h"
+#include "platform/arx/geometry/geometry.h"
+
+namespace kovra::arx {
+
+/// What acedInitGet asked for: serves the next prompt, then goes.
+struct PromptControl {
+  int flags = 0;
+  KeywordList keywords{};
+};
+
+/// The pointer over the drawing window: the pixel, and the exact world point that was meant.
+struct Cursor {
+  bool known = false;
+  int pixelX = 0;
+  int pixelY = 0;
+  AcGePoint3d point{};
+};
+
+/// What belongs to an open document and isn't part of its drawing.
+struct DocumentSession {
+  bool closing = false;                ///< every prompt is cancelled until the document is idle
+  std::vector<std::wstring> commands;  ///< running, outermost first
+  std::wstring lastCommand;            ///< for a plain Enter
+  std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
+  AcGePoint3d lastPoint{};                                       ///< in world coordinates
+  std::vector<AcDbObjectId> implied;                             ///< the implied selection
+  std::vector<AcDbObjectId> previous;                            ///< the last selection made
+  std::unordered_set<AcDbObjectId> highlighted;
+  PromptControl promptControl;
+  std::wstring lastInput;  ///< keyword or text for acedGetInput
+  Cursor cursor;
+  std::map<bool, View> views;  ///< of model space (true) and of paper space; fixed once shown
+};
+
+}  // namespace kovra::arx

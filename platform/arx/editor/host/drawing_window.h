@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/win/base/windows_types.h"
+
+namespace kovra::arx {
+
+/// The program's main window; made at the first use.
+HWND frameWindow();
+/// The window inside it that shows the current drawing, kWindowWidth by kWindowHeight pixels.
+/// Characters that are posted to it are typed into the current document's command line.
+HWND drawingWindow();
+
+}  // namespace kovra::arx

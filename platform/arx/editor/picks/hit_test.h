@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/arx/database/object_id.h"
+#include "platform/arx/geometry/geometry.h"
+
+class AcApDocument;
+
+namespace kovra::arx {
+
+/// What a pick found.
+struct PickHit {
+  AcDbObjectId entity;                   ///< of the current space
+  AcDbObjectId leaf;                     ///< what was hit, inside block references if there are any
+  AcGeMatrix3d toWorld{};                ///< from the leaf's own block
+  std::vector<AcDbObjectId> containers;  ///< innermost first
+};
+
+/// The last drawn visible entity within PICKBOX pixels of a world point, in plan view.
+std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point);
+
+/// A world point at which a pick gives the entity, or the attribute or nested entity; nothing when
+/// others cover it or it isn't drawn.
+std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id);
+
+/// The entities of the current space inside a box of world points (a window), or also those that it
+/// touches (a crossing); in drawing order.
+std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3d& first,
+                                        const AcGePoint3d& second, bool crossing);
+/// Everything in the current space that isn't on a frozen layer.
+std::vector<AcDbObjectId> allEntities(AcApDocument& document);
+
+// Plane geometry; z doesn't count.
+double distanceToSegment(const AcGePoint3d& point, const AcGePoint3d& a, const AcGePoint3d& b);
+bool insidePolygon(const AcGePoint3d& point, const std::vector<AcGePoint3d>& corners);
+
+}  // namespace kovra::arx

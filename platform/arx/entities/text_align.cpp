@@ -1,0 +1,39 @@
+#include "platform/arx/entities/text_align.h"
+
+#include "platform/arx/database/database.h"
+#include "platform/arx/database/text_styles.h"
+#include "platform/arx/entities/text_groups.h"
+#include "platform/dxf/record_store.h"
+
+namespace kovra::arx {
+namespace {
+
+AcGePoint3d positionOf(const dxf::RecordDraft& draft, const AcDbDatabase& database) {
+  const dxf::TextCodec& codec = database.store().codec();
+  std::wstring value = codec.decode(readBytes(draft, kTextValue));
+  if (value.find(L'^') != std::wstring::npos) value = dxf::decodeCarets(value);
+  TextShape shape = textShape(draft);
+  shape.text = value;
+  shape.vertical = database.textStyles().findBytes(readBytes(draft, kTextStyle)).vertical;
+  return placeText(shape).position;
+}
+
+}  // namespace
+
+bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
+  const AcDb::TextHorzMode mode = textHorizontalMode(edit.draft());
+  if (!usesAlignmentPoint(mode, textVerticalMode(edit.draft()))) return false;
+  const bool isMissing = findProperty(edit.draft(), kTextAlignment) == dxf::kNoGroup;
+  bool changed = isMissing && edit.setPoint(kTextAlignment, textPoint(edit.draft(), kTextPosition));
+  if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return changed;
+  AcGePoint3d position = positionOf(edit.draft(), database);
+  dxf::RecordDraft file;
+  if (edit.loadOriginal(file) && samePlacement(file, edit.draft()))
+    position = textPoint(file, kTextPosition);
+  // Old drawings give z by the elevation alone.
+  if (position.z == readReal(edit.draft(), {kEntityPart, 38}, 0)) position.z = 0;
+  changed |= edit.setPoint(kTextPosition, position);
+  return changed;
+}
+
+}  // namespace kovra::arx

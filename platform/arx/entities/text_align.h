@@ -1,0 +1,15 @@
+// The position of texts that have an alignment point.
+#pragma once
+#include "platform/arx/database/record_edit.h"
+
+class AcDbDatabase;
+
+namespace kovra::arx {
+
+/// Brings group 10 of a TEXT, ATTRIB or ATTDEF in step with its alignment point, and adds an
+/// alignment point that is missing. A text that is again as the file has it gets the file's
+/// position again, whatever font was measured there. Aligned and fitted texts keep their two
+/// points. Says whether something changed.
+bool alignText(RecordEdit& edit, const AcDbDatabase& database);
+
+}  // namespace kovra::arx

@@ -1,0 +1,43 @@
+#include "platform/win/desktop/dialog_listing.h"
+
+#include "platform/win/desktop/user_input.h"
+#include "platform/win/dialogs/dialogs.h"
+#include "platform/win/windows/window.h"
+#include "platform/win/windows/window_api.h"
+
+namespace kovra::win {
+
+ControlListing listControl(HWND control) {
+  ControlListing listing;
+  const Window* window = findWindow(control);
+  if (window == nullptr) return listing;
+  listing.window = control;
+  listing.id = window->id;
+  listing.enabled = IsWindowEnabled(control) != FALSE;
+  listing.visible = IsWindowVisible(control) != FALSE;
+  listing.kind = "window";
+  if (const WindowState* state = window->state.get()) {
+    listing.kind = state->kind(*window);
+    listing.check = state->checkState(*window);
+    listing.items = state->itemTexts();
+    listing.selected = state->selectedItem();
+  }
+  listing.text = windowText(control);
+  return listing;
+}
+
+DialogListing listDialog(HWND dialog) {
+  DialogListing listing;
+  listing.window = dialog;
+  listing.title = windowText(dialog);
+  listing.templateId = templateOf(dialog);
+  listing.place = screenPlace(dialog);
+  listing.minimized = IsIconic(dialog) != FALSE;
+  const HWND focused = focusedControl();
+  if (isInside(dialog, focused) && focused != dialog) listing.focusId = GetDlgCtrlID(focused);
+  for (const HWND control : dialogControls(dialog))
+    listing.controls.push_back(listControl(control));
+  return listing;
+}
+
+}  // namespace kovra::win

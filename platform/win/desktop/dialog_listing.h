@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/win/base/windows_types.h"
+
+namespace kovra::win {
+
+/// What a user sees of a control.
+struct ControlListing {
+  HWND window = nullptr;
+  int id = 0;
+  std::string kind;  ///< "button", "check", "radio", "edit", "combo", "label" ...
+  bool enabled = false;
+  bool visible = false;
+  std::optional<int> check;  ///< 0, 1 or 2 (in between), of what can be checked
+  std::wstring text;
+  std::vector<std::wstring> items;  ///< of a list
+  int selected = -1;                ///< index into them
+};
+
+/// What a user sees of a dialog.
+struct DialogListing {
+  HWND window = nullptr;
+  std::wstring title;
+  unsigned templateId = 0;
+  RECT place{};  ///< in screen pixels
+  bool minimized = false;
+  int focusId = 0;                       ///< id of the control with the focus, 0 for none
+  std::vector<ControlListing> controls;  ///< in tab order, those of child dialogs included
+};
+
+DialogListing listDialog(HWND dialog);
+ControlListing listControl(HWND control);
+
+}  // namespace kovra::win
