@@ -41,6 +41,14 @@ AcGeMatrix3d referenceMatrix(const dxf::RecordDraft& draft) {
   return ocsToWcs(entityNormal(draft)) * matrix;
 }
 
+/// From the block that draws a dimension, and perhaps others too, to this one's space.
+AcGeMatrix3d dimensionMatrix(const dxf::RecordDraft& draft) {
+  AcGeMatrix3d matrix;
+  if (const auto offset = readPoint(draft, {"AcDbDimension", 12}))
+    matrix.setToTranslation(ocsToWcs(*offset, entityNormal(draft)).asVector());
+  return matrix;
+}
+
 /// The copies of a reference that is an array, as displacements in the block's turned axes.
 std::vector<AcGeVector3d> arrayPlaces(const dxf::RecordDraft& draft) {
   const auto count = [&](int code) {
@@ -138,7 +146,7 @@ bool DrawingWalk::walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, con
     if (block == dxf::kNoBlock) return leaf(record, draft, toWorld, look, visit);
     if (containers_.size() >= kDeepestNesting) return true;
     containers_.push_back(record);
-    const bool goOn = walkBlock(block, toWorld, look, visit);
+    const bool goOn = walkBlock(block, toWorld * dimensionMatrix(draft), look, visit);
     containers_.pop_back();
     return goOn;
   }

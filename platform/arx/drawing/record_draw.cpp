@@ -8,6 +8,7 @@
 #include "platform/arx/database/database.h"
 #include "platform/arx/drawing/polyline_draw.h"
 #include "platform/arx/drawing/text_draw.h"
+#include "platform/arx/entities/entity_points.h"
 #include "platform/arx/entities/record_geometry.h"
 #include "platform/arx/geometry/gi.h"
 #include "platform/arx/geometry/ocs.h"
@@ -256,7 +257,7 @@ bool drawRecord(const AcDbDatabase& database, dxf::RecordIndex record,
                 const dxf::RecordDraft& draft, AcGiGeometry& geometry) {
   const RecordKind kind = draft.kind();
   // Polylines see to their plane themselves.
-  const bool ownPlane = hasOcsPoints(kind) && kind != RecordKind::kPolyline;
+  const bool ownPlane = hasOcsPoints(draft);
   const PlaneScope plane(geometry, ownPlane ? entityNormal(draft) : AcGeVector3d::kZAxis);
   switch (kind) {
     case RecordKind::kText:

@@ -1,11 +1,14 @@
 #include "platform/arx/entities/record_geometry.h"
 
-#include <span>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
 #include "platform/arx/database/record_change.h"
-#include "platform/arx/geometry/ocs.h"
+#include "platform/arx/entities/entity_points.h"
+#include "platform/arx/entities/proxy_graphics.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/structure.h"
 
@@ -14,123 +17,150 @@ namespace {
 
 using dxf::RecordKind;
 
-/// Codes of the x of an entity's points; those of vectors aren't among them.
-std::span<const int> pointCodes(RecordKind kind) {
-  static constexpr int kOne[] = {10};
-  static constexpr int kTwo[] = {10, 11};
-  static constexpr int kFour[] = {10, 11, 12, 13};
-  switch (kind) {
-    case RecordKind::kLine:
-    case RecordKind::kSpline:
-    case RecordKind::kText:
-    case RecordKind::kAttDef:
-    case RecordKind::kAttrib:
-      return kTwo;
-    case RecordKind::kCircle:
-    case RecordKind::kArc:
-    case RecordKind::kPoint:
-    case RecordKind::kEllipse:
-    case RecordKind::kInsert:
-    case RecordKind::kMText:
-    case RecordKind::kVertex:
-    case RecordKind::kLwPolyline:
-    case RecordKind::kLeader:
-    case RecordKind::kViewport:
-      return kOne;
-    case RecordKind::kSolid:
-    case RecordKind::kTrace:
-    case RecordKind::k3dFace:
-      return kFour;
-    default:
-      return {};
+// Flags (70) of POLYLINE and VERTEX.
+constexpr std::int64_t kInSpace = 8 | 16 | 64;  ///< a curve in space, a mesh, a polyface
+constexpr std::int64_t kMeshVertex = 64;
+constexpr std::int64_t kPolyfaceVertex = 128;  ///< a face, unless it is a mesh vertex too
+
+constexpr std::string_view kDimensionPart = "AcDbDimension";
+constexpr Property kBlockOffset{kDimensionPart, 12};
+
+std::int64_t flagsOf(const dxf::RecordDraft& draft) {
+  return draft.integer(draft.find(70));
+}
+
+/// A face of a polyface has a point only for form's sake.
+bool isFace(const dxf::RecordDraft& draft) {
+  return draft.kind() == RecordKind::kVertex &&
+         (flagsOf(draft) & (kPolyfaceVertex | kMeshVertex)) == kPolyfaceVertex;
+}
+
+/// One displacement of entities of a drawing.
+class Translation {
+ public:
+  Translation(AcDbDatabase& database, const AcGeVector3d& vector)
+      : database_(database),
+        store_(database.store()),
+        structure_(database.structure()),
+        vector_(vector) {}
+
+  /// An entity that is moved by itself, so not once more with another.
+  void choose(dxf::RecordIndex entity) { chosen_.insert(entity); }
+
+  void move(dxf::RecordIndex entity) {
+    const RecordKind kind = store_.kind(entity);
+    if (kind == RecordKind::kViewport) return moveViewport(entity);
+    moveWithParts(entity);
+    if (kind == RecordKind::kDimension) moveDimensionBlock(entity);
   }
-}
 
-void addReal(dxf::RecordDraft& draft, std::size_t group, double delta) {
-  if (group != dxf::kNoGroup && delta != 0) draft.setReal(group, draft.real(group) + delta);
-}
+ private:
+  /// `plane`: where the entity itself doesn't say what its plane is.
+  void moveRecord(dxf::RecordIndex record, const std::optional<AcGeVector3d>& plane = {}) {
+    changeRecord(database_, record, [&](RecordEdit& edit) {
+      dxf::RecordDraft& draft = edit.draft();
+      Displacement by = displacementIn(entityNormal(draft), vector_);
+      if (isFace(draft))
+        by.plane = AcGeVector3d();
+      else if (plane)
+        by.plane = *plane;
+      shiftPoints(draft, by);
+      translateProxyGraphics(draft, vector_);
+    });
+  }
 
-/// Moves all points of one of the codes; y and z follow an x before the next x.
-void translateCode(dxf::RecordDraft& draft, int code, const AcGeVector3d& vector) {
-  std::size_t end = draft.size();
-  for (std::size_t i = 0; i < end; ++i) {
-    if (draft.part(i) != dxf::GroupPart::kData || draft.code(i) != code) continue;
-    addReal(draft, i, vector.x);
-    for (std::size_t j = i + 1; j < end && draft.code(j) != code; ++j) {
-      if (draft.part(j) != dxf::GroupPart::kData) continue;
-      if (draft.code(j) == code + 10) addReal(draft, j, vector.y);
-      if (draft.code(j) == code + 20) addReal(draft, j, vector.z);
+  /// An entity with its attributes or vertices, which go along also on locked layers.
+  void moveWithParts(dxf::RecordIndex main) {
+    std::optional<AcGeVector3d> own;
+    std::optional<AcGeVector3d> ofVertices;
+    if (store_.kind(main) == RecordKind::kPolyline) {
+      store_.load(main, draft_);
+      const bool inSpace = (flagsOf(draft_) & kInSpace) != 0;
+      own = inSpace ? AcGeVector3d() : displacementIn(entityNormal(draft_), vector_).plane;
+      ofVertices = inSpace ? vector_ : own;
     }
+    moveRecord(main, own);
+    const dxf::RecordIndex end = structure_.pastSubordinates(main);
+    for (dxf::RecordIndex r = store_.next(main); r != end; r = store_.next(r))
+      if (!store_.erased(r)) moveRecord(r, ofVertices);
   }
-}
 
-/// The place of a multi-line attribute's embedded text, in world coordinates.
-void translateEmbedded(dxf::RecordDraft& draft, const AcGeVector3d& vector) {
-  const dxf::RecordDraft::Range embedded = draft.embedded();
-  addReal(draft, draft.findIn(embedded, 10), vector.x);
-  addReal(draft, draft.findIn(embedded, 20), vector.y);
-  addReal(draft, draft.findIn(embedded, 30), vector.z);
-}
-
-bool translateRecord(AcDbDatabase& database, dxf::RecordIndex record, const AcGeVector3d& vector) {
-  const RecordKind kind = database.store().kind(record);
-  const std::span<const int> codes = pointCodes(kind);
-  if (codes.empty()) return false;
-  changeRecord(database, record, [&](RecordEdit& edit) {
-    dxf::RecordDraft& draft = edit.draft();
-    AcGeVector3d own = vector;
-    if (hasOcsPoints(kind)) own.transformBy(wcsToOcs(entityNormal(draft)));
-    for (const int code : codes) translateCode(draft, code, own);
-    if (kind == RecordKind::kAttrib) translateEmbedded(draft, vector);
-    if (kind == RecordKind::kLwPolyline && own.z != 0)
-      edit.setReal({"AcDbPolyline", 38}, readReal(draft, {"AcDbPolyline", 38}, 0) + own.z, 0);
-  });
-  return true;
-}
-
-/// The attributes of a block reference.
-void translateFollowers(AcDbDatabase& database, dxf::RecordIndex main, const AcGeVector3d& vector) {
-  const dxf::RecordStore& store = database.store();
-  const dxf::RecordIndex end = database.structure().pastSubordinates(main);
-  for (dxf::RecordIndex r = store.next(main); r != end; r = store.next(r))
-    if (!store.erased(r)) translateRecord(database, r, vector);
-}
-
-/// A polyline's own point is only its elevation.
-bool translatePolyline(AcDbDatabase& database, dxf::RecordIndex record,
-                       const AcGeVector3d& vector) {
-  AcGeVector3d own = vector;
-  changeRecord(database, record, [&](RecordEdit& edit) {
-    own.transformBy(wcsToOcs(entityNormal(edit.draft())));
-    addReal(edit.draft(), edit.draft().find(30), own.z);
-  });
-  const dxf::RecordStore& store = database.store();
-  for (dxf::RecordIndex r = store.next(record); r != dxf::kNoRecord; r = store.next(r)) {
-    if (store.kind(r) != RecordKind::kVertex) break;
-    if (store.erased(r)) continue;
-    changeRecord(database, r, [&](RecordEdit& edit) { translateCode(edit.draft(), 10, own); });
+  /// A dimension is drawn by a block of its own, in world coordinates. One that isn't its own
+  /// stays, displaced by group 12.
+  void moveDimensionBlock(dxf::RecordIndex dimension) {
+    store_.load(dimension, draft_);
+    const dxf::BlockNumber block = blockOf(draft_, kDimensionPart);
+    if (block == dxf::kNoBlock) return;
+    if (!isMovable(block)) {
+      changeRecord(database_, dimension, [&](RecordEdit& edit) {
+        const AcGeVector3d by = displacementIn(entityNormal(edit.draft()), vector_).plane;
+        edit.setPoint(kBlockOffset,
+                      readPoint(edit.draft(), kBlockOffset).value_or(AcGePoint3d()) + by);
+      });
+      return;
+    }
+    for (dxf::RecordIndex r = structure_.firstEntity(block); r != dxf::kNoRecord;
+         r = structure_.nextEntity(block, r))
+      moveWithParts(r);
   }
+
+  /// Whether only one entity shows an anonymous block and all that is in it can be moved.
+  bool isMovable(dxf::BlockNumber block) {
+    if (!structure_.block(block).name.starts_with(L'*') || usesOf(block) != 1) return false;
+    for (dxf::RecordIndex r = structure_.firstEntity(block); r != dxf::kNoRecord;
+         r = structure_.nextEntity(block, r))
+      if (!hasKnownPoints(store_.typeName(r))) return false;
+    return true;
+  }
+
+  int usesOf(dxf::BlockNumber block) {
+    if (!uses_) {
+      uses_.emplace();
+      dxf::RecordDraft draft;
+      for (dxf::RecordIndex r = store_.first(); r != dxf::kNoRecord; r = store_.next(r)) {
+        const bool isDimension = store_.kind(r) == RecordKind::kDimension;
+        if ((!isDimension && store_.kind(r) != RecordKind::kInsert) || store_.erased(r)) continue;
+        store_.load(r, draft);
+        ++(*uses_)[blockOf(draft, isDimension ? kDimensionPart : kReferencePart)];
+      }
+    }
+    return (*uses_)[block];
+  }
+
+  dxf::BlockNumber blockOf(const dxf::RecordDraft& draft, std::string_view subclass) const {
+    return structure_.findBlock(store_.codec().decode(readBytes(draft, {subclass, 2})));
+  }
+
+  /// The first viewport of a sheet is the sheet itself. The others have what cuts them off with
+  /// them.
+  void moveViewport(dxf::RecordIndex viewport) {
+    constexpr std::int64_t kSheet = 1;
+    store_.load(viewport, draft_);
+    if (draft_.integer(draft_.find(69)) == kSheet) return;
+    const dxf::RecordIndex boundary = store_.find(draft_.handle(draft_.find(340)));
+    moveRecord(viewport);
+    if (boundary == dxf::kNoRecord || store_.erased(boundary) || chosen_.contains(boundary)) return;
+    if (structure_.blockOf(boundary) == structure_.blockOf(viewport)) moveWithParts(boundary);
+  }
+
+  AcDbDatabase& database_;
+  const dxf::RecordStore& store_;
+  const dxf::Structure& structure_;
+  AcGeVector3d vector_;
+  std::unordered_set<dxf::RecordIndex> chosen_;
+  /// How many dimensions and references show a block; counted when it is needed.
+  std::optional<std::unordered_map<dxf::BlockNumber, int>> uses_;
+  dxf::RecordDraft draft_;
+};
+
+bool canBeWritten(AcDbObjectId id) {
+  AcDbEntity* entity = nullptr;
+  if (acdbOpenObject(entity, id, AcDb::kForWrite) != Acad::eOk) return false;
+  entity->close();
   return true;
 }
 
 }  // namespace
-
-bool hasOcsPoints(RecordKind kind) {
-  switch (kind) {
-    case RecordKind::kCircle:
-    case RecordKind::kArc:
-    case RecordKind::kSolid:
-    case RecordKind::kTrace:
-    case RecordKind::kText:
-    case RecordKind::kAttrib:
-    case RecordKind::kAttDef:
-    case RecordKind::kInsert:
-    case RecordKind::kLwPolyline:
-      return true;
-    default:
-      return false;
-  }
-}
 
 AcGeVector3d entityNormal(const dxf::RecordDraft& draft) {
   const std::size_t x = draft.find(210);
@@ -149,24 +179,20 @@ AcGeVector3d entityNormal(AcDbObjectId id) {
   return entityNormal(draft);
 }
 
-bool translateEntity(AcDbObjectId id, const AcGeVector3d& vector) {
-  AcDbEntity* entity = nullptr;
-  if (acdbOpenObject(entity, id, AcDb::kForWrite) != Acad::eOk) return false;
-  AcGeMatrix3d matrix;
-  matrix.setToTranslation(vector);
-  const bool moved = entity->transformBy(matrix) == Acad::eOk;
-  AcDbDatabase& database = *entity->database();
-  const RecordKind kind = database.store().kind(id.index());
-  entity->close();
-  if (moved) {
-    // Attributes go with their block reference, also those on locked layers.
-    if (kind == RecordKind::kInsert) translateFollowers(database, id.index(), vector);
-    return true;
+std::vector<AcDbObjectId> translateEntities(std::span<const AcDbObjectId> ids,
+                                            const AcGeVector3d& vector) {
+  std::vector<AcDbObjectId> left;
+  if (ids.empty()) return left;
+  AcDbDatabase& database = *ids.front().database();
+  Translation translation(database, vector);
+  for (const AcDbObjectId& id : ids) translation.choose(id.index());
+  for (const AcDbObjectId& id : ids) {
+    if (hasKnownPoints(database.store().typeName(id.index())) && canBeWritten(id))
+      translation.move(id.index());
+    else
+      left.push_back(id);
   }
-  if (kind == RecordKind::kPolyline) return translatePolyline(database, id.index(), vector);
-  const bool known = translateRecord(database, id.index(), vector);
-  if (known) translateFollowers(database, id.index(), vector);
-  return known;
+  return left;
 }
 
 }  // namespace kovra::arx

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include "platform/arx/database/object_id.h"
 #include "platform/arx/geometry/geometry.h"
 #include "platform/dxf/record_draft.h"
@@ -10,12 +13,11 @@ namespace kovra::arx {
 AcGeVector3d entityNormal(const dxf::RecordDraft& draft);
 AcGeVector3d entityNormal(AcDbObjectId id);
 
-/// Whether the points of an entity of this kind are in its own plane's coordinates.
-bool hasOcsPoints(dxf::RecordKind kind);
-
-/// Moves an entity of whatever type, with its attributes or vertices, by a world vector;
-/// journalled. False when it can't be opened (locked, erased, open elsewhere) or nothing is known
-/// of its type.
-bool translateEntity(AcDbObjectId id, const AcGeVector3d& vector);
+/// Moves entities of one drawing by a world vector; journalled. With them go their attributes and
+/// vertices, the blocks that draw dimensions, and the boundaries of viewports. Gives back those
+/// that stay: they can't be opened (locked, erased, open elsewhere), or nothing is known of the
+/// points of their type.
+std::vector<AcDbObjectId> translateEntities(std::span<const AcDbObjectId> ids,
+                                            const AcGeVector3d& vector);
 
 }  // namespace kovra::arx

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/arx/geometry/ocs.h"
+
 namespace kovra::arx {
 
 Property verticalModeProperty(dxf::RecordKind kind) {
@@ -248,6 +250,17 @@ void syncEmbedded(dxf::RecordDraft& draft, const TextAnchor& before) {
       setEmbeddedPoint(draft, place, direction(now.rotation));
     }
   }
+}
+
+int embeddedPlaceCode(const dxf::RecordDraft& draft) {
+  const TextAnchor anchor = textAnchor(draft);
+  const AcGeVector3d normal = textNormal(draft);
+  const auto isPlace = [&](int code) {
+    const EmbeddedPoint point = embeddedPoint(draft, code);
+    return point.exists() && (point.isNear(ocsToWcs(anchor.point, normal)) ||
+                              point.isNear(ocsToWcs(anchor.position, normal)));
+  };
+  return isPlace(11) && !isPlace(10) ? 11 : 10;
 }
 
 }  // namespace kovra::arx

@@ -57,5 +57,8 @@ TextAnchor textAnchor(const dxf::RecordDraft& draft);
 /// Brings the copies of height, rotation and place that a multi-line attribute's embedded object
 /// has in step with the attribute, which was at `before`. Nothing without an embedded object.
 void syncEmbedded(dxf::RecordDraft& draft, const TextAnchor& before);
+/// Code of the x of the embedded object's place, which is in world coordinates; the other one of 10
+/// and 11 is its direction.
+int embeddedPlaceCode(const dxf::RecordDraft& draft);
 
 }  // namespace kovra::arx

@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <span>
+#include <utility>
+#include <vector>
+
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
 #include "platform/arx/editor/commands/builtin_commands.h"
@@ -6,6 +11,7 @@
 #include "platform/arx/editor/picks/selection_prompt.h"
 #include "platform/arx/editor/prompts/prompts.h"
 #include "platform/arx/entities/record_geometry.h"
+#include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
 namespace {
@@ -28,6 +34,26 @@ std::optional<AcGeVector3d> askDisplacement(AcApDocument& document) {
   return (target.point - base.point).transformBy(toWorld);
 }
 
+/// The types of entities in the order in which they come, each with its number if they differ:
+/// "3DSOLID (2), REGION (1)".
+std::wstring kindsOf(const AcDbDatabase& database, std::span<const AcDbObjectId> ids) {
+  std::vector<std::pair<std::string_view, int>> kinds;
+  for (const AcDbObjectId& id : ids) {
+    const std::string_view name = database.store().typeName(id.index());
+    auto kind = std::find_if(kinds.begin(), kinds.end(),
+                             [&](const auto& known) { return known.first == name; });
+    if (kind == kinds.end()) kind = kinds.insert(kind, {name, 0});
+    ++kind->second;
+  }
+  std::wstring text;
+  for (const auto& [name, count] : kinds) {
+    if (!text.empty()) text += L", ";
+    text += database.store().codec().decode(name);
+    if (kinds.size() > 1) text += L" (" + std::to_wstring(count) + L")";
+  }
+  return text;
+}
+
 }  // namespace
 
 void moveCommand(AcApDocument& document) {
@@ -35,10 +61,17 @@ void moveCommand(AcApDocument& document) {
   if (!editableSelection(document, set) || set.members().empty()) return;
   const std::optional<AcGeVector3d> vector = askDisplacement(document);
   if (!vector) return;
-  int left = 0;
-  for (const AcDbObjectId& id : set.members())
-    if (!translateEntity(id, *vector)) ++left;
-  if (left > 0) refuseAnswer({}, std::to_wstring(left) + L" could not be moved.");
+  // So far that no sum of coordinates leaves the range of numbers.
+  constexpr double kFarthest = 1e99;
+  if (!(vector->length() <= kFarthest)) return refuseAnswer({}, L"The displacement is too large.");
+  const std::vector<AcDbObjectId> left = translateEntities(set.members(), *vector);
+  if (left.empty()) return;
+  const std::wstring message =
+      std::to_wstring(left.size()) + L" not moved: " + kindsOf(*document.database(), left);
+  if (left.size() == set.members().size())
+    refuseAnswer({}, message);
+  else
+    showMessage(message);
 }
 
 void eraseCommand(AcApDocument& document) {
