@@ -134,6 +134,8 @@ TEST_F(MoveTest, EntitiesOfSeveralRecords) {
           "INSERT 66=1 2=NONE 10=U 20=V 30=W 44=9.0" + kDown,
           "ATTRIB 10=X 20=Y 30=Z 40=1.0 1=a 2=A 70=0 72=1 11=X 21=Y 31=Z 101=Embedded 10=X 20=Y "
           "30=Z 11=1.0 21=0.0 31=0.0",
+          "ATTRIB 10=X 20=Y 30=Z 40=1.0 1=a 2=B 70=0 101=Embedded 10=0.0 20=1.0 30=0.0 11=X 21=Y "
+          "31=Z",
           "SEQEND",
           "TEXT 10=U 20=V 30=W 40=1.0 1=a 72=1 11=U 21=V 31=W" + kDown,
           "MTEXT 10=X 20=Y 30=Z 40=1.0 1=a 11=1.0 21=0.0 31=0.0 101=Embedded 10=1.0 20=0.0 30=0.0 "
@@ -196,6 +198,10 @@ TEST_F(MoveTest, DimensionsGoWithTheBlocksThatDrawThem) {
           "DIMENSION 2=*D3 10=X 20=Y 30=Z ?12=5.0 ?22=-7.0 ?32=2.0",
           "DIMENSION 2=NONE 10=X 20=Y 30=Z 16=X 26=Y 36=Z",
       });
+  // All that is drawn has moved alike.
+  for (const std::string name : {"a", "b"})
+    EXPECT_EQ(run({"plot", name + ".dxf", "-o", name + ".svg"}).status, 0);
+  EXPECT_EQ(read("a.svg"), read("b.svg"));
 }
 
 TEST_F(MoveTest, ViewportsTakeWhatCutsThemOff) {
@@ -227,6 +233,8 @@ TEST_F(MoveTest, WhatStaysIsNamed) {
   const ProgramRun none = runScript("MOVE\n@select all\n\n1,1\n\n", {"a.dxf"});
   EXPECT_EQ(none.status, 1);
   EXPECT_NE(none.err.find("2 not moved: BODY"), std::string::npos) << none.err;
+  const ProgramRun far = runScript("MOVE\n@select all\n\n1e300,0\n\n", {"a.dxf"});
+  EXPECT_NE(far.err.find("too large"), std::string::npos) << far.err;
 }
 
 /// Bytes in hexadecimal digits, as a picture has them.

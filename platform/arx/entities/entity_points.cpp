@@ -277,10 +277,12 @@ class Shifting {
 
   /// A polyline without any group for its height lies in the plane itself.
   void addHeight() {
-    RecordEdit edit(draft_, nullptr, dxf::kNoRecord);
-    if (draft_.kind() == RecordKind::kLwPolyline) edit.setReal({"AcDbPolyline", 38}, by_.plane.z);
+    const std::size_t vertex = draft_.find(10);
+    if (draft_.kind() == RecordKind::kLwPolyline && vertex != dxf::kNoGroup)
+      draft_.insertReal(vertex, kElevationRow.codes[0], by_.plane.z);
     if (draft_.kind() == RecordKind::kPolyline)
-      edit.setPoint({"AcDb2dPolyline", 10}, AcGePoint3d(0, 0, by_.plane.z));
+      RecordEdit(draft_, nullptr, dxf::kNoRecord)
+          .setPoint({"AcDb2dPolyline", 10}, AcGePoint3d(0, 0, by_.plane.z));
   }
 
   dxf::RecordDraft& draft_;
