@@ -173,6 +173,12 @@
 // More texts than an array may have
 #define IDS_ARRAY_TOO_LARGE 3903
 
+// Texts and copies that the drawing doesn't take
+#define IDS_TEXT_NOT_PLACED 3910
+#define IDS_LAYER_NAME_INVALID 3911
+#define IDS_NO_MODEL_SPACE 3912
+#define IDS_COPIES_MISSING 3913
+
 // Dialogs
 #define IDD_TEXT_523 523
 #define IDD_COUNT_UP_526 526

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/arx/base/wildcard.h"
+#include "platform/arx/entities/mtext_lines.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
@@ -39,7 +40,6 @@ struct Point {
 // The groups of a text that matter here, as the record has them.
 struct Groups {
   std::string value;
-  std::string lastChunk;
   std::string tag;
   std::string layer = "0";
   std::string style = "Standard";
@@ -85,13 +85,13 @@ class RowReader {
  private:
   void readGroup(std::size_t group, RecordKind kind);
   void decode(std::string_view bytes);
-  void readText(int code, std::size_t group, RecordKind kind);
+  void readText(int code, std::size_t group);
   static void setCoordinate(Point& point, int axis, double value);
 
   const dxf::RecordStore& store_;
   dxf::RecordDraft draft_;
   Groups groups_;
-  std::string chunk_;  // UTF-8 of the text in hand
+  std::string text_;  // UTF-8 of the text in hand
   std::wstring wide_;
 };
 
@@ -102,7 +102,9 @@ void RowReader::read(RecordIndex record, RecordKind kind) {
   for (std::size_t i = draft_.size(); i-- > 1;) {
     if (draft_.part(i) == dxf::GroupPart::kData) readGroup(i, kind);
   }
-  groups_.value += groups_.lastChunk;
+  if (kind != RecordKind::kMText) return;
+  decode(arx::mtextBytes(draft_));
+  groups_.value = text_;
 }
 
 void RowReader::setCoordinate(Point& point, int axis, double value) {
@@ -114,30 +116,27 @@ void RowReader::decode(std::string_view bytes) {
   const bool plain =
       std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0 && c != '\\'; });
   if (plain) {
-    chunk_ = bytes;
+    text_ = bytes;
     return;
   }
   store_.codec().decode(bytes, wide_);
-  chunk_ = win::toUtf8(wide_);
+  text_ = win::toUtf8(wide_);
 }
 
-void RowReader::readText(int code, std::size_t group, RecordKind kind) {
+void RowReader::readText(int code, std::size_t group) {
   decode(draft_.text(group));
   switch (code) {
     case 1:
-      (kind == RecordKind::kMText ? groups_.lastChunk : groups_.value) = chunk_;
+      groups_.value = text_;
       break;
     case 2:
-      groups_.tag = chunk_;
-      break;
-    case 3:  // chunks of MTEXT in front of group 1; the prompt of ATTDEF
-      if (kind == RecordKind::kMText) groups_.value.insert(0, chunk_);
+      groups_.tag = text_;
       break;
     case 7:
-      groups_.style = chunk_;
+      groups_.style = text_;
       break;
     default:
-      groups_.layer = chunk_;
+      groups_.layer = text_;
   }
 }
 
@@ -146,11 +145,12 @@ void RowReader::readGroup(std::size_t group, RecordKind kind) {
   const int code = draft_.code(group);
   switch (code) {
     case 1:
+      if (kind == RecordKind::kMText) return;
+      [[fallthrough]];
     case 2:
-    case 3:
     case 7:
     case 8:
-      return readText(code, group, kind);
+      return readText(code, group);
     case 10:
     case 20:
     case 30:

@@ -27,6 +27,7 @@ int DragTransform(ads_point cursor, ads_matrix transform) {
 
 void makeCopies(const SelectionSet& originals, int length, const CountRule& rule,
                 HiddenCopies& copies) {
+  int missing = 0;
   for (int i = 0; i < length; ++i) {
     ads_name name = {};
     if (!originals.entityAt(i, name)) continue;
@@ -36,8 +37,11 @@ void makeCopies(const SelectionSet& originals, int length, const CountRule& rule
     ads_name copy = {};
     if (CopyTextEntity(original, copy, value.GetString(), -DragOffset, -DragOffset) != 0) {
       copies.add(copy);
+    } else {
+      ++missing;
     }
   }
+  TellMissingCopies(missing);
 }
 
 /// Makes the copies of one pass and lets the user place them.

@@ -1,13 +1,17 @@
 #include "module/countup/pattern_copies.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "module/countup/count_up_value.h"
 #include "module/drawing/text_entity.h"
+#include "module/frame/reporting.h"
 
 namespace kovra {
 namespace {
+
+constexpr UINT kCopiesMissing = 3913;
 
 /// The texts of a selection, without those whose name the editor can't give.
 std::vector<TextSource> sourcesOf(const SelectionSet& originals) {
@@ -22,17 +26,29 @@ std::vector<TextSource> sourcesOf(const SelectionSet& originals) {
 }
 
 /// Copies the texts to one place. The rest of the place is left out when a copy can't be made.
-void copyToPlace(const std::vector<TextSource>& sources, Offset offset, const CountRule& rule,
-                 std::int64_t count) {
-  for (const TextSource& source : sources) {
+/// @return how many are left out
+std::int64_t copyToPlace(const std::vector<TextSource>& sources, Offset offset,
+                         const CountRule& rule, std::int64_t count) {
+  for (auto source = sources.begin(); source != sources.end(); ++source) {
     CString value;
-    CountUpText(source, rule.radixCode, count, value);
+    CountUpText(*source, rule.radixCode, count, value);
     ads_name copy = {};
-    if (CopyTextEntity(source, copy, value.GetString(), offset.x, offset.y) == 0) return;
+    if (CopyTextEntity(*source, copy, value.GetString(), offset.x, offset.y) == 0) {
+      return sources.end() - source;
+    }
   }
+  return 0;
 }
 
 }  // namespace
+
+void TellMissingCopies(std::int64_t count) {
+  if (count == 0) return;
+  CString line;
+  line.Format(ResourceText(kCopiesMissing).GetString(),
+              static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max())));
+  acutPrintf(L"%s", line.GetString());
+}
 
 void CopyIntoPattern(const SelectionSet& originals, const Pattern& pattern, double scale,
                      const CountRule& rule) {
@@ -40,10 +56,12 @@ void CopyIntoPattern(const SelectionSet& originals, const Pattern& pattern, doub
   if (places < 2) return;
   const std::vector<TextSource> sources = sourcesOf(originals);
   std::int64_t count = 0;
+  std::int64_t missing = 0;
   for (std::int64_t place = 1; place < places; ++place) {
     count += rule.step;
-    copyToPlace(sources, placeOffset(pattern, place, scale), rule, count);
+    missing += copyToPlace(sources, placeOffset(pattern, place, scale), rule, count);
   }
+  TellMissingCopies(missing);
 }
 
 }  // namespace kovra

@@ -62,6 +62,11 @@ bool GLayerIdAt(AcDbObjectId& id, const ACHAR* name) {
   return true;
 }
 
+bool CanBeLayer(const ACHAR* name) {
+  constexpr int kNoVerticalBar = 0;
+  return GLayerExists(name) != 0 || acdbSNValid(name, kNoVerticalBar) == RTNORM;
+}
+
 bool IsLayerLocked(const ACHAR* name) {
   CString layer(name != nullptr ? name : L"");
   if (layer.IsEmpty()) GetVar(L"CLAYER", layer);

@@ -14,6 +14,10 @@ int GLayerExists(const ACHAR* name);
 /// Like GLayerId, but the record must open too.
 bool GLayerIdAt(AcDbObjectId& id, const ACHAR* name);
 
+/// Whether texts can be placed on a layer of this name: one that exists, or a name that a new one
+/// may have.
+bool CanBeLayer(const ACHAR* name);
+
 /// Whether a layer is locked; null or an empty name stands for the current layer. False for a
 /// layer that isn't there.
 bool IsLayerLocked(const ACHAR* name);

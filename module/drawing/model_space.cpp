@@ -14,6 +14,12 @@ bool append(AcDbDatabase* database, AcDbEntity* entity) {
 
 }  // namespace
 
+bool HasModelSpace(AcDbDatabase* database) {
+  const BlockTable blocks(database);
+  CRecord<AcDbBlockTableRecord> space;
+  return blocks.openRecord(space, ACDB_MODEL_SPACE, AcDb::kForRead);
+}
+
 void AppendToModelSpace(AcDbDatabase* database, std::span<AcDbEntity* const> entities,
                         const ACHAR* layer) {
   for (AcDbEntity* entity : entities) {

@@ -2,10 +2,28 @@
 
 #include "module/drawing/attachment.h"
 #include "module/drawing/group_list.h"
+#include "module/drawing/text_styles.h"
 #include "module/frame/reporting.h"
 
 namespace kovra {
 namespace {
+
+bool isLinetype(const ACHAR* name) {
+  for (const ACHAR* known : {L"BYLAYER", L"BYBLOCK", L"CONTINUOUS"}) {
+    if (_wcsicmp(name, known) == 0) return true;
+  }
+  return GroupList(acdbTblSearch(L"LTYPE", name, 0)) != nullptr;
+}
+
+/// Whether the drawing lacks what a text names. Such a text shows as one without the name, and so
+/// does its copy, which the platform wouldn't make with it.
+bool namesNothing(const resbuf& element) {
+  const ACHAR* name = element.resval.rstring;
+  if (name == nullptr || *name == ACHAR{}) return false;
+  if (element.restype == 6) return !isLinetype(name);
+  AcDbObjectId style;
+  return element.restype == 7 && GTxtStyId(name, style) != 0;
+}
 
 /// The element that a copy takes over from its source, or null for a group that it leaves out.
 resbuf* copiedElement(const resbuf& source) {
@@ -13,6 +31,7 @@ resbuf* copiedElement(const resbuf& source) {
     case 6:
     case 7:
     case 8:
+      if (namesNothing(source)) return nullptr;
       return acutBuildList(RTSTR, source.resval.rstring, RTNONE);
     case 10:
     case 11:

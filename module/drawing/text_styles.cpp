@@ -9,6 +9,9 @@
 namespace kovra {
 namespace {
 
+// No style has a longer one, whatever a file says.
+constexpr std::size_t kLongestStyleName = 255;
+
 using StyleRecord = CRecord<AcDbTextStyleTableRecord>;
 using StyleIterator = CTableIterator<AcDbTextStyleTableIterator, AcDbTextStyleTableRecord>;
 
@@ -65,6 +68,7 @@ int GTxtStyName(const AcDbObjectId& id, ACHAR* buffer) {
     return -1;
   }
   const std::wstring_view text = name;
+  if (text.size() > kLongestStyleName) return -1;
   *std::copy(text.begin(), text.end(), buffer) = ACHAR{};
   return 0;
 }

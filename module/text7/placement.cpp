@@ -34,6 +34,7 @@ namespace {
 
 constexpr UINT kCurrentLayerName = 2731;
 constexpr UINT kInsertionPointPrompt = 2774;
+constexpr UINT kNoModelSpace = 3912;
 
 /// The texts of one drag, in the order of building, outside any database.
 struct TextBatch {
@@ -230,6 +231,10 @@ CString ensureLayer(const CText7Dlg& dialog) {
 
 void PrepareAndPlace() {
   AcDbDatabase* database = CurrentDatabase();
+  if (!HasModelSpace(database)) {
+    ShowMessage(kNoModelSpace);
+    return;
+  }
   LayerSnapshot layers;
   layers.Capture(database);
   layers.UnlockAll();

@@ -125,6 +125,7 @@ class CText7Dlg : public CAcUiDialog, public AdoptTextStyleWithButton {
 
   // What OK needs.
   bool chosenLayerIsLocked() const;
+  bool layerCanBe() const;
   void followFixedHeight();
   void followLines(const CString& value);
   CString presentValue() const;

@@ -29,6 +29,7 @@ constexpr UINT kVerticalStyleMessage = 2732;
 constexpr UINT kRowDistanceMessage = 2764;
 constexpr UINT kColDistanceMessage = 2766;
 constexpr UINT kTooManyMessage = 3903;
+constexpr UINT kLayerNameMessage = 3911;
 
 // More texts than anybody places with one drag; a slip of the finger mustn't fill the memory.
 constexpr std::int64_t kLargestArray = 1'000'000;
@@ -147,7 +148,15 @@ bool CText7Dlg::countsAreValid() const {
   });
 }
 
+/// The last item, for the current layer, is no name.
+bool CText7Dlg::layerCanBe() const {
+  const CString layer = ItemText(*this, kLayer);
+  return FindComboItem(*this, kLayer, layer.GetString()) == ComboItemCount(*this, kLayer) - 1 ||
+         CanBeLayer(layer.GetString());
+}
+
 CText7Dlg::Refusal CText7Dlg::firstRefusal() {
+  if (!layerCanBe()) return {kLayerNameMessage, kLayer};
   const int justification = SelectedIndex(*this, kJustification);
   if (LiveDataVersionAtLeast(L"10.0") && IsVerticalStyle(StyleName().GetString()) &&
       (justification < 0 || justification >= kVerticalJustifications)) {

@@ -16,6 +16,8 @@
 namespace kovra {
 namespace {
 
+constexpr UINT kTextNotPlaced = 3910;
+
 TextCommonProps commonProps(const CTextDlg& dialog) {
   TextCommonProps properties;
   GetVar(L"CECOLOR", properties.color);
@@ -41,6 +43,7 @@ int PlaceText(TextRun& run) {
   ads_name entity = {};
   if (AddText(properties, geometry, style, run.TextBuffer, point, entity) != 0) {
     TraceError(L"Text error AddText");
+    ProjectMessage(kTextNotPlaced);
     return -1;
   }
   SetVar(L"TEXTSTYLE", style);

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <map>
 #include <string>
 
 #include "platform/dxf/atomic_file.h"
@@ -38,6 +40,38 @@ class DrawingWriter {
   Append append_;
   char last_ = '\n';
 };
+
+/// Records of the file whose bytes follow from other changes.
+using Rewritten = std::map<RecordIndex, std::string>;
+
+/// A GROUP's bytes without the members that are erased; empty if it keeps all of them. Handles that
+/// the file itself leaves without a record stay.
+std::string withoutErasedMembers(const RecordStore& store, RecordIndex group) {
+  constexpr int kMember = 340;
+  RecordDraft draft;
+  store.load(group, draft);
+  for (std::size_t i = draft.size(); i-- > 0;) {
+    if (draft.code(i) != kMember || draft.part(i) != GroupPart::kData) continue;
+    const RecordIndex member = store.find(draft.handle(i));
+    if (member < store.originalCount() && store.erased(member)) draft.erase(i);
+  }
+  std::string bytes;
+  if (draft.edited()) draft.appendBytes(bytes);
+  return bytes;
+}
+
+/// Groups of entities keep no members that were erased: a program that reads the file would look
+/// for them. In memory they stay, for an undo.
+void rewriteGroups(const RecordStore& store, Rewritten& rewritten) {
+  for (RecordIndex record = 0; record < store.originalCount(); ++record) {
+    if (store.section(record) != SectionKind::kObjects || store.erased(record) ||
+        store.kind(record) != RecordKind::kOther || store.typeName(record) != "GROUP") {
+      continue;
+    }
+    std::string bytes = withoutErasedMembers(store, record);
+    if (!bytes.empty()) rewritten.emplace(record, std::move(bytes));
+  }
+}
 
 }  // namespace
 
@@ -90,8 +124,13 @@ std::string RecordStore::headerWithSeed(RecordIndex record) const {
 template <class Append>
 void RecordStore::writeTo(Append append) const {
   DrawingWriter writer(groupStyle(dialect_).lineEnd(), append);
+  Rewritten rewritten;
   const RecordIndex headerIndex = headerRecord();
-  const std::string header = headerWithSeed(headerIndex);
+  std::string header = headerWithSeed(headerIndex);
+  if (!header.empty()) rewritten.emplace(headerIndex, std::move(header));
+  const auto isErased = [](const Impl::Slot& slot) { return slot.now.erased; };
+  const bool anyErased = std::any_of(impl_->slots.begin(), impl_->slots.end(), isErased);
+  if (anyErased) rewriteGroups(*this, rewritten);
   const std::string_view file = impl_->file.view();
   std::string scratch;
   const std::string_view mark = byteOrderMark(file);
@@ -99,15 +138,16 @@ void RecordStore::writeTo(Append append) const {
   std::uint64_t written = mark.size();  // of the file
   for (RecordIndex record = first(); record != kNoRecord; record = next(record)) {
     const RecordEntry& entry = impl_->records[record];
-    const bool seeded = record == headerIndex && !header.empty();
-    if (entry.slot == 0 && !seeded) continue;
+    const auto other = rewritten.find(record);
+    if (entry.slot == 0 && other == rewritten.end()) continue;
     const bool inserted = record >= impl_->originals;
     const std::string_view old = impl_->original(record);
     const std::uint64_t begin = inserted ? insertionPoint(record) : entry.begin;
     if (begin > written) writer.write(file.substr(written, begin - written));
     written = begin + old.size();
     if (erased(record)) continue;
-    const std::string_view now = seeded ? std::string_view(header) : bytes(record, scratch);
+    const std::string_view now =
+        other != rewritten.end() ? std::string_view(other->second) : bytes(record, scratch);
     inserted ? writer.writeInserted(now) : writer.write(now);
   }
   writer.write(file.substr(written));

@@ -189,6 +189,7 @@ class Structure : private StoreListener {
   void refreshBlocks() const;
   RecordsByHandle blockRecords() const;
   void noteBlock(RecordIndex begin, const RecordsByHandle& blockRecords) const;
+  RecordIndex renamedModelSpace(const RecordsByHandle& blockRecords) const;
   void noteOwner(BlockNumber number) const;
   std::wstring blockName(RecordIndex begin, RecordIndex blockRecord) const;
   void findLayouts() const;

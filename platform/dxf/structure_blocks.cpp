@@ -60,15 +60,18 @@ void Structure::noteBlock(RecordIndex begin, const RecordsByHandle& blockRecords
   RecordIndex end = store_.next(begin);
   while (end != kNoRecord && isEntityPlace(end)) end = store_.next(end);
   const std::wstring space = spaceSpelling(name);
+  const bool isRenamed = space.empty() && name.starts_with(L'*') && blockRecord != kNoRecord &&
+                         blockRecord == blocks_[kModelSpace].blockRecord;
+  const bool isModel = space == kModelName || isRenamed;
   BlockNumber number = static_cast<BlockNumber>(blocks_.size());
-  if (space == kModelName && blocks_[kModelSpace].begin == kNoRecord) number = kModelSpace;
+  if (isModel && blocks_[kModelSpace].begin == kNoRecord) number = kModelSpace;
   if (space == kPaperName && blocks_[kActivePaperSpace].begin == kNoRecord) {
     number = kActivePaperSpace;
   }
   if (number == blocks_.size()) blocks_.emplace_back();
   Block& block = blocks_[number];
-  block.name = name;
-  block.blockRecord = blockRecord;
+  block.name = isRenamed ? std::wstring(kModelName) : name;
+  if (blockRecord != kNoRecord) block.blockRecord = blockRecord;
   block.begin = begin;
   block.end = end;
   if (isLayoutName(name)) block.space = true;
@@ -79,6 +82,24 @@ void Structure::noteBlock(RecordIndex begin, const RecordsByHandle& blockRecords
   }
   if (!store_.erased(begin)) blocksByName_.emplace(foldCase(name), number);
   noteOwner(number);
+}
+
+/// The record of model space in a drawing where no record has its name: an anonymous one that
+/// entities of model space name as their owner, or that lacks the number of an anonymous block's
+/// name.
+RecordIndex Structure::renamedModelSpace(const RecordsByHandle& blockRecords) const {
+  RecordIndex entity = firstInEntities(0);
+  while (entity != kNoRecord && isEntityPlace(entity) && store_.paperSpace(entity)) {
+    entity = store_.next(entity);
+  }
+  const std::uint64_t owner = entity == kNoRecord ? 0 : store_.owner(entity);
+  if (const auto found = blockRecords.find(owner); owner != 0 && found != blockRecords.end()) {
+    const std::wstring name = entryName(found->second);
+    if (name.starts_with(L'*') && !equalNames(name, kPaperName) && !isLayoutName(name)) {
+      return found->second;
+    }
+  }
+  return findEntry(TableKind::kBlockRecord, L"*U");
 }
 
 /// Entities of a block name its record as their owner.
@@ -102,6 +123,8 @@ void Structure::refreshBlocks() const {
     block.space = block.inEntities = true;
   }
   const RecordsByHandle records = blockRecords();
+  const RecordIndex model = findEntry(TableKind::kBlockRecord, kModelName);
+  blocks_[kModelSpace].blockRecord = model != kNoRecord ? model : renamedModelSpace(records);
   for (const RecordIndex record : store_.structural()) {
     if (store_.kind(record) == RecordKind::kBlock) noteBlock(record, records);
   }

@@ -179,5 +179,25 @@ TEST_F(Save, PipesAndDevicesAreNoDrawings) {
   EXPECT_EQ(RecordStore::newDrawing()->saveTo("/dev/full").error().kind, ErrorKind::kNotWritable);
 }
 
+TEST(SaveGroups, KeepNoErasedMembersButGetThemBack) {
+  const std::string entities =
+      "0 SECTION\n2 ENTITIES\n0 LINE\n5 10\n0 LINE\n5 11\n0 ENDSEC\n0 SECTION\n2 OBJECTS\n";
+  const auto group = [](const std::string& members) {
+    return "0 GROUP\n5 20\n102 {ACAD_REACTORS\n330 11\n102 }\n100 AcDbGroup\n300 text\n70 0\n" +
+           members;
+  };
+  const std::string end = "0 XRECORD\n5 21\n340 11\n0 ENDSEC\n0 EOF";
+  // 99 names nothing in the file either.
+  const std::string before = write(entities + group("340 11\n340 10\n340 99\n340 11\n") + end);
+  const auto store = open(before);
+  store->setErased(at(*store, 0x11), true);
+  std::string expected = write(entities + group("340 10\n340 99\n") + end);
+  const std::string erased = write("0 LINE\n5 11");
+  expected.erase(expected.find(erased), erased.size());
+  EXPECT_EQ(store->toBytes(), expected);
+  store->setErased(at(*store, 0x11), false);
+  EXPECT_EQ(store->toBytes(), before);
+}
+
 }  // namespace
 }  // namespace kovra::dxf::test

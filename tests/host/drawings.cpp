@@ -103,7 +103,7 @@ void writeTables(DrawingText& out, const DrawingForm& form) {
   out.group(0, "ENDTAB");
   if (out.modern()) {
     beginTable(out, "BLOCK_RECORD", "1", "3");
-    if (form.modelSpace) writeBlockRecord(out, "*Model_Space", "1F");
+    if (form.modelSpace) writeBlockRecord(out, form.modelName.c_str(), "1F");
     writeBlockRecord(out, "*Paper_Space", "1B");
     writeBlockRecord(out, "MOTOR", "30");
     out.group(0, "ENDTAB");
@@ -165,7 +165,7 @@ std::string drawingWith(const std::vector<Attribute>& attributes, const DrawingF
   writeTables(out, form);
   out.group(0, "SECTION");
   out.group(2, "BLOCKS");
-  if (form.modelSpace) writeBlock(out, "*Model_Space", "1F", "40", "41");
+  if (form.modelSpace) writeBlock(out, form.modelName.c_str(), "1F", "40", "41");
   writeBlock(out, "*Paper_Space", "1B", "42", "43");
   writeBlock(out, "MOTOR", "30", "44", "45");
   out.group(0, "ENDSEC");

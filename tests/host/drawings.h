@@ -12,6 +12,7 @@ struct DrawingForm {
   std::string lineEnd = "\n";
   std::string dimensionScale = "1.0";
   bool modelSpace = true;  ///< false: a file whose blocks lack a model space
+  std::string modelName = "*Model_Space";
 };
 
 struct Attribute {

@@ -37,6 +37,9 @@ TEST_F(ListTest, EveryKindOfTextWithItsAlignmentPoint) {
       {"0\nMTEXT\n8\nA\n10\n1\n20\n2\n40\n2\n41\n50\n71\n5\n3\none "
        "\n1\n\\Ptwo\n50\n30\n11\n0\n21\n1\n",
        ",MTEXT,model,,one \\Ptwo,A,Standard,2,,90,MC,1,2,0"},
+      // An escape that begins in one piece and ends in the next.
+      {"0\nMTEXT\n8\nA\n10\n1\n20\n2\n40\n2\n71\n1\n3\na\\U+\n3\n96\n1\nFBb\n",
+       ",MTEXT,model,,a電b,A,Standard,2,,0,TL,1,2,0"},
       {"0\nTEXT\n67\n1\n8\nA\n10\n1\n20\n2\n40\n2\n1\na \"q\", b\n",
        ",TEXT,Layout1,,\"a \"\"q\"\", b\",A,Standard,2,1,0,L,1,2,0"},
   };

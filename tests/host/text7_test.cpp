@@ -166,6 +166,53 @@ TEST_F(Text7PlaceTest, LayersAreMadeAndLocksComeBack) {
   EXPECT_EQ(shown(out, 1, true), "button disabled visible \"OK\"");
 }
 
+TEST_F(Text7PlaceTest, DrawingsWhoseModelSpaceHasAnotherNameOrNoRecord) {
+  const auto form = [](const char* release, const char* name) {
+    DrawingForm made;
+    made.release = release;
+    made.modelName = name;
+    return made;
+  };
+  const std::string named = drawingWith({}, form("AC1014", "*U"));
+  std::string without = drawingWith({});
+  for (const std::string type : {"  0\nBLOCK_RECORD\n  5\n1F", "  0\nBLOCK\n  5\n40"}) {
+    const std::size_t begin = without.find(type);
+    const std::string next = type.find("BLOCK_RECORD") != type.npos ? "  0\n" : "  0\nBLOCK\n";
+    without.erase(begin, without.find(next, begin + 4) - begin);
+  }
+  std::string ownerless = named;
+  while (ownerless.find("330\n1F\n") != ownerless.npos)
+    ownerless.erase(ownerless.find("330\n1F\n"), 7);
+  for (const std::string& drawing : {named, ownerless, drawingWith({}, form("AC1015", "*X")),
+                                     drawingWith({}, form("AC1032", "*U")), without}) {
+    write("a.dxf", drawing);
+    text("@type 1937 X\n@choose 1998 CMNT\n@click 1\n@point 1,2\n");
+    EXPECT_EQ(placed({2, 4, 5, 11, 12}), "model,X,CMNT,1,2");
+    text("@type 1937 X\n@choose 1998 CMNT\n@click 1\n@point 1,2\nU\n");
+    EXPECT_EQ(read("b.dxf"), drawing);
+  }
+  // A drawing without any is left as it is, and the user is told.
+  DrawingForm none;
+  none.modelSpace = false;
+  write("a.dxf", drawingWith({}, none));
+  const std::string out = text("@type 1937 X\n@choose 1998 CMNT\n@click 1\n@dialog\n");
+  EXPECT_NE(out.find("no model space"), std::string::npos) << out;
+  EXPECT_EQ(read("b.dxf"), read("a.dxf"));
+}
+
+TEST_F(Text7PlaceTest, NamesThatNoLayerCanHaveAreRefused) {
+  write("a.dxf", textDrawing());
+  for (const char* name : {"A*B", "A,B", "A|B", "\"A \"", "A/B"}) {
+    const std::string out =
+        text(std::string("@type 1937 X\n@type 1998 ") + name + "\n@click 1\n@dialog\n");
+    EXPECT_NE(out.find("A layer can't have this name."), std::string::npos) << name << out;
+    EXPECT_EQ(read("b.dxf"), read("a.dxf")) << name;
+    forget();
+  }
+  text("@type 1937 X\n@type 1998 \"MY LAYER\"\n@click 1\n@point 1,2\n");
+  EXPECT_EQ(placed({5}), "MY LAYER");
+}
+
 TEST_F(Text7PlaceTest, ValuesArePickedFromTexts) {
   const auto entity = [](const std::string& type, const std::string& handle, const std::string& x,
                          const std::string& groups) {

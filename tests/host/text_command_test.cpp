@@ -1,7 +1,5 @@
 // The Text command below data version 7.00: texts one after another, with the dialog beside the
 // drawing.
-#include <regex>
-
 #include "tests/host/text7_run.h"
 
 namespace kovra::test {
@@ -56,6 +54,8 @@ std::string sheet() {
   insert(end,
          entity("ATTDEF", "65", "-90.0",
                 " 40\n3.0\n  1\nVALUE\n100\nAcDbAttributeDefinition\n  3\n\n  2\nTAG1\n 70\n0\n"));
+  insert(end, entity("TEXT", "66", "-40.0",
+                     " 40\n7.0\n  1\nTURNED\n 50\n33.69006752597979\n100\nAcDbText\n"));
   insert(end,
          "  0\nINSERT\n  5\n70\n330\n1F\n100\nAcDbEntity\n  8\n0\n100\nAcDbBlockReference\n  2\n"
          "MOTOR\n 10\n200.0\n 20\n0.0\n 30\n0.0\n 41\n2.0\n 42\n2.0\n 43\n2.0\n 50\n30.0\n");
@@ -75,10 +75,6 @@ class TextCommandTest : public Text7Run {
  protected:
   TextCommandTest() { project("6.0"); }
 
-  /// Columns of what was placed, without the last digits that a nested text's angle loses.
-  std::string placedRounded(const std::vector<int>& columns) const {
-    return std::regex_replace(placed(columns), std::regex("\\.0{9}[0-9]*"), "");
-  }
   /// Without the quotes.
   static std::string texts(const std::string& out, const std::vector<int>& ids) {
     std::string all = Text7Run::texts(out, ids);
@@ -162,6 +158,9 @@ TEST_F(TextCommandTest, PicksAdoptWhatTheirStateSays) {
       {"", "STANDARD,6,1,0,MC", "STANDARD 1.5 1 0 Middle center"},
       {"@click 1986\n@pick 62\n", "FIX,6,1,0,MC", "FIX 1.5 1 0 Middle center"},
       {"@click 1988\n@pick 62\n", "STANDARD,3,1,0,MC", "STANDARD 0.75 1 0 Middle center"},
+      {"@click 1988\n@pick 66\n", "STANDARD,7,1,0,MC", "STANDARD 1.75 1 0 Middle center"},
+      {"@click 1992\n@pick 66\n", "STANDARD,6,1,33.69006752597979,MC",
+       "STANDARD 1.5 1 33.69006753 Middle center"},
       {"@click 1988\n" + kNested, "STANDARD,2.5,1,0,MC", "STANDARD 0.625 1 0 Middle center"},
       {"@click 1990\n@pick 62\n", "STANDARD,6,0.8,0,MC", "STANDARD 1.5 0.8 0 Middle center"},
       {"@click 1992\n@pick 62\n", "STANDARD,6,1,15,MC", "STANDARD 1.5 1 15 Middle center"},
@@ -178,7 +177,7 @@ TEST_F(TextCommandTest, PicksAdoptWhatTheirStateSays) {
     forget();
     const std::string out =
         text("@choose 1993 \"Middle center\"\n" + row.picks + "@dialog\nK1\n0,0\n@esc\n");
-    EXPECT_EQ(placedRounded({6, 7, 8, 9, 10}), row.placed) << row.picks << out;
+    EXPECT_EQ(placed({6, 7, 8, 9, 10}), row.placed) << row.picks << out;
     EXPECT_EQ(texts(out, {1985, 1987, 1989, 1991, 1993}), row.shown) << row.picks;
   }
 }
@@ -237,6 +236,50 @@ TEST_F(TextCommandTest, EachTextIsOneStepWithTheGroupsOfTheDialog) {
     EXPECT_EQ(placed(), left);
   }
   text("A\n0,0\nB\n1,1\n@click 1988\n@pick 62\nC\n2,2\n@esc\nU\nU\nU\n");
+  EXPECT_EQ(read("b.dxf"), read("a.dxf"));
+}
+
+TEST_F(TextCommandTest, DrawingsWhoseHeaderNamesWhatTheyLack) {
+  const struct {
+    const char* header;
+    const char* layer;
+  } cases[] = {
+      {"$TEXTSTYLE\n  7\nGONE", "0"}, {"$TEXTSTYLE\n  7\n", "0"}, {"$CLAYER\n  8\nLOST", "LOST"},
+      {"$CLAYER\n  8\n", "0"},        {"$CLAYER\n  8\nA*B", "0"}, {"$CECOLOR\n 62\n300", "0"},
+      {"$CELTYPE\n  6\nGONE", "0"},
+  };
+  for (const auto& row : cases) {
+    for (const char* release : {"AC1009", "AC1015"}) {
+      DrawingForm form;
+      form.release = release;
+      const std::string drawing = drawingWith({}, form);
+      const std::size_t variables = drawing.find("  9\n$DIMSCALE");
+      write("a.dxf",
+            std::string(drawing).insert(variables, std::string("  9\n") + row.header + '\n'));
+      for (const std::string version : {"6.0", "12.0"}) {
+        project(version);
+        const std::string both =
+            version == "6.0"
+                ? "K1\n3,4\nK1\n3,4\n@esc\n"
+                : "@click 1975\n@type 1931 K1\n@click 1\n@point 3,4\n@point 3,4\n@esc\n";
+        forget();
+        text("@choose 1998 #7\n" + both);
+        const std::string one = std::string("K1,") + row.layer + ",3";
+        EXPECT_EQ(placed({4, 5, 11}), one + ' ' + one) << row.header << release << version;
+        EXPECT_EQ(read("b.dxf").find(" 62\n300", variables + 60), std::string::npos);
+        EXPECT_EQ(read("b.dxf").find("  6\nGONE", variables + 60), std::string::npos);
+        text("@choose 1998 #7\n" + both + "U\nU\n");
+        EXPECT_EQ(read("b.dxf"), read("a.dxf")) << row.header << release << version;
+      }
+    }
+  }
+}
+
+TEST_F(TextCommandTest, ATextThatCantBePlacedIsToldOf) {
+  write("p/KovrCad.prm", "[TEXT]\nLAYER_CNT=1\nLAYER1=A*B\n");
+  write("a.dxf", textDrawing());
+  const std::string out = text("K1\n3,4\n@refused @dialog\n");
+  EXPECT_NE(out.find("The text couldn't be placed"), std::string::npos) << out;
   EXPECT_EQ(read("b.dxf"), read("a.dxf"));
 }
 

@@ -120,6 +120,45 @@ TEST_F(CountUpCommand, ValuesInEveryNumbering) {
   }
 }
 
+/// Line type and style of a drawing's last text, as groups.
+std::string lastNames(const std::string& dxf) {
+  std::istringstream lines(dxf.substr(dxf.rfind("  0\nTEXT\n")));
+  std::string names;
+  for (std::string code, value; std::getline(lines, code) && std::getline(lines, value);) {
+    if (code == "  6" || code == "  7") names += code + '\n' + value + '\n';
+  }
+  return names;
+}
+
+TEST_F(CountUpCommand, TextsWhoseStyleOrLineTypeTheDrawingLacks) {
+  const struct {
+    const char* what;
+    const char* style;  ///< the only record of the table
+    const char* names;  ///< of the text
+    const char* copied;
+  } cases[] = {
+      {"an unnamed style", "2|70 0", "7", "7"},
+      {"an unnamed style, of a shape file", "2|70 1", "7", ""},
+      {"a style", "2 STANDARD|70 0", "7 GONE", ""},
+      {"a line type", "2 STANDARD|70 0", "6 GONE|7 STANDARD", "7 STANDARD"},
+      {"line type by block", "2 STANDARD|70 0", "6 BYBLOCK|7 standard", "6 BYBLOCK|7 STANDARD"},
+  };
+  const std::string pattern = "@click 1975\n@click 1954\n@type 1934 2\n@type 1935 50\n@click 1\n";
+  for (const auto& each : cases) {
+    std::string drawing = sheet(text("X001", 0, 0, each.names));
+    const std::string record = groups("2 STANDARD|70 0");
+    drawing.replace(drawing.find(record), record.size(), groups(each.style));
+    EXPECT_EQ(count(drawing, pattern).back(), (Text{"X002", 50, 0})) << each.what;
+    EXPECT_EQ(lastNames(read("out.dxf")), groups(each.copied)) << each.what;
+    count(drawing, pattern + "U\n");
+    EXPECT_EQ(read("out.dxf"), drawing) << each.what;
+  }
+  // Copies that can't be made are told of.
+  const std::string colored = text("X001", 0, 0, "62 300") + text("X002", 0, 9);
+  EXPECT_EQ(count(sheet(colored), pattern).size(), 2U);
+  EXPECT_TRUE(shown("Copies that the drawing didn't take: 2"));
+}
+
 TEST_F(CountUpCommand, DragsCountOnFromPassToPass) {
   const std::string lines =
       "@type 1931 2\n@click 1974\n@click 1\n@point 0,0\n@point 100,0\n@move 3,3\n@point 100,50\n"

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <numbers>
 
+#include "module/drawing/angles.h"
 #include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
 #include "module/drawing/layer_snapshot.h"
@@ -191,7 +193,6 @@ TEST_F(Drawing, CopiesKeepEverythingButValueAndPlace) {
 }
 
 TEST(NestedText, HeightAndAngleInTheDrawing) {
-  constexpr double kPi = std::numbers::pi;
   const struct {
     const char* what;
     double matrix[4][4];
@@ -215,16 +216,33 @@ TEST(NestedText, HeightAndAngleInTheDrawing) {
        kPi / 2,
        9,
        kPi / 2},
+      {"a turn that takes the text's own back",
+       {{std::sqrt(0.75), 0.5, 0, 1e6},
+        {-0.5, std::sqrt(0.75), 0, 1e6},
+        {0, 0, 1, 0},
+        {0, 0, 0, 1}},
+       RadiansOf(30),
+       3,
+       0},
+      {"larger and turned, far away",
+       {{std::sqrt(0.75) * 1.2, -0.6, 0, 1e6},
+        {0.6, std::sqrt(0.75) * 1.2, 0, 1e6},
+        {0, 0, 1.2, 0},
+        {0, 0, 0, 1}},
+       RadiansOf(33),
+       3.6,
+       RadiansOf(63)},
   };
+  // No digit more than a person would write reaches the drawing.
   for (const auto& each : cases) {
     double height = 3;
     double angle = each.angle;
     TransformHeightAndAngle(&height, angle, each.matrix);
-    EXPECT_NEAR(height, each.newHeight, 1e-9) << each.what;
-    EXPECT_NEAR(angle, each.newAngle, 1e-9) << each.what;
+    EXPECT_EQ(height, each.newHeight) << each.what;
+    EXPECT_EQ(angle, each.newAngle) << each.what;
     angle = each.angle;
     TransformHeightAndAngle(nullptr, angle, each.matrix);
-    EXPECT_NEAR(angle, each.newAngle, 1e-9) << each.what;
+    EXPECT_EQ(angle, each.newAngle) << each.what;
   }
 }
 

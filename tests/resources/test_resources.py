@@ -21,12 +21,13 @@ LIMITS = {2829: 511, 2734: 511, 2741: 511, 2732: 511}
 LIMITS.update({id: 63 for id in (*range(2717, 2721), *range(2788, 2794))})
 NARROW_LIMITS = {7353: 255, 7718: 511, 7723: 511}
 # An argument is put in before the text meets its limit: room for a layer name, a set's name.
-FORMATS = {2786: ["%d"], 2794: ["%d"], 2822: ["%s"], 2827: ["%s"], 7136: ["%1"], 7138: ["%1"], 7710: ["%s"], 7724: ["%d"]}
+FORMATS = {2786: ["%d"], 2794: ["%d"], 2822: ["%s"], 2827: ["%s"], 7136: ["%1"], 7138: ["%1"], 7710: ["%s"], 7724: ["%d"],
+           3913: ["%d"]}
 # Texts that the caller puts behind a line break of its own, or that aren't on the command line.
 PROMPTS = [2722, 2723, *range(2724, 2731), 2754, 2755, 2767, 2768, 2771, 2774, *range(2777, 2784), 2785,
            *range(2788, 2794), 2828, 7353, 7710, 7718, 7723, 7725, 8189]
 OWN_LINE_BREAK = {2774, 8189, 2786}
-COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900]
+COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900, 3910, 3913]
 USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830))
 LABELS = {"text dialogs": range(2809, 2822), "align": range(2119, 2132), "radix": range(2795, 2802)}
 

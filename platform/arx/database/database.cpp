@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/arx/database/drawing_defaults.h"
 #include "platform/arx/database/journal.h"
 #include "platform/arx/database/layer_locks.h"
 #include "platform/arx/database/object_table.h"
@@ -176,8 +177,8 @@ double AcDbDatabase::textsize() const {
 
 AcDbObjectId AcDbDatabase::clayer() const {
   if (!hasDrawing()) return AcDbObjectId::kNull;
-  return entryId(structure_->findEntry(dxf::TableKind::kLayer,
-                                       structure_->textVariable("$CLAYER").value_or(L"0")));
+  return entryId(
+      structure_->findEntry(dxf::TableKind::kLayer, kovra::arx::currentLayer(*structure_)));
 }
 
 AcDbObjectId AcDbDatabase::textstyle() const {

@@ -2,12 +2,14 @@
 
 #include "platform/arx/base/ads.h"
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/drawing_defaults.h"
 #include "platform/arx/database/object_table.h"
 #include "platform/arx/database/record_edit.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/structure.h"
 
 namespace dxf = kovra::dxf;
+using kovra::arx::kColorByLayer;
 using kovra::arx::kEntityPart;
 using kovra::arx::Property;
 using kovra::arx::RecordEdit;
@@ -22,8 +24,6 @@ constexpr Property kLinetype{kEntityPart, 6};
 constexpr Property kColor{kEntityPart, 62};
 constexpr Property kLinetypeScale{kEntityPart, 48};
 constexpr Property kInvisible{kEntityPart, 60};
-
-constexpr std::int64_t kColorByLayer = 256;
 
 ACHAR* copyOf(const wchar_t* text) {
   ACHAR* copy = nullptr;
@@ -137,10 +137,9 @@ Acad::ErrorStatus AcDbEntity::setDatabaseDefaults(AcDbDatabase* given) {
   const AcDbDatabase* from = given != nullptr ? given : databaseForNames();
   if (from == nullptr || !from->hasDrawing()) return Acad::eNoDatabase;
   if (!canWrite()) return Acad::eNotOpenForWrite;
-  const dxf::Structure& header = from->structure();
-  const std::wstring layer = header.textVariable("$CLAYER").value_or(L"0");
-  const std::wstring linetype = header.textVariable("$CELTYPE").value_or(L"ByLayer");
-  const std::int64_t color = header.integerVariable("$CECOLOR").value_or(kColorByLayer);
+  const std::wstring layer = kovra::arx::currentLayer(from->structure());
+  const std::wstring linetype = kovra::arx::currentLinetype(from->structure());
+  const std::int64_t color = kovra::arx::currentColor(from->structure());
   return apply([&](RecordEdit& edit) {
     bool changed = edit.setText(kLayer, layer, codec());
     if (!dxf::equalNames(linetype, L"ByLayer"))

@@ -1,5 +1,7 @@
 #include "platform/arx/database/record_edit.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <numbers>
 
@@ -259,6 +261,16 @@ double withinTurn(double angle, double turn) {
   return rest < turn ? rest + 0.0 : 0;
 }
 
+/// A number rounded to so many digits.
+double rounded(double value, int digits) {
+  std::array<char, 32> text{};
+  const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
+                                     std::chars_format::scientific, digits - 1);
+  double result = value;
+  std::from_chars(text.data(), written.ptr, result);
+  return result;
+}
+
 }  // namespace
 
 double normalizedAngle(double radians) {
@@ -267,9 +279,13 @@ double normalizedAngle(double radians) {
 
 double exactDegrees(double radians) {
   const double degrees = radians * 180 / kPi;
-  const double rounded = std::round(degrees * 1e9) / 1e9;
-  const bool isSpoiled = std::fabs(degrees - rounded) <= 4e-16 * std::fmax(90, std::fabs(degrees));
-  return isSpoiled ? rounded : degrees;
+  const double plain = std::round(degrees * 1e9) / 1e9;
+  const bool isSpoiled = std::fabs(degrees - plain) <= 4e-16 * std::fmax(90, std::fabs(degrees));
+  if (isSpoiled) return plain;
+  // What a drawing says, which programs write with 15 or 16 digits, reads back as this angle.
+  for (const int digits : {15, 16})
+    if (const double said = rounded(degrees, digits); said * kPi / 180 == radians) return said;
+  return degrees;
 }
 
 double degreesOf(double radians) {

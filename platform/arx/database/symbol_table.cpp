@@ -22,12 +22,23 @@ ACRX_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject, nullptr)
 
 namespace {
 
-/// Model space of a drawing that has a block table but no such block isn't in the table. R12 needs
-/// no record for it.
+bool hasEntities(const dxf::RecordStore& store) {
+  const std::vector<dxf::RecordIndex>& marks = store.structural();
+  return std::any_of(marks.begin(), marks.end(), [&store](dxf::RecordIndex mark) {
+    if (store.kind(mark) != dxf::RecordKind::kSection) return false;
+    const dxf::RecordIndex first = store.next(mark);
+    return store.section(mark) == dxf::SectionKind::kEntities && first != dxf::kNoRecord &&
+           store.kind(first) != dxf::RecordKind::kEndSec;
+  });
+}
+
+/// R12 needs no record for a space. Programs that write later releases may leave out that of model
+/// space; where there are entities, there is one.
 bool isListed(const AcDbDatabase& database, dxf::BlockNumber number) {
   const dxf::Block& block = database.structure().block(number);
-  return block.blockRecord != dxf::kNoRecord || block.begin != dxf::kNoRecord ||
-         !database.store().dialect().subclassMarkers;
+  if (block.blockRecord != dxf::kNoRecord || block.begin != dxf::kNoRecord) return true;
+  return !database.store().dialect().subclassMarkers ||
+         (number == dxf::kModelSpace && hasEntities(database.store()));
 }
 
 std::vector<dxf::RecordIndex> blockObjects(const AcDbDatabase& database) {

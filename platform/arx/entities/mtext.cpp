@@ -83,14 +83,20 @@ AcDbMText::AttachmentPoint attachmentOf(const dxf::RecordDraft& draft) {
 
 }  // namespace
 
-std::wstring kovra::arx::mtextContents(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
-  // Decoded as one: a chunk may end inside an escape.
+std::string kovra::arx::mtextBytes(const dxf::RecordDraft& draft) {
   std::string bytes;
-  for (std::size_t i = 0, chunk = draft.find(kMTextPart, kChunkCode, 0); chunk != dxf::kNoGroup;
-       chunk = draft.find(kMTextPart, kChunkCode, ++i))
-    bytes += draft.text(chunk);
-  bytes += readBytes(draft, kContents);
-  return codec.decode(bytes);
+  std::size_t last = dxf::kNoGroup;
+  for (std::size_t i = 1; i < draft.size(); ++i) {
+    if (draft.part(i) != dxf::GroupPart::kData) continue;
+    if (draft.code(i) == kChunkCode) bytes += draft.text(i);
+    if (draft.code(i) == kContents.code && last == dxf::kNoGroup) last = i;
+  }
+  if (last != dxf::kNoGroup) bytes += draft.text(last);
+  return bytes;
+}
+
+std::wstring kovra::arx::mtextContents(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
+  return codec.decode(mtextBytes(draft));
 }
 
 MTextLayout kovra::arx::layOutMText(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {

@@ -9,7 +9,9 @@
 
 namespace kovra::arx {
 
-/// The text of groups 3 and 1, with its formatting codes.
+/// The bytes of groups 3 and 1 as one: an escape may begin in one group and end in the next.
+std::string mtextBytes(const dxf::RecordDraft& draft);
+/// The text of these groups, with its formatting codes.
 std::wstring mtextContents(const dxf::RecordDraft& draft, const dxf::TextCodec& codec);
 
 /// The text as people read it, one entry a paragraph: formatting codes are left out, stacked

@@ -16,8 +16,9 @@ resbuf* acdbEntGet(const ads_name name);
 /// factor not above 0, another type; RTERROR: no such entity.
 int acdbEntMod(const resbuf* list);
 /// Makes an entity of the list's groups, in any order, in the current space. Missing subclass
-/// markers are added, a layer that the table lacks is made (color 7, continuous). RTREJ: unknown
-/// type, missing style, no height or 0.
+/// markers are added, a layer that the table lacks is made (color 7, continuous). An empty style
+/// name means no style, which is Standard, unless the table has a text style of that name. RTREJ:
+/// unknown type, missing style, no height or 0.
 int acdbEntMake(const resbuf* list);
 /// Erases the entity, or brings an erased one back. RTREJ on a locked layer, RTERROR for no entity.
 int acdbEntDel(const ads_name name);
@@ -33,5 +34,8 @@ int acdbHandEnt(const ACHAR* handle, ads_name name);
 /// The groups of the record of this name in the table ("LAYER", "STYLE", "BLOCK", "LTYPE", "UCS",
 /// "VIEW", "VPORT", "DIMSTYLE", "APPID"), or null. With setNext, acdbTblNext goes on behind it.
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
+/// RTNORM for a name that a record of a symbol table may have, else RTERROR. With pipeTest a
+/// vertical bar is no error; names from other drawings have one.
+int acdbSNValid(const ACHAR* name, int pipeTest);
 /// The next record of the table, from its first with rewind; null at the end.
 resbuf* acdbTblNext(const ACHAR* table, int rewind);

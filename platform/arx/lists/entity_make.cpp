@@ -1,7 +1,9 @@
 // acdbEntMake.
 #include <string>
 
+#include "platform/arx/base/table_flags.h"
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/drawing_defaults.h"
 #include "platform/arx/database/new_entity.h"
 #include "platform/arx/entities/text_align.h"
 #include "platform/arx/lists/entity_lists.h"
@@ -33,19 +35,41 @@ const resbuf* lastOf(const resbuf* list, int code) {
   return found;
 }
 
-/// Style Standard, or none, in a drawing whose table lacks it: a text has it without group 7.
-bool isUnlistedStandard(const AcDbDatabase& database, const resbuf& element) {
+/// A text style without a name. Shape files have such entries as well, with flag 1.
+bool hasUnnamedStyle(const AcDbDatabase& database) {
+  const dxf::Structure& structure = database.structure();
+  if (structure.lookUp(dxf::TableKind::kStyle, L"") == nullptr) return false;
+  dxf::RecordDraft draft;
+  for (dxf::RecordIndex entry = structure.firstEntry(dxf::TableKind::kStyle);
+       entry != dxf::kNoRecord; entry = structure.nextEntry(entry)) {
+    if (!structure.entryName(entry).empty()) continue;
+    database.store().load(entry, draft);
+    if ((readInteger(draft, {kStylePart, 70}, 0) & kStyleIsShape) == 0) return true;
+  }
+  return false;
+}
+
+/// A name that stands for style Standard as no group 7 does: none in a drawing without such a text
+/// style, or Standard where the table lacks it.
+bool meansStandard(const AcDbDatabase& database, const resbuf& element) {
   if (element.restype != 7) return false;
   const std::wstring_view name = listText(element);
-  return (name.empty() || dxf::equalNames(name, L"Standard")) &&
+  if (name.empty()) return !hasUnnamedStyle(database);
+  return dxf::equalNames(name, L"Standard") &&
          database.structure().findEntry(dxf::TableKind::kStyle, L"Standard") == dxf::kNoRecord;
+}
+
+bool isUnnamedStyle(const resbuf& element) {
+  return element.restype == 7 && listText(element).empty();
 }
 
 bool isAcceptable(const AcDbDatabase& database, const std::string& type, const resbuf* list) {
   if (subclassesOf(type).empty() || missingGroup(type, list) != 0) return false;
   for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
     element = skipAppGroup(element);
-    if (isStructural(element->restype) || isUnlistedStandard(database, *element)) continue;
+    if (isStructural(element->restype) || isUnnamedStyle(*element) ||
+        meansStandard(database, *element))
+      continue;
     if (!isAllowed(database, type, *element)) return false;
   }
   return true;
@@ -71,14 +95,13 @@ void fillDraft(AcDbDatabase& database, const std::string& type, const resbuf* li
   for (const std::string_view subclass : subclassesOf(type)) draft.appendMarker(subclass);
   if (type == "TEXT") draft.appendMarker(kTextPart);
   if (lastOf(list, 8) == nullptr)
-    draft.insertText(placeOf(draft, {kEntityPart, 8}), 8,
-                     database.structure().textVariable("$CLAYER").value_or(L"0"),
+    draft.insertText(placeOf(draft, {kEntityPart, 8}), 8, currentLayer(database.structure()),
                      database.store().codec());
   for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
     element = skipAppGroup(element);
     const int code = element->restype;
     if (isStructural(code) || !isWritten(code, database.store().dialect()) ||
-        isUnlistedStandard(database, *element))
+        meansStandard(database, *element))
       continue;
     const Property property = propertyOf(type, code);
     if (property.subclass.empty()) continue;

@@ -5,6 +5,7 @@
 
 #include "platform/arx/base/symbol_names.h"
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/drawing_defaults.h"
 #include "platform/arx/database/group_order.h"
 #include "platform/arx/lists/list_groups.h"
 #include "platform/dxf/record_store.h"
@@ -61,11 +62,6 @@ bool isTextType(std::string_view type) {
 
 bool hasEntry(const AcDbDatabase& database, dxf::TableKind table, std::wstring_view name) {
   return database.structure().findEntry(table, name) != dxf::kNoRecord;
-}
-
-bool isKnownLinetype(const AcDbDatabase& database, std::wstring_view name) {
-  return dxf::equalNames(name, L"BYLAYER") || dxf::equalNames(name, L"BYBLOCK") ||
-         dxf::equalNames(name, L"CONTINUOUS") || hasEntry(database, dxf::TableKind::kLtype, name);
 }
 
 /// Whether group 40 is a height or a radius, which 0 can't be.
@@ -152,7 +148,7 @@ bool isAllowed(const AcDbDatabase& database, std::string_view type, const resbuf
     case 40:
       return !hasSize(type) || element.resval.rreal > 0;
     case 6:
-      return isKnownLinetype(database, listText(element));
+      return isLinetype(database.structure(), listText(element));
     case 62:
       return element.resval.rint >= -255 && element.resval.rint <= 256;
     case 2:

@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 
+#include "platform/arx/base/symbol_names.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/lists/entity_lists.h"
 #include "platform/arx/lists/list_groups.h"
@@ -119,6 +120,12 @@ resbuf* acdbTblSearch(const ACHAR* tableName, const ACHAR* name, int setNext) {
   if (entry == dxf::kNoRecord) return nullptr;
   if (setNext != 0) cursorOf(*table) = {database->serial(), database->structure().nextEntry(entry)};
   return entryList(*database, entry);
+}
+
+int acdbSNValid(const ACHAR* name, int pipeTest) {
+  std::wstring text = name != nullptr ? name : L"";
+  if (pipeTest != 0) std::erase(text, L'|');
+  return kovra::arx::isSymbolName(text) ? RTNORM : RTERROR;
 }
 
 resbuf* acdbTblNext(const ACHAR* tableName, int rewind) {

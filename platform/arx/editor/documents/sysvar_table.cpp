@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/drawing_defaults.h"
 #include "platform/arx/database/journal.h"
 #include "platform/arx/database/symbol_table.h"
 #include "platform/arx/editor/documents/document_session.h"
@@ -46,10 +47,9 @@ Error refused(std::string message) {
 // --- colors ------------------------------------------------------------------------------------
 
 VariableValue readColor(AcApDocument& document) {
-  const std::optional<HeaderValue> header = document.database()->headerValue("$CECOLOR");
-  const std::int64_t* number = header ? std::get_if<std::int64_t>(&*header) : nullptr;
-  if (number == nullptr || *number == 256) return textValue(L"BYLAYER");
-  return textValue(*number == 0 ? L"BYBLOCK" : std::to_wstring(*number));
+  const std::int64_t number = currentColor(document.database()->structure());
+  if (number == kColorByLayer) return textValue(L"BYLAYER");
+  return textValue(number == 0 ? L"BYBLOCK" : std::to_wstring(number));
 }
 
 std::optional<int> colorNumber(std::wstring_view text) {
@@ -71,6 +71,14 @@ Result<void> acceptColor(AcApDocument&, VariableValue& value) {
 }
 
 // --- names of tables ---------------------------------------------------------------------------
+
+VariableValue readLayer(AcApDocument& document) {
+  return textValue(currentLayer(document.database()->structure()));
+}
+
+VariableValue readStyle(AcApDocument& document) {
+  return textValue(currentTextStyle(document.database()->structure()));
+}
 
 /// The record of a table by name, as the table spells it.
 template <class Table, class Record, class Check>
@@ -244,16 +252,12 @@ constexpr VariableRow computed(const wchar_t* name, int type,
 }
 
 constexpr VariableRow named(const wchar_t* name, const char* header, const wchar_t* standard,
+                            VariableValue (*read)(AcApDocument&),
                             Result<void> (*accept)(AcApDocument&, VariableValue&)) {
   VariableRow row{{name, RTSTR, kHeader, false}, header, 0, standard};
+  row.read = read;
   row.accept = accept;
   row.addToHeader = true;
-  return row;
-}
-
-constexpr VariableRow colorRow() {
-  VariableRow row = named(L"CECOLOR", "$CECOLOR", L"BYLAYER", acceptColor);
-  row.read = readColor;
   return row;
 }
 
@@ -265,11 +269,11 @@ constexpr VariableRow lastPointRow() {
 }
 
 constexpr VariableRow kRows[] = {
-    named(L"CLAYER", "$CLAYER", L"0", acceptLayer),
-    named(L"TEXTSTYLE", "$TEXTSTYLE", L"STANDARD", acceptStyle),
+    named(L"CLAYER", "$CLAYER", L"0", readLayer, acceptLayer),
+    named(L"TEXTSTYLE", "$TEXTSTYLE", L"STANDARD", readStyle, acceptStyle),
     kept(positive(L"TEXTSIZE", "$TEXTSIZE", 0.2)),
     kept({{L"DIMSCALE", RTREAL, kHeader, false}, "$DIMSCALE", 1, L"", 0}),
-    colorRow(),
+    named(L"CECOLOR", "$CECOLOR", L"BYLAYER", readColor, acceptColor),
     positive(L"LTSCALE", "$LTSCALE", 1),
     positive(L"CELTSCALE", "$CELTSCALE", 1),
     {{L"ELEVATION", RTREAL, kHeader, false}, "$ELEVATION"},
