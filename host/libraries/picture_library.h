@@ -13,12 +13,19 @@ enum class PictureForm { kSvg, kPng };
 /// By the end of the file's name, ".svg" or ".png" in whatever case.
 Result<PictureForm> pictureForm(const std::filesystem::path& file);
 
+/// What a picture of a drawing lacks.
+struct PictureGaps {
+  arx::PlotGaps plot;
+  bool empty = false;  ///< there is nothing on it
+};
+
 /// The library of host/picture/: most runs draw nothing, and what draws needs dozens of libraries.
 /// Each function writes a picture as a whole or not at all.
 struct PictureLibrary {
-  /// A drawing; gives what it didn't draw.
-  Result<arx::KindCounts> (*plot)(const PlotOptions& options, PictureForm form);
-  /// The drawing window with the dialogs on it; the picture is as large as both together.
+  /// A drawing.
+  Result<PictureGaps> (*plot)(const PlotOptions& options, PictureForm form);
+  /// The drawing window with the dialogs on it; the picture is as large as both together. What is
+  /// drawn in part only is said in the transcript.
   Result<void> (*screen)(const std::filesystem::path& file, PictureForm form);
   /// The topmost dialog alone; kInvalidInput when none is open.
   Result<void> (*dialog)(const std::filesystem::path& file, PictureForm form);

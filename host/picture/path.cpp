@@ -4,6 +4,13 @@
 
 namespace kovra::host {
 
+Affine Affine::inverse() const {
+  const double det = a * d - b * c;
+  const Affine turned{d / det, -b / det, -c / det, a / det, 0, 0};
+  const Spot origin = turned({e, f});
+  return {turned.a, turned.b, turned.c, turned.d, -origin.x, -origin.y};
+}
+
 void Bounds::add(Spot p) {
   left = std::min(left, p.x);
   right = std::max(right, p.x);

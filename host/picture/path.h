@@ -17,6 +17,8 @@ struct Affine {
   double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
 
   Spot operator()(Spot p) const { return {a * p.x + c * p.y + e, b * p.x + d * p.y + f}; }
+  /// Full of infinities when there is none.
+  Affine inverse() const;
 };
 
 struct Rgb {

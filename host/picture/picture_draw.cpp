@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
+#include <string_view>
 
+#include "platform/arx/editor/picks/hit_test.h"
 #include "platform/arx/geometry/text_metrics.h"
 
 namespace kovra::host {
@@ -52,6 +55,40 @@ void forEachArcPiece(double sweep, Take take) {
   }
 }
 
+/// Consecutive characters of a line, the first one so far from the line's beginning.
+struct LinePart {
+  std::vector<arx::TextCharacter> characters;
+  double x = 0;  ///< in glyph units
+};
+
+/// Whether characters are so small that they can't be made out even much enlarged.
+bool isTiny(const Affine& matrix) {
+  constexpr double kTiny = 0.02;  // pixels
+  const double across = std::hypot(matrix.a, matrix.b) * arx::kHalfWidthAdvance;
+  return std::min(across, std::hypot(matrix.c, matrix.d)) * kGlyphUnits < kTiny;
+}
+
+/// The stroke that stands for a text which is too small.
+struct TinyText {
+  Spot from;
+  Spot to;
+  Rgb ink;
+
+  bool covers(Spot spot) const {
+    constexpr double kReach = 0.5;  // pixels
+    return arx::distanceToSegment({spot.x, spot.y, 0}, {from.x, from.y, 0}, {to.x, to.y, 0}) <=
+           kReach;
+  }
+};
+
+/// Whether nobody would see the color on that ground.
+bool isLost(Rgb color, Ground ground) {
+  constexpr int kNearWhite = 232;
+  constexpr int kNearDark = 60;
+  const auto [least, most] = std::minmax({color.red, color.green, color.blue});
+  return ground == Ground::kWhite ? least >= kNearWhite : most <= kNearDark;
+}
+
 }  // namespace
 
 Rgb groundColor(Ground ground) {
@@ -62,8 +99,9 @@ Rgb inkColor(const AcCmEntityColor& color, Ground ground) {
   constexpr Adesk::UInt16 kContrast = 7;
   const bool contrast = color.colorMethod() != AcCmEntityColor::kByColor &&
                         (color.colorIndex() == kContrast || color.isByLayer() || color.isByBlock());
-  if (contrast) return ground == Ground::kWhite ? Rgb{0, 0, 0} : Rgb{255, 255, 255};
-  return {color.red(), color.green(), color.blue()};
+  const Rgb ink{color.red(), color.green(), color.blue()};
+  if (!contrast && !isLost(ink, ground)) return ink;
+  return ground == Ground::kWhite ? Rgb{0, 0, 0} : Rgb{255, 255, 255};
 }
 
 Page pageFor(const AcGePoint3d& low, const AcGePoint3d& high, int size, double margin) {
@@ -116,18 +154,32 @@ class PictureDraw::Geometry : public arx::TransformedGeometry {
   Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
                       const AcGeVector3d& direction, double height, double width, double oblique,
                       const ACHAR* message) const override;
+  bool hasInk() const { return hasInk_; }
 
  private:
   bool chain(Adesk::UInt32 count, const AcGePoint3d* points) const;
   bool isOnPage(const Bounds& box) const;
-  void textStrokes(const std::vector<arx::TextCharacter>& characters, const Affine& matrix) const;
+  void stroke() const;
+  bool takeSmallPrint(std::wstring_view message) const;
+  void tinyText(Spot from, Spot to) const;
+  LinePart partOnPage(std::wstring_view message, const Affine& matrix) const;
+  void drawLine(const LinePart& line, const Affine& matrix) const;
+  void textStrokes(const LinePart& line, const Affine& matrix) const;
 
   PictureDraw& owner_;
   Canvas& canvas_;
   Glyphs& glyphs_;
   Page page_;
   mutable Path path_;  ///< storage of the shape in hand
+  mutable bool hasInk_ = false;
+  mutable std::size_t smallPrintLeft_ = 100000;  ///< characters that nobody can make out
+  mutable std::optional<TinyText> lastTiny_;
 };
+
+void PictureDraw::Geometry::stroke() const {
+  canvas_.stroke(path_, owner_.traits_->ink());
+  hasInk_ = true;
+}
 
 bool PictureDraw::Geometry::isOnPage(const Bounds& box) const {
   constexpr double kPen = 1;
@@ -152,7 +204,7 @@ bool PictureDraw::Geometry::chain(Adesk::UInt32 count, const AcGePoint3d* points
 
 Adesk::Boolean PictureDraw::Geometry::polyline(Adesk::UInt32 count,
                                                const AcGePoint3d* points) const {
-  if (chain(count, points)) canvas_.stroke(path_, owner_.traits_->ink());
+  if (chain(count, points)) stroke();
   return true;
 }
 
@@ -161,6 +213,7 @@ Adesk::Boolean PictureDraw::Geometry::polygon(Adesk::UInt32 count,
   if (!chain(count, points)) return true;
   path_.close();
   canvas_.fill(path_, owner_.traits_->ink());
+  hasInk_ = true;
   return true;
 }
 
@@ -184,7 +237,7 @@ Adesk::Boolean PictureDraw::Geometry::circularArc(const AcGePoint3d& center, dou
   forEachArcPiece(sweepAngle, [&](AcGePoint3d first, AcGePoint3d second, AcGePoint3d to) {
     path_.curveTo(spot(first), spot(second), spot(to));
   });
-  if (finite && isOnPage(path_.bounds())) canvas_.stroke(path_, owner_.traits_->ink());
+  if (finite && isOnPage(path_.bounds())) stroke();
   return true;
 }
 
@@ -195,18 +248,6 @@ Adesk::Boolean PictureDraw::Geometry::text(const AcGePoint3d& position, const Ac
   const TextAxes axes = textAxes(position, normal, direction, height, width, oblique, toWorld());
   if (!isFinite(axes.origin) || !isFinite(axes.along.asPoint()) || !isFinite(axes.up.asPoint()))
     return true;
-  const std::vector<arx::TextCharacter> characters = arx::textCharacters(message);
-  std::vector<PlacedGlyph> glyphs;
-  std::wstring shown;
-  LineRoom room;
-  for (const arx::TextCharacter& c : characters)
-    room = room | glyphs_.roomFor(c.character, c.advance);
-  double x = 0;
-  for (const arx::TextCharacter& c : characters) {
-    glyphs.push_back({&glyphs_.of(c.character, c.advance, room), x});
-    shown += c.character;
-    x += c.advance * kGlyphUnits;
-  }
   const Spot origin = page_.toPixel(axes.origin);
   const double unit = page_.scale / kGlyphUnits;
   const Affine box{axes.along.x * unit,
@@ -215,20 +256,78 @@ Adesk::Boolean PictureDraw::Geometry::text(const AcGePoint3d& position, const Ac
                    -axes.up.y * unit,
                    origin.x,
                    origin.y};
+  const double x = arx::lineAdvance(message) * kGlyphUnits;
   Bounds bounds;
   for (const Spot corner : {Spot{0, 0}, Spot{x, 0}, Spot{0, kGlyphUnits}, Spot{x, kGlyphUnits}})
     bounds.add(box(corner));
   if (!isOnPage(bounds)) return true;
-  canvas_.glyphs(shown, glyphs, box, owner_.traits_->ink());
-  textStrokes(characters, box);
+  if (isTiny(box) && !takeSmallPrint(message)) {
+    tinyText(box({0, 0}), box({x, 0}));
+  } else {
+    drawLine(partOnPage(message, box), box);
+  }
   return true;
 }
 
-/// Lines under, over and through the text, on the edges and in the middle of its box.
-void PictureDraw::Geometry::textStrokes(const std::vector<arx::TextCharacter>& characters,
-                                        const Affine& matrix) const {
+bool PictureDraw::Geometry::takeSmallPrint(std::wstring_view message) const {
+  if (message.size() > smallPrintLeft_) return false;
+  smallPrintLeft_ -= message.size();
+  return true;
+}
+
+/// A stroke, unless the text lies where the last one did.
+void PictureDraw::Geometry::tinyText(Spot from, Spot to) const {
+  const Rgb ink = owner_.traits_->ink();
+  if (lastTiny_ && lastTiny_->ink == ink && lastTiny_->covers(from) && lastTiny_->covers(to))
+    return;
+  lastTiny_ = TinyText{from, to, ink};
+  path_.clear();
+  path_.moveTo(from);
+  path_.lineTo(to);
+  stroke();
+}
+
+/// All of a line, unless it is so long that much of it may lie outside.
+LinePart PictureDraw::Geometry::partOnPage(std::wstring_view message, const Affine& matrix) const {
+  constexpr std::size_t kLong = 1000;
+  Bounds page;
+  if (message.size() > kLong)
+    for (const Spot corner : {Spot{0, 0}, Spot{1.0 * page_.width, 0}, Spot{0, 1.0 * page_.height},
+                              Spot{1.0 * page_.width, 1.0 * page_.height}})
+      page.add(matrix.inverse()(corner));
+  LinePart part;
   double x = 0;
-  for (const arx::TextCharacter& c : characters) {
+  arx::TextCharacters characters(message);
+  for (arx::TextCharacter c; characters.next(c); x += c.advance * kGlyphUnits) {
+    const bool outside = x > page.right || x + c.advance * kGlyphUnits < page.left;
+    if (!page.isEmpty() && outside) continue;
+    if (part.characters.empty()) part.x = x;
+    part.characters.push_back(c);
+  }
+  return part;
+}
+
+void PictureDraw::Geometry::drawLine(const LinePart& line, const Affine& matrix) const {
+  std::vector<PlacedGlyph> glyphs;
+  std::wstring shown;
+  LineRoom room;
+  for (const arx::TextCharacter& c : line.characters)
+    room = room | glyphs_.roomFor(c.character, c.advance);
+  double x = line.x;
+  for (const arx::TextCharacter& c : line.characters) {
+    glyphs.push_back({&glyphs_.of(c.character, c.advance, room), x});
+    hasInk_ = hasInk_ || !glyphs.back().glyph->outline.isEmpty();
+    shown += c.character;
+    x += c.advance * kGlyphUnits;
+  }
+  canvas_.glyphs(shown, glyphs, matrix, owner_.traits_->ink());
+  textStrokes(line, matrix);
+}
+
+/// Lines under, over and through the text, on the edges and in the middle of its box.
+void PictureDraw::Geometry::textStrokes(const LinePart& line, const Affine& matrix) const {
+  double x = line.x;
+  for (const arx::TextCharacter& c : line.characters) {
     const double end = x + c.advance * kGlyphUnits;
     const std::pair<bool, double> strokes[] = {
         {c.under, 0}, {c.over, kGlyphUnits}, {c.through, kGlyphUnits / 2}};
@@ -237,7 +336,7 @@ void PictureDraw::Geometry::textStrokes(const std::vector<arx::TextCharacter>& c
       path_.clear();
       path_.moveTo(matrix({x, y}));
       path_.lineTo(matrix({end, y}));
-      canvas_.stroke(path_, owner_.traits_->ink());
+      stroke();
     }
     x = end;
   }
@@ -257,42 +356,8 @@ AcGiSubEntityTraits& PictureDraw::subEntityTraits() const {
   return *traits_;
 }
 
-class ExtentsDraw::Geometry : public arx::TransformedGeometry {
- public:
-  explicit Geometry(ExtentsDraw& owner) : owner_(owner) {}
-
-  Adesk::Boolean draw(AcGiDrawable* drawable) const override {
-    return drawable != nullptr && drawable->worldDraw(&owner_);
-  }
-  Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points) const override {
-    for (Adesk::UInt32 i = 0; i < count; ++i) add(AcGePoint3d(points[i]).transformBy(toWorld()));
-    return true;
-  }
-  Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
-                      const AcGeVector3d& direction, double height, double width, double oblique,
-                      const ACHAR* message) const override {
-    const TextAxes axes = textAxes(position, normal, direction, height, width, oblique, toWorld());
-    const AcGeVector3d length = axes.along * arx::lineAdvance(message);
-    for (const AcGePoint3d& corner :
-         {axes.origin, axes.origin + length, axes.origin + axes.up, axes.origin + length + axes.up})
-      add(corner);
-    return true;
-  }
-
- private:
-  void add(const AcGePoint3d& point) const {
-    if (isFinite(point)) owner_.extents_.addPoint(point);
-  }
-
-  ExtentsDraw& owner_;
-};
-
-ExtentsDraw::ExtentsDraw() : geometry_(std::make_unique<Geometry>(*this)) {}
-
-ExtentsDraw::~ExtentsDraw() = default;
-
-AcGiGeometry& ExtentsDraw::geometry() const {
-  return *geometry_;
+bool PictureDraw::hasInk() const {
+  return geometry_->hasInk();
 }
 
 }  // namespace kovra::host

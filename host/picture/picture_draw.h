@@ -4,13 +4,13 @@
 
 #include "host/picture/canvas.h"
 #include "host/program/options.h"
-#include "platform/arx/geometry/extents.h"
 #include "platform/arx/geometry/gi.h"
 
 namespace kovra::host {
 
 Rgb groundColor(Ground ground);
-/// The color on that ground: what is white by its index is black on white.
+/// The color on that ground. What is white by its index, and what could hardly be told from the
+/// ground, is black on white and white on dark.
 Rgb inkColor(const AcCmEntityColor& color, Ground ground);
 
 /// Which part of the world a picture shows, seen from above; y up in the world, down in the
@@ -38,27 +38,14 @@ class PictureDraw : public AcGiWorldDraw {
   ~PictureDraw() override;
   AcGiGeometry& geometry() const override;
   AcGiSubEntityTraits& subEntityTraits() const override;
+  /// Whether anything was drawn on the page.
+  bool hasInk() const;
 
  private:
   class Geometry;
   class Traits;
 
   std::unique_ptr<Traits> traits_;
-  std::unique_ptr<Geometry> geometry_;
-};
-
-/// Finds the box around what AcGi operations draw.
-class ExtentsDraw : public AcGiWorldDraw {
- public:
-  ExtentsDraw();
-  ~ExtentsDraw() override;
-  AcGiGeometry& geometry() const override;
-  const AcDbExtents& extents() const { return extents_; }
-
- private:
-  class Geometry;
-
-  AcDbExtents extents_;
   std::unique_ptr<Geometry> geometry_;
 };
 

@@ -5,7 +5,7 @@
 namespace kovra::host {
 
 // The functions of PictureLibrary.
-Result<arx::KindCounts> plotPicture(const PlotOptions& options, PictureForm form);
+Result<PictureGaps> plotPicture(const PlotOptions& options, PictureForm form);
 Result<void> pictureScreen(const std::filesystem::path& file, PictureForm form);
 Result<void> pictureDialog(const std::filesystem::path& file, PictureForm form);
 

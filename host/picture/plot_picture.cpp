@@ -1,6 +1,7 @@
 #include "host/picture/picture_draw.h"
 #include "host/picture/pictures.h"
 #include "platform/arx/database/database.h"
+#include "platform/arx/drawing/drawing_walk.h"
 #include "platform/dxf/structure.h"
 
 namespace kovra::host {
@@ -19,16 +20,14 @@ dxf::BlockNumber spaceToPlot(const dxf::Structure& structure) {
 }
 
 Page wholePage(const AcDbDatabase& database, dxf::BlockNumber space, int size) {
-  ExtentsDraw measure;
-  arx::plotSpace(database, space, measure);
-  const AcDbExtents& extents = measure.extents();
+  const AcDbExtents extents = arx::drawnExtents(database, space, arx::Showing::kPaper);
   if (!extents.isValid()) return pageFor({}, kEmptyCorner, size, 0);
   return pageFor(extents.minPoint(), extents.maxPoint(), size, kMargin);
 }
 
 }  // namespace
 
-Result<arx::KindCounts> plotPicture(const PlotOptions& options, PictureForm form) {
+Result<PictureGaps> plotPicture(const PlotOptions& options, PictureForm form) {
   AcDbDatabase database(false);
   if (const Result<void> opened = database.open(options.drawing.string()); !opened)
     return opened.error();
@@ -39,10 +38,12 @@ Result<arx::KindCounts> plotPicture(const PlotOptions& options, PictureForm form
   const auto canvas = makeCanvas(form, page.width, page.height, groundColor(options.ground));
   Glyphs glyphs;
   PictureDraw draw(*canvas, glyphs, page, options.ground);
-  arx::KindCounts missing = arx::plotSpace(database, space, draw);
+  PictureGaps gaps;
+  gaps.plot = arx::plotSpace(database, space, draw);
+  gaps.empty = !draw.hasInk();
   if (const Result<void> written = writePicture(options.output, *canvas); !written)
     return written.error();
-  return missing;
+  return gaps;
 }
 
 }  // namespace kovra::host

@@ -7,6 +7,7 @@
 #include "platform/arx/editor/documents/documents.h"
 #include "platform/arx/editor/documents/view.h"
 #include "platform/arx/editor/picks/jig.h"
+#include "platform/win/base/interaction.h"
 #include "platform/win/desktop/desktop.h"
 #include "platform/win/windows/window.h"
 
@@ -33,7 +34,12 @@ void drawDrawing(Canvas& canvas, Glyphs& glyphs, AcApDocument& document, const B
   page.low = {left - place.left * unit, bottom, 0};
   PictureDraw draw(canvas, glyphs, page, Ground::kDark);
   canvas.beginClip(place);
-  arx::plotSpace(*document.database(), arx::currentSpace(*document.database()), draw);
+  const arx::PlotGaps gaps =
+      arx::plotSpace(*document.database(), arx::currentSpace(*document.database()), draw);
+  if (!gaps.inPart.empty()) {
+    win::interaction().freshLine();
+    win::interaction().print("Drawn in part: " + gaps.inPart + '\n');
+  }
   if (const AcEdJig* jig = arx::activeJig(); jig != nullptr && jig->entity() != nullptr)
     jig->entity()->worldDraw(&draw);
   canvas.endClip();

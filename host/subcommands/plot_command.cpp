@@ -9,21 +9,23 @@
 namespace kovra::host {
 namespace {
 
-void reportMissing(const arx::KindCounts& missing) {
+void report(const PictureGaps& gaps) {
   const char* separator = "not drawn: ";
-  for (const auto& [kind, count] : missing) {
+  for (const auto& [kind, count] : gaps.plot.missing) {
     std::cout << separator << count << ' ' << kind;
     separator = ", ";
   }
-  if (!missing.empty()) std::cout << '\n';
+  if (!gaps.plot.missing.empty()) std::cout << '\n';
+  if (!gaps.plot.inPart.empty()) std::cout << "drawn in part: " << gaps.plot.inPart << '\n';
+  if (gaps.empty) std::cout << "the picture is empty: nothing that shows lies on it\n";
 }
 
 Result<void> plot(const PlotOptions& options, PictureForm form) {
   const Result<PictureLibrary> library = loadPictureLibrary();
   if (!library) return library.error();
-  const Result<arx::KindCounts> missing = library.value().plot(options, form);
-  if (!missing) return missing.error();
-  reportMissing(missing.value());
+  const Result<PictureGaps> gaps = library.value().plot(options, form);
+  if (!gaps) return gaps.error();
+  report(gaps.value());
   return {};
 }
 

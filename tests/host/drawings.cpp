@@ -194,4 +194,19 @@ std::string textDrawing() {
   return drawing.insert(end, text("60", "10.0", "X001") + text("61", "20.0", "A-9"));
 }
 
+std::string drawing(const std::string& entities, const std::string& blocks,
+                    const std::string& tables) {
+  return "0\nSECTION\n2\nTABLES\n" + tables + "0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" + blocks +
+         "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+}
+
+std::string lineAt(double y, const std::string& groups) {
+  const std::string height = std::to_string(y);
+  return "0\nLINE\n10\n0\n20\n" + height + "\n11\n10\n21\n" + height + "\n" + groups;
+}
+
+std::string blockOf(const std::string& name, const std::string& entities) {
+  return "0\nBLOCK\n8\n0\n2\n" + name + "\n70\n0\n10\n0\n20\n0\n" + entities + "0\nENDBLK\n8\n0\n";
+}
+
 }  // namespace kovra::test

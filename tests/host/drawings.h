@@ -34,4 +34,11 @@ std::string motorDrawing(const DrawingForm& form = {});
 /// A reference without attributes, and texts X001 (handle 60) at 10,10 and A-9 (61) at 10,20.
 std::string textDrawing();
 
+/// An R12 drawing of these sections' records; `tables` and `blocks` may be empty.
+std::string drawing(const std::string& entities, const std::string& blocks = {},
+                    const std::string& tables = {});
+/// A line of 10 units from x 0, and a block at the origin, for such a drawing.
+std::string lineAt(double y, const std::string& groups);
+std::string blockOf(const std::string& name, const std::string& entities);
+
 }  // namespace kovra::test

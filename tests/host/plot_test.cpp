@@ -96,18 +96,6 @@ class Svg {
   std::map<std::string, Box> outlines_;
 };
 
-/// An R12 drawing; `tables` and `blocks` may be empty.
-std::string drawing(const std::string& entities, const std::string& blocks = {},
-                    const std::string& tables = {}) {
-  return "0\nSECTION\n2\nTABLES\n" + tables + "0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" + blocks +
-         "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
-}
-
-std::string lineAt(double y, const std::string& groups) {
-  const std::string height = std::to_string(y);
-  return "0\nLINE\n10\n0\n20\n" + height + "\n11\n10\n21\n" + height + "\n" + groups;
-}
-
 class PlotTest : public ProgramTest {
  protected:
   /// Plots 100 by 100 units on 1000 by 1000 pixels.
@@ -162,10 +150,11 @@ TEST_F(PlotTest, ColorsComeFromEntityBlockAndLayer) {
            std::to_string(color) + "\n6\nCONTINUOUS\n";
   };
   const std::string tables = "0\nTABLE\n2\nLAYER\n70\n5\n" + layer("0", 7, 0) + layer("RED", 1, 0) +
-                             layer("OFF", -3, 0) + layer("FROZEN", 3, 1) + "0\nENDTAB\n";
-  const std::string blocks = "0\nBLOCK\n8\n0\n2\nSYM\n70\n0\n10\n0\n20\n0\n" + lineAt(0, "8\n0\n") +
-                             lineAt(1, "8\n0\n62\n0\n") + lineAt(2, "8\nRED\n62\n3\n") +
-                             lineAt(3, "8\nRED\n") + lineAt(4, "8\nOFF\n") + "0\nENDBLK\n8\n0\n";
+                             layer("OFF", -3, 0) + layer("FROZEN", 3, 1) +
+                             layer("TRUEWHITE", 3, 0) + "420\n16777215\n0\nENDTAB\n";
+  const std::string blocks = blockOf("SYM", lineAt(0, "8\n0\n") + lineAt(1, "8\n0\n62\n0\n") +
+                                                lineAt(2, "8\nRED\n62\n3\n") +
+                                                lineAt(3, "8\nRED\n") + lineAt(4, "8\nOFF\n"));
   const std::string insert =
       "0\nINSERT\n66\n1\n8\nRED\n62\n5\n2\nSYM\n10\n0\n20\n50\n"
       "0\nATTRIB\n8\n0\n62\n0\n10\n0\n20\n60\n40\n2\n1\nSHOWN\n2\nA\n70\n0\n"
@@ -173,13 +162,15 @@ TEST_F(PlotTest, ColorsComeFromEntityBlockAndLayer) {
   const std::string bytes =
       drawing(insert + lineAt(10, "8\n0\n") + lineAt(11, "8\nOFF\n") + lineAt(12, "8\nFROZEN\n") +
                   lineAt(13, "8\n0\n60\n1\n") + lineAt(14, "8\n0\n62\n30\n") +
-                  lineAt(15, "8\n0\n420\n1193046\n"),
+                  lineAt(15, "8\n0\n420\n1193046\n") + lineAt(16, "8\nTRUEWHITE\n") +
+                  lineAt(17, "8\n0\n420\n16777215\n") + lineAt(18, "8\n0\n420\n1315860\n") +
+                  lineAt(19, "8\n0\n62\n2\n"),
               blocks, tables);
   const Svg white = plot(bytes);
-  const std::map<double, std::string> expected = {{50, "#ff0000"}, {51, "#0000ff"}, {52, "#00ff00"},
-                                                  {53, "#ff0000"}, {54, "none"},    {10, "#000000"},
-                                                  {11, "none"},    {12, "none"},    {13, "none"},
-                                                  {14, "#ff7f00"}, {15, "#123456"}};
+  const std::map<double, std::string> expected = {
+      {50, "#ff0000"}, {51, "#0000ff"}, {52, "#00ff00"}, {53, "#ff0000"}, {54, "none"},
+      {10, "#000000"}, {11, "none"},    {12, "none"},    {13, "none"},    {14, "#ff7f00"},
+      {15, "#123456"}, {16, "#000000"}, {17, "#000000"}, {18, "#141414"}, {19, "#ffff00"}};
   for (const auto& [y, color] : expected) {
     const std::string row = std::to_string(static_cast<int>(1000 - 10 * y));
     EXPECT_EQ(white.strokeColor("M0 " + row + "L100 " + row), color) << y;
@@ -187,7 +178,10 @@ TEST_F(PlotTest, ColorsComeFromEntityBlockAndLayer) {
   ASSERT_EQ(white.texts().size(), 1U);
   EXPECT_EQ(white.texts()[0].label, "SHOWN");
   EXPECT_EQ(white.texts()[0].color, "#0000ff");
-  EXPECT_EQ(plot(bytes, {"--ground", "dark"}).strokeColor("M0 900L100 900"), "#ffffff");
+  const Svg dark = plot(bytes, {"--ground", "dark"});
+  for (const auto& [row, color] :
+       {std::pair{"900", "#ffffff"}, {"830", "#ffffff"}, {"820", "#ffffff"}, {"850", "#123456"}})
+    EXPECT_EQ(dark.strokeColor(std::string("M0 ") + row + "L100 " + row), color) << row;
 }
 
 TEST_F(PlotTest, CurvesArraysAndFacesStandWhereTheyBelong) {
@@ -264,11 +258,67 @@ TEST_F(PlotTest, LinesOfAMultiLineTextStandByTheirAttachment) {
   EXPECT_NEAR(texts[1].ink.right, 500, 8);
 }
 
+// An embedded object's groups: type, count, heights of all columns and of single ones.
+TEST_F(PlotTest, ColumnsOfAMultiLineTextStandBesideEachOther) {
+  const struct {
+    const char* name;
+    const char* groups;
+    const char* text;
+    std::vector<std::pair<double, double>> places;  ///< left end and base line of each line
+  } cases[] = {
+      {"static, the last one takes what is left",
+       "71\n1\n72\n2\n41\n10\n",
+       "aaa bbb ccc ddd eee",
+       {{0, 0}, {0, 5}, {30, 0}, {30, 5}, {30, 10}}},
+      {"dynamic, as many as the text fills",
+       "71\n2\n72\n0\n41\n10\n",
+       "aaa bbb ccc ddd eee",
+       {{0, 0}, {0, 5}, {30, 0}, {30, 5}, {60, 0}}},
+      {"with heights of their own, right to left",
+       "71\n2\n72\n3\n41\n0\n74\n1\n46\n4\n46\n9\n46\n0\n",
+       "aaa bbb ccc ddd eee",
+       {{60, 0}, {30, 0}, {30, 5}, {0, 0}, {0, 5}}},
+      {"a code ends a column", "71\n2\n72\n0\n41\n90\n", "aaa\\Nbbb", {{0, 0}, {30, 0}}},
+      {"no columns", "71\n0\n", "aaa bbb", {{0, 0}}},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.name);
+    const std::vector<Svg::Text> texts =
+        plot(drawing(std::string("0\nMTEXT\n8\n0\n10\n0\n20\n100\n40\n3\n41\n50\n71\n1\n1\n") +
+                     one.text + "\n101\nEmbedded Object\n70\n1\n44\n10\n45\n20\n" + one.groups))
+            .texts();
+    ASSERT_EQ(texts.size(), one.places.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      EXPECT_NEAR(texts[i].ink.left, 10 * one.places[i].first, 10) << i;
+      EXPECT_NEAR(texts[i].ink.bottom, 10 * (3 + one.places[i].second), 10) << i;
+    }
+  }
+}
+
+TEST_F(PlotTest, ALongTextIsDrawnAsFarAsAPictureCanShowIt) {
+  std::string text;
+  for (int i = 0; i < 200000; ++i) text += "abcdefgh" + std::to_string(i % 10) + " ";
+  write("a.dxf", drawing("0\nTEXT\n8\n0\n10\n0\n20\n0\n40\n8\n1\n" + text + "\n"));
+  const auto sizeOf = [&](const std::string& window) {
+    EXPECT_EQ(run({"plot", "a.dxf", "-o", "a.svg", window}).status, 0);
+    return read("a.svg").size();
+  };
+  EXPECT_LT(sizeOf("--size=1600"), 1000U);  // one stroke
+  EXPECT_LT(sizeOf("--window=5000000,0,5000100,50"), 20000U);
+  const std::vector<Svg::Text> texts = Svg(read("a.svg")).texts();
+  ASSERT_EQ(texts.size(), 1U);
+  // 5 units a character, the window's first one is the millionth.
+  EXPECT_EQ(texts[0].label.substr(1, 20), "abcdefgh0 abcdefgh1 ");
+  EXPECT_NEAR(texts[0].ink.left, 0, 100);
+}
+
 TEST_F(PlotTest, SaysWhatItDidNotDrawAndWhatIsWrong) {
   const std::string bytes =
       drawing(lineAt(0, "8\n0\n") + "0\nHATCH\n8\n0\n0\nHATCH\n8\n0\n0\nRAY\n8\n0\n");
   plot(bytes);
   EXPECT_EQ(said_, "not drawn: 2 HATCH, 1 RAY\n");
+  const ProgramRun beside = run({"plot", "a.dxf", "-o", "b.svg", "--window", "50,50,60,60"});
+  EXPECT_NE(beside.out.find("\nthe picture is empty"), std::string::npos) << beside.out;
   EXPECT_EQ(run({"plot", "a.dxf", "-o", "b.png", "--size", "64"}).status, 0);
   // The width stands behind the file's mark and the head of its first part.
   EXPECT_EQ(read("b.png").substr(1, 3), "PNG");

@@ -47,6 +47,12 @@ void limitFiles(std::size_t bytes) {
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
+void limitProcessor(unsigned seconds) {
+  if (seconds == 0) return;
+  const rlimit limit{seconds, seconds};
+  setrlimit(RLIMIT_CPU, &limit);
+}
+
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
@@ -83,6 +89,7 @@ pid_t ProgramTest::start(const std::vector<std::string>& arguments, const std::s
   variables.insert(variables.end(), environment.begin(), environment.end());
   const pid_t child = fork();
   if (child == 0) limitFiles(fileSizeLimit_);
+  if (child == 0) limitProcessor(timeLimit_);
   if (child == 0) becomeProgram(all, variables, folder_);
   return child;
 }

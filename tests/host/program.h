@@ -39,11 +39,14 @@ class ProgramTest : public ::testing::Test {
   std::vector<std::string> files() const;
   /// From now on the program can't write files beyond this size, as on a full disk.
   void limitFileSize(std::size_t bytes) { fileSizeLimit_ = bytes; }
+  /// From now on a run that takes more processor time is ended, and so fails.
+  void limitTime(unsigned seconds) { timeLimit_ = seconds; }
   bool exists(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
  private:
   std::filesystem::path folder_;
   std::size_t fileSizeLimit_ = 0;  // 0: none
+  unsigned timeLimit_ = 0;
 };
 
 /// The lines that differ, as "-old" and "+new", in order; for texts with the same number of lines

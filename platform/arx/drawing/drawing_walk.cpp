@@ -1,219 +1,188 @@
 #include "platform/arx/drawing/drawing_walk.h"
 
 #include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
 #include <cmath>
-#include <numbers>
+#include <limits>
+#include <map>
 
 #include "platform/arx/database/database.h"
-#include "platform/arx/database/record_edit.h"
-#include "platform/arx/entities/record_geometry.h"
-#include "platform/arx/geometry/ocs.h"
 #include "platform/dxf/record_store.h"
-#include "platform/win/base/wide_text.h"
 
 namespace kovra::arx {
 namespace {
 
-using dxf::RecordKind;
-/// Blocks nest a few levels deep; a drawing that nests deeper is malformed.
-constexpr size_t kDeepestNesting = 32;
-/// A rectangular array of one reference that is larger is cut off.
-constexpr std::int64_t kLargestArray = 10000;
-/// Blocks of blocks of blocks may multiply beyond all measure; what one entity draws is cut off.
-constexpr std::size_t kMostLeaves = 1000000;
-constexpr int kWhite = 7;
-constexpr Property kLayerName{kEntityPart, 8};
-constexpr Property kInvisible{kEntityPart, 60};
+/// Blocks nest a few levels deep; what lies deeper is left out.
+constexpr std::size_t kDeepestNesting = 200;
+/// What a walk may cost, measured as recordWork() does: so many bytes in any drawing, and so many
+/// for each byte of a larger one. Drawings that people make stay far below.
+constexpr double kFreeWork = 64e6;
+constexpr double kWorkPerByte = 50;
 
-double real(const dxf::RecordDraft& draft, int code, double absent) {
-  return readReal(draft, {kReferencePart, code}, absent);
+/// Collects the work of the references of a space.
+class Planner : public PartTaker {
+ public:
+  explicit Planner(DrawnBlocks& blocks) : blocks_(blocks) {}
+
+  bool leaf(dxf::RecordIndex, const dxf::RecordDraft&, const Look&) override { return true; }
+  bool block(const BlockUse& use) override {
+    works.push_back(useWork(use, blocks_.of(use)));
+    return false;  // its attributes don't matter
+  }
+  bool attribute(dxf::RecordIndex, dxf::RecordIndex, const dxf::RecordDraft&,
+                 const Look&) override {
+    return false;
+  }
+
+  std::vector<double> works;
+
+ private:
+  DrawnBlocks& blocks_;
+};
+
+double fileSize(const dxf::RecordStore& store) {
+  double size = 0;
+  std::string scratch;
+  for (dxf::RecordIndex r = store.first(); r != dxf::kNoRecord; r = store.next(r))
+    size += static_cast<double>(store.bytes(r, scratch).size());
+  return size;
 }
 
-/// From the block's coordinates to those of the reference's space, without its base point.
-AcGeMatrix3d referenceMatrix(const dxf::RecordDraft& draft) {
-  const AcGePoint3d at = readPoint(draft, {kReferencePart, 10}).value_or(AcGePoint3d());
-  const double angle = real(draft, 50, 0) * std::numbers::pi / 180;
-  AcGeMatrix3d matrix;
-  const AcGeVector3d x(std::cos(angle), std::sin(angle), 0);
-  const AcGeVector3d y(-x.y, x.x, 0);
-  matrix.setCoordSystem(at, x * real(draft, 41, 1), y * real(draft, 42, 1),
-                        AcGeVector3d(0, 0, real(draft, 43, 1)));
-  return ocsToWcs(entityNormal(draft)) * matrix;
+std::string hexadecimal(std::uint64_t handle) {
+  std::array<char, 16> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), handle, 16);
+  std::string text(digits.data(), end.ptr);
+  for (char& digit : text) digit = static_cast<char>(std::toupper(digit));
+  return text;
 }
 
-/// From the block that draws a dimension, and perhaps others too, to this one's space.
-AcGeMatrix3d dimensionMatrix(const dxf::RecordDraft& draft) {
-  AcGeMatrix3d matrix;
-  if (const auto offset = readPoint(draft, {"AcDbDimension", 12}))
-    matrix.setToTranslation(ocsToWcs(*offset, entityNormal(draft)).asVector());
-  return matrix;
-}
-
-/// The copies of a reference that is an array, as displacements in the block's turned axes.
-std::vector<AcGeVector3d> arrayPlaces(const dxf::RecordDraft& draft) {
-  const auto count = [&](int code) {
-    return std::clamp<std::int64_t>(readInteger(draft, {kReferencePart, code}, 1), 1,
-                                    kLargestArray);
-  };
-  const std::int64_t columns = count(70);
-  const std::int64_t rows = std::min(count(71), std::max<std::int64_t>(1, kLargestArray / columns));
-  const double angle = real(draft, 50, 0) * std::numbers::pi / 180;
-  const AcGeVector3d x = AcGeVector3d(std::cos(angle), std::sin(angle), 0) * real(draft, 44, 0);
-  const AcGeVector3d y = AcGeVector3d(-std::sin(angle), std::cos(angle), 0) * real(draft, 45, 0);
-  std::vector<AcGeVector3d> places;
-  for (std::int64_t row = 0; row < rows; ++row)
-    for (std::int64_t column = 0; column < columns; ++column)
-      places.push_back(x * static_cast<double>(column) + y * static_cast<double>(row));
-  return places;
+/// Beyond this a view or a picture would have no digits left for anything else.
+bool isNear(const AcGePoint3d& p) {
+  constexpr double kFarthest = 1e15;
+  return std::fabs(p.x) < kFarthest && std::fabs(p.y) < kFarthest;
 }
 
 }  // namespace
 
-AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subclass) {
-  constexpr std::int64_t kByLayer = 256;
-  if (const std::int64_t rgb = readInteger(draft, {subclass, 420}, -1); rgb >= 0)
-    return {static_cast<Adesk::UInt8>(rgb >> 16), static_cast<Adesk::UInt8>(rgb >> 8),
-            static_cast<Adesk::UInt8>(rgb)};
-  AcCmEntityColor color;
-  const std::int64_t index = readInteger(draft, {subclass, 62}, kByLayer);
-  color.setColorIndex(static_cast<int>(std::clamp<std::int64_t>(std::abs(index), 0, kByLayer)));
-  return color;
-}
+DrawingWalk::DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing)
+    : database_(database),
+      space_(space),
+      parts_(database, showing),
+      blocks_(database, parts_),
+      reader_(database),
+      share_(fairShare()) {}
 
-DrawingWalk::DrawingWalk(const AcDbDatabase& database, bool hiddenToo)
-    : database_(database), hiddenToo_(hiddenToo), reader_(database) {
-  readLayers();
-}
-
-void DrawingWalk::readLayers() {
+/// No limit if all references together cost little enough. Else those that stay below the average
+/// are done as a whole, and the others get equal parts.
+double DrawingWalk::fairShare() {
+  Planner planner(blocks_);
   const dxf::Structure& structure = database_.structure();
-  dxf::RecordDraft draft;
-  for (dxf::RecordIndex entry = structure.firstEntry(dxf::TableKind::kLayer);
-       entry != dxf::kNoRecord; entry = structure.nextEntry(entry)) {
-    database_.store().load(entry, draft);
-    Layer layer;
-    layer.frozen = (readInteger(draft, {kLayerPart, 70}, 0) & 1) != 0;
-    layer.off = readInteger(draft, {kLayerPart, 62}, 7) < 0;
-    layer.color = recordColor(draft, kLayerPart);
-    layers_.try_emplace(win::upperCase(structure.entryName(entry)), layer);
+  for (dxf::RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
+       r = structure.nextEntity(space_, r)) {
+    const dxf::RecordKind kind = database_.store().kind(r);
+    if (kind == dxf::RecordKind::kInsert || kind == dxf::RecordKind::kDimension)
+      parts_.ofEntity(r, spaceLook(), false, planner);
   }
+  double sum = 0;
+  for (const double work : planner.works) sum += work;
+  double most = kFreeWork;
+  if (sum > most) most = std::max(most, kWorkPerByte * fileSize(database_.store()));
+  if (sum <= most) return std::numeric_limits<double>::infinity();
+  const double average = most / static_cast<double>(planner.works.size());
+  const auto large = std::ranges::count_if(planner.works, [&](double w) { return w > average; });
+  return most / static_cast<double>(large);
 }
 
-const DrawingWalk::Layer& DrawingWalk::layerOf(std::string_view nameBytes,
-                                               const Layer& around) const {
-  if (nameBytes == "0" && !containers_.empty()) return around;
-  const std::string key(nameBytes);
-  const auto known = byBytes_.find(key);
-  if (known != byBytes_.end()) return known->second;
-  const auto found = layers_.find(win::upperCase(database_.store().codec().decode(nameBytes)));
-  return byBytes_[key] = found != layers_.end() ? found->second : Layer{};
-}
-
-DrawingWalk::Look DrawingWalk::lookOf(const dxf::RecordDraft& draft, const Look& around) const {
-  Look look{layerOf(readBytes(draft, kLayerName), around.layer), recordColor(draft, kEntityPart)};
-  if (look.color.isByBlock()) look.color = around.color;
-  if (look.color.isByLayer()) look.color = look.layer.color;
-  return look;
-}
-
-bool DrawingWalk::isFrozen(dxf::RecordIndex record) {
-  dxf::RecordDraft draft;
-  database_.store().load(record, draft);
+bool DrawingWalk::entity(dxf::RecordIndex record, const Visitor& visit, const Approach& approach) {
+  visit_ = &visit;
+  approach_ = approach ? &approach : nullptr;
+  workLeft_ = share_;
+  whole_ = true;
+  toWorld_.setToIdentity();
   containers_.clear();
-  return layerOf(readBytes(draft, kLayerName), {}).frozen;
+  within_.clear();
+  parts_.ofEntity(record, spaceLook(), false, *this);
+  if (!whole_) unfinished_.push_back(record);
+  return whole_;
 }
 
-void DrawingWalk::entity(dxf::RecordIndex record, const Visitor& visit) {
-  containers_.clear();
-  blocks_.clear();
-  leavesLeft_ = kMostLeaves;
-  Look white;
-  white.color.setColorIndex(kWhite);
-  walk(record, AcGeMatrix3d(), white, visit);
-}
-
-bool DrawingWalk::walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Look& around,
-                       const Visitor& visit) {
-  dxf::RecordDraft draft;
-  database_.store().load(record, draft);
-  const Look look = lookOf(draft, around);
-  if (!hiddenToo_ && (look.layer.frozen || readInteger(draft, kInvisible, 0) != 0)) return true;
-  if (draft.kind() == RecordKind::kInsert)
-    return walkReference(record, draft, toWorld, look, visit);
-  if (look.layer.off && !hiddenToo_) return true;
-  if (draft.kind() == RecordKind::kDimension) {
-    const dxf::BlockNumber block = blockNamed(draft, "AcDbDimension");
-    if (block == dxf::kNoBlock) return leaf(record, draft, toWorld, look, visit);
-    if (containers_.size() >= kDeepestNesting) return true;
-    containers_.push_back(record);
-    const bool goOn = walkBlock(block, toWorld * dimensionMatrix(draft), look, visit);
-    containers_.pop_back();
-    return goOn;
-  }
-  return leaf(record, draft, toWorld, look, visit);
-}
-
-bool DrawingWalk::walkReference(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                                const AcGeMatrix3d& toWorld, const Look& look,
-                                const Visitor& visit) {
-  const dxf::BlockNumber block = blockNamed(draft, kReferencePart);
-  if (containers_.size() >= kDeepestNesting) return true;
-  containers_.push_back(record);
-  const AcGeMatrix3d own = referenceMatrix(draft);
-  bool goOn = true;
-  for (const AcGeVector3d& place : arrayPlaces(draft)) {
-    AcGeMatrix3d shift;
-    shift.setToTranslation(AcGeVector3d(place).transformBy(ocsToWcs(entityNormal(draft))));
-    goOn = goOn && walkBlock(block, toWorld * shift * own, look, visit);
-  }
+void DrawingWalk::all(const Visitor& visit, const Approach& approach) {
   const dxf::Structure& structure = database_.structure();
-  dxf::RecordDraft attribute;
-  for (dxf::RecordIndex r = structure.firstAttribute(record); goOn && r != dxf::kNoRecord;
-       r = structure.nextAttribute(r)) {
-    database_.store().load(r, attribute);
-    const Look its = lookOf(attribute, look);
-    const bool hidden = its.layer.off || its.layer.frozen ||
-                        readInteger(attribute, kInvisible, 0) != 0 ||
-                        (readInteger(attribute, {kAttributePart, 70}, 0) & 1) != 0;
-    if (hiddenToo_ || !hidden) goOn = leaf(r, attribute, toWorld, its, visit);
-  }
+  for (dxf::RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
+       r = structure.nextEntity(space_, r))
+    entity(r, visit, approach);
+}
+
+bool DrawingWalk::spend(double work) {
+  workLeft_ -= work;
+  whole_ = whole_ && workLeft_ >= 0;
+  return workLeft_ >= 0;
+}
+
+bool DrawingWalk::leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft, const Look& look) {
+  // What stands in the space itself costs what it costs once.
+  if (!containers_.empty() && !spend(recordWork(database_, record))) return false;
+  return (*visit_)({record, draft, toWorld_, containers_, look.color});
+}
+
+bool DrawingWalk::attribute(dxf::RecordIndex reference, dxf::RecordIndex record,
+                            const dxf::RecordDraft& draft, const Look& look) {
+  containers_.push_back(reference);
+  const bool goOn = (*visit_)({record, draft, toWorld_, containers_, look.color});
   containers_.pop_back();
   return goOn;
 }
 
-dxf::BlockNumber DrawingWalk::blockNamed(const dxf::RecordDraft& draft,
-                                         std::string_view subclass) const {
-  const std::string_view name = readBytes(draft, {subclass, 2});
-  return database_.structure().findBlock(database_.store().codec().decode(name));
-}
-
-bool DrawingWalk::walkBlock(dxf::BlockNumber block, const AcGeMatrix3d& toWorld, const Look& look,
-                            const Visitor& visit) {
-  const dxf::Structure& structure = database_.structure();
-  if (block == dxf::kNoBlock || structure.block(block).begin == dxf::kNoRecord) return true;
-  if (std::count(blocks_.begin(), blocks_.end(), block) > 0) return true;
-  dxf::RecordDraft begin;
-  database_.store().load(structure.block(block).begin, begin);
-  const AcGePoint3d base = readPoint(begin, {"AcDbBlockBegin", 10}).value_or(AcGePoint3d());
-  AcGeMatrix3d fromBase;
-  fromBase.setToTranslation(base.asVector() * -1);
-  const AcGeMatrix3d matrix = toWorld * fromBase;
-  blocks_.push_back(block);
-  bool goOn = true;
-  for (dxf::RecordIndex r = structure.firstEntity(block); goOn && r != dxf::kNoRecord;
-       r = structure.nextEntity(block, r)) {
-    // An attribute definition shows only where it stands by itself.
-    if (database_.store().kind(r) != RecordKind::kAttDef) goOn = walk(r, matrix, look, visit);
+bool DrawingWalk::block(const BlockUse& use) {
+  if (!containers_.empty() && !spend(recordWork(database_, use.record))) return false;
+  if (std::ranges::find(within_, use.block) != within_.end()) return true;
+  if (containers_.size() >= kDeepestNesting) {
+    whole_ = false;
+    return true;
   }
-  blocks_.pop_back();
+  const BlockWhole& whole = blocks_.of(use);
+  if (approach_ != nullptr && whole.known && !whole.box.isValid()) return true;
+  containers_.push_back(use.record);
+  within_.push_back(use.block);
+  const bool goOn = copies(use, whole, {0, use.columns, 0, use.rows});
+  within_.pop_back();
+  containers_.pop_back();
   return goOn;
 }
 
-bool DrawingWalk::leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                       const AcGeMatrix3d& toWorld, const Look& look, const Visitor& visit) {
-  if (leavesLeft_ == 0) return false;
-  --leavesLeft_;
-  return visit({record, draft, toWorld, containers_, look.color});
+bool DrawingWalk::copies(const BlockUse& use, const BlockWhole& whole, const CopyRange& range) {
+  if (!spend(kCopyWork / 2)) return false;
+  if (approach_ != nullptr && whole.known) {
+    const AcDbExtents box = boxIn(toWorld_, boxOf(use, range, whole.box));
+    const bool tight = whole.tight && keepsAxes(use.place) && keepsAxes(toWorld_);
+    const Way way = (*approach_)({box, tight});
+    if (way != Way::kInto) return way == Way::kPast;
+  }
+  if (range.rows == 1 && range.columns == 1)
+    return copy(use, use.placeOf(range.firstColumn, range.firstRow));
+  CopyRange first = range;
+  CopyRange second = range;
+  // Whole rows first, so that the copies come in drawing order.
+  if (range.rows > 1) {
+    first.rows = range.rows / 2;
+    second.rows = range.rows - first.rows;
+    second.firstRow += first.rows;
+  } else {
+    first.columns = range.columns / 2;
+    second.columns = range.columns - first.columns;
+    second.firstColumn += first.columns;
+  }
+  return copies(use, whole, first) && copies(use, whole, second);
+}
+
+bool DrawingWalk::copy(const BlockUse& use, const AcGeMatrix3d& place) {
+  const AcGeMatrix3d outer = toWorld_;
+  toWorld_ = outer * place;
+  const bool goOn = parts_.ofBlock(use.block, use.look, *this);
+  toWorld_ = outer;
+  return goOn;
 }
 
 const std::vector<DrawnShape>& DrawingWalk::shapes(const DrawnLeaf& leaf) {
@@ -223,14 +192,49 @@ const std::vector<DrawnShape>& DrawingWalk::shapes(const DrawnLeaf& leaf) {
   return shapes_;
 }
 
-AcDbExtents entityExtents(const AcDbDatabase& database, dxf::RecordIndex record) {
+std::string DrawingWalk::unfinished() const {
+  constexpr std::size_t kMostHandles = 5;
+  const dxf::RecordStore& store = database_.store();
+  std::map<std::string, std::vector<dxf::RecordIndex>> kinds;
+  for (const dxf::RecordIndex record : unfinished_)
+    kinds[std::string(store.typeName(record))].push_back(record);
+  std::string text;
+  for (const auto& [kind, records] : kinds) {
+    text += (text.empty() ? "" : ", ") + std::to_string(records.size()) + " " + kind;
+    std::string handles;
+    for (const dxf::RecordIndex record :
+         std::span(records).first(std::min(records.size(), kMostHandles)))
+      if (store.handle(record) != 0)
+        handles += (handles.empty() ? "" : ", ") + hexadecimal(store.handle(record));
+    if (records.size() > kMostHandles && !handles.empty()) handles += " ...";
+    if (!handles.empty()) text += " (" + handles + ")";
+  }
+  return text.empty() ? text : text + ": too many blocks inside";
+}
+
+AcDbExtents drawnExtents(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing) {
   AcDbExtents extents;
-  DrawingWalk walk(database, true);
-  walk.entity(record, [&](const DrawnLeaf& leaf) {
+  AcDbExtents roughly;  // of the entity in hand
+  DrawingWalk walk(database, space, showing);
+  const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
     for (const DrawnShape& shape : walk.shapes(leaf))
-      for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
+      if (std::ranges::all_of(shape.points, isNear))
+        for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
     return true;
-  });
+  };
+  const DrawingWalk::Approach approach = [&](const DrawnCopies& copies) {
+    if (!isNear(copies.box.minPoint()) || !isNear(copies.box.maxPoint())) return Way::kInto;
+    if (!roughly.isValid()) roughly = copies.box;
+    if (!copies.tight) return Way::kInto;
+    extents.addExt(copies.box);
+    return Way::kPast;
+  };
+  const dxf::Structure& structure = database.structure();
+  for (dxf::RecordIndex r = structure.firstEntity(space); r != dxf::kNoRecord;
+       r = structure.nextEntity(space, r)) {
+    roughly = {};
+    if (!walk.entity(r, visit, approach)) extents.addExt(roughly);
+  }
   return extents;
 }
 

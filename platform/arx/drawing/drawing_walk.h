@@ -3,10 +3,11 @@
 #include <functional>
 #include <span>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/arx/base/color.h"
+#include "platform/arx/drawing/drawing_parts.h"
+#include "platform/arx/drawing/drawn_blocks.h"
 #include "platform/arx/drawing/drawn_shapes.h"
 #include "platform/arx/geometry/extents.h"
 #include "platform/arx/geometry/geometry.h"
@@ -26,62 +27,69 @@ struct DrawnLeaf {
   AcCmEntityColor color;                         ///< neither by layer nor by block
 };
 
-/// The color that a record's groups give: the true color (420) before the index (62).
-AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subclass);
+/// Some copies of a block, all of one reference, before the walk goes into them.
+struct DrawnCopies {
+  const AcDbExtents& box;  ///< around all their shapes, in world coordinates
+  bool tight;              ///< the box touches shapes on its four sides, seen from above
+};
+enum class Way { kInto, kPast, kEnd };
 
-/// Goes over what an entity draws. Frozen and off layers, invisible entities and invisible
-/// attributes are left out unless `hiddenToo`. Reads records; opens no objects.
-class DrawingWalk {
+/// Goes over what the entities of a space draw; what doesn't show is left out. Reads records; opens
+/// no objects.
+///
+/// Blocks of blocks and arrays may multiply beyond all measure. A walk over a space costs at most a
+/// certain multiple of what the file holds: references whose blocks would take more than their
+/// share of it are gone through in part, and the walk tells which.
+class DrawingWalk : private PartTaker {
  public:
-  explicit DrawingWalk(const AcDbDatabase& database, bool hiddenToo = false);
+  DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing);
 
-  /// The visitor returns false to end the walk.
+  /// The visitor returns false to end the walk of the entity.
   using Visitor = std::function<bool(const DrawnLeaf&)>;
-  void entity(dxf::RecordIndex record, const Visitor& visit);
+  /// Asked before the walk goes into blocks that have shapes: for all copies of a reference, then
+  /// for fewer and fewer down to single ones. A walk with an approach leaves out blocks without
+  /// shapes; it goes into a block that is inside itself without asking.
+  using Approach = std::function<Way(const DrawnCopies&)>;
+  /// False when the walk went through a part of it only.
+  bool entity(dxf::RecordIndex record, const Visitor& visit, const Approach& approach = {});
+  /// Each entity of the space in drawing order.
+  void all(const Visitor& visit, const Approach& approach = {});
   /// What a leaf shows, in world coordinates; until the next call.
   const std::vector<DrawnShape>& shapes(const DrawnLeaf& leaf);
 
-  /// Whether the entity's own layer is frozen.
-  bool isFrozen(dxf::RecordIndex record);
+  /// Which entities the walk went through in part and why, for people; empty: none.
+  std::string unfinished() const;
 
  private:
-  struct Layer {
-    bool off = false;
-    bool frozen = false;
-    AcCmEntityColor color;
-  };
-  /// What an entity of a block takes over from the reference: the layer for what is on layer 0,
-  /// the color for what has it by block.
-  struct Look {
-    Layer layer;
-    AcCmEntityColor color;
-  };
-
-  bool walk(dxf::RecordIndex record, const AcGeMatrix3d& toWorld, const Look& around,
-            const Visitor& visit);
-  bool walkReference(dxf::RecordIndex record, const dxf::RecordDraft& draft,
-                     const AcGeMatrix3d& toWorld, const Look& look, const Visitor& visit);
-  bool walkBlock(dxf::BlockNumber block, const AcGeMatrix3d& toWorld, const Look& look,
-                 const Visitor& visit);
-  bool leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft, const AcGeMatrix3d& toWorld,
-            const Look& look, const Visitor& visit);
-  dxf::BlockNumber blockNamed(const dxf::RecordDraft& draft, std::string_view subclass) const;
-  Look lookOf(const dxf::RecordDraft& draft, const Look& around) const;
-  const Layer& layerOf(std::string_view nameBytes, const Layer& around) const;
-  void readLayers();
+  bool leaf(dxf::RecordIndex record, const dxf::RecordDraft& draft, const Look& look) override;
+  bool block(const BlockUse& use) override;
+  bool attribute(dxf::RecordIndex reference, dxf::RecordIndex record, const dxf::RecordDraft& draft,
+                 const Look& look) override;
+  bool copies(const BlockUse& use, const BlockWhole& whole, const CopyRange& range);
+  bool copy(const BlockUse& use, const AcGeMatrix3d& place);
+  bool spend(double work);
+  double fairShare();
 
   const AcDbDatabase& database_;
-  bool hiddenToo_;
+  dxf::BlockNumber space_;
+  DrawingParts parts_;
+  DrawnBlocks blocks_;
   ShapeReader reader_;
   std::vector<DrawnShape> shapes_;
+  double share_;  ///< the most work that an entity gets
+
+  // The entity in progress.
+  const Visitor* visit_ = nullptr;
+  const Approach* approach_ = nullptr;
+  double workLeft_ = 0;
+  bool whole_ = true;
+  AcGeMatrix3d toWorld_;
   std::vector<dxf::RecordIndex> containers_;
-  std::vector<dxf::BlockNumber> blocks_;  ///< being walked; a block inside itself is left out
-  std::size_t leavesLeft_ = 0;            ///< of the entity being walked
-  std::unordered_map<std::wstring, Layer> layers_;          ///< by upper-case name
-  mutable std::unordered_map<std::string, Layer> byBytes_;  ///< those that were asked for
+  std::vector<dxf::BlockNumber> within_;  ///< a block inside itself is left out
+  std::vector<dxf::RecordIndex> unfinished_;
 };
 
-/// The box around everything that an entity draws, in world coordinates.
-AcDbExtents entityExtents(const AcDbDatabase& database, dxf::RecordIndex record);
+/// The box around everything that shows in a space; not valid for an empty one.
+AcDbExtents drawnExtents(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing);
 
 }  // namespace kovra::arx

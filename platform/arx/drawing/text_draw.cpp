@@ -25,7 +25,8 @@ namespace {
 void drawVertical(AcGiGeometry& geometry, const TextShape& shape, const TextPlacement& place,
                   const TextFrame& frame, const AcGeVector3d& normal) {
   double below = 0;
-  for (const TextCharacter& c : textCharacters(shape.text)) {
+  TextCharacters characters(shape.text);
+  for (TextCharacter c; characters.next(c);) {
     const double indent = (kFullWidthAdvance - c.advance) / 2 * place.height * place.widthFactor;
     const AcGePoint3d at = frame.origin + frame.along * indent - frame.up * below;
     const ACHAR single[] = {c.character, 0};
@@ -61,13 +62,9 @@ void drawText(AcGiGeometry& geometry, const TextShape& shape) {
 void drawMText(AcGiGeometry& geometry, const AcDbDatabase& database,
                const dxf::RecordDraft& draft) {
   const MTextLayout layout = layOutMText(draft, database.store().codec());
-  double base = layout.top - layout.textHeight;
-  for (const MTextLine& line : layout.lines) {
-    const double left = layout.left + (layout.width - line.width) * layout.indentShare;
-    geometry.text(layout.location + layout.along * left + layout.up * base, layout.normal,
+  for (const MTextLine& line : layout.lines)
+    geometry.text(layout.location + layout.along * line.left + layout.up * line.base, layout.normal,
                   layout.along, layout.textHeight, 1, 0, line.text.c_str());
-    base -= layout.lineStep;
-  }
 }
 
 }  // namespace kovra::arx

@@ -102,16 +102,12 @@ std::wstring kovra::arx::mtextContents(const dxf::RecordDraft& draft, const dxf:
 MTextLayout kovra::arx::layOutMText(const dxf::RecordDraft& draft, const dxf::TextCodec& codec) {
   MTextLayout place;
   place.textHeight = readReal(draft, kHeight, 0);
-  place.lines =
-      mtextLines(mtextContents(draft, codec), place.textHeight, readReal(draft, kWidth, 0));
-  place.lineStep = kLineAdvance * readReal(draft, kSpacing, 1) * place.textHeight;
-  for (const MTextLine& line : place.lines) place.width = std::max(place.width, line.width);
-  place.height = place.textHeight + static_cast<double>(place.lines.size() - 1) * place.lineStep;
+  const std::optional<MTextColumns> columns = readColumns(draft);
+  place.lines = mtextLines(mtextContents(draft, codec), place.textHeight,
+                           columns ? columns->width : readReal(draft, kWidth, 0));
   const int code = attachmentOf(draft) - AcDbMText::kTopLeft;
-  place.indentShare = (code % 3) / 2.0;
-  place.left = -place.width * place.indentShare;
-  const int row = code / 3;
-  place.top = place.height * row / 2;
+  placeLines(place, columns, kLineAdvance * readReal(draft, kSpacing, 1) * place.textHeight,
+             (code % 3) / 2.0, (code / 3) / 2.0);
   place.location = readPoint(draft, kLocation).value_or(AcGePoint3d());
   place.normal = normalOf(draft).normal();
   place.along = directionOf(draft);

@@ -7,16 +7,22 @@
 namespace kovra::arx {
 namespace {
 
-/// Reads the contents once from the left; the formatting codes of multi-line texts are taken apart
-/// here alone.
+/// Reads the contents paragraph by paragraph; the formatting codes of multi-line texts are taken
+/// apart here alone.
 class Reader {
  public:
   explicit Reader(std::wstring_view contents) : rest_(contents) {}
 
-  std::vector<std::wstring> paragraphs() {
-    while (!rest_.empty()) takeOne();
-    lines_.push_back(std::move(line_));
-    return std::move(lines_);
+  /// False behind the last one; there is at least one. `newColumn`: it begins a column.
+  bool next(std::wstring& paragraph, bool& newColumn) {
+    if (done_) return false;
+    line_.clear();
+    newColumn = endedColumn_;
+    endedLine_ = endedColumn_ = false;
+    while (!rest_.empty() && !endedLine_) takeOne();
+    done_ = !endedLine_;
+    paragraph = line_;
+    return true;
   }
 
  private:
@@ -36,7 +42,7 @@ class Reader {
     const wchar_t c = rest_.front();
     rest_.remove_prefix(1);
     if (c == L'J') {
-      endLine();
+      endedLine_ = true;
     } else if (c == L'I') {
       line_ += L'\t';
     } else if (c == L' ') {
@@ -48,9 +54,12 @@ class Reader {
     const wchar_t c = rest_.front();
     rest_.remove_prefix(1);
     switch (c) {
+      case L'N':
+        endedColumn_ = true;
+        [[fallthrough]];
       case L'P':
       case L'X':
-        endLine();
+        endedLine_ = true;
         break;
       case L'~':
         line_ += L' ';
@@ -88,47 +97,80 @@ class Reader {
     return result;
   }
 
-  void endLine() {
-    lines_.push_back(std::move(line_));
-    line_.clear();
-  }
-
   std::wstring_view rest_;
   std::wstring line_;
-  std::vector<std::wstring> lines_;
+  bool endedLine_ = false;
+  bool endedColumn_ = false;
+  bool done_ = false;
 };
 
-/// Appends the lines that a paragraph takes when it breaks at blanks. The blank at which it breaks
-/// belongs to neither line.
+/// Appends the lines that a paragraph takes when it breaks at blanks. The blanks at which it breaks
+/// belong to neither line.
 void wrap(std::wstring_view paragraph, double textHeight, double width,
           std::vector<MTextLine>& lines) {
   lines.emplace_back();
   while (!paragraph.empty()) {
-    const std::size_t blank = std::min(paragraph.find(L' ', 1), paragraph.size());
-    std::wstring_view word = paragraph.substr(0, blank);
+    const std::size_t begin = std::min(paragraph.find_first_not_of(L' '), paragraph.size());
+    const std::size_t end = std::min(paragraph.find(L' ', begin), paragraph.size());
+    std::wstring_view word = paragraph.substr(0, end);  // with the blanks before it
+    paragraph.remove_prefix(end);
     double advance = lineAdvance(word) * textHeight;
     if (width > 0 && lines.back().width > 0 && lines.back().width + advance > width) {
+      word.remove_prefix(begin);
+      if (word.empty()) return;
       lines.emplace_back();
-      if (word.front() == L' ') word.remove_prefix(1);
       advance = lineAdvance(word) * textHeight;
     }
     lines.back().text += word;
     lines.back().width += advance;
-    paragraph.remove_prefix(blank);
   }
 }
 
 }  // namespace
 
-std::vector<std::wstring> mtextParagraphs(std::wstring_view contents) {
-  return Reader(contents).paragraphs();
-}
-
 std::vector<MTextLine> mtextLines(std::wstring_view contents, double textHeight, double width) {
   std::vector<MTextLine> lines;
-  for (const std::wstring& paragraph : mtextParagraphs(contents))
+  Reader reader(contents);
+  std::wstring paragraph;
+  bool newColumn = false;
+  while (reader.next(paragraph, newColumn)) {
+    const std::size_t first = lines.size();
     wrap(paragraph, textHeight, width, lines);
+    lines[first].newColumn = newColumn;
+  }
   return lines;
+}
+
+void placeLines(MTextLayout& layout, const std::optional<MTextColumns>& columns, double lineStep,
+                double leftShare, double belowShare) {
+  double longest = 0;
+  for (const MTextLine& line : layout.lines) longest = std::max(longest, line.width);
+  const MTextColumns place = columns.value_or(MTextColumns{longest});
+  std::vector<std::size_t> begins = {0};  // the first line of each column
+  for (std::size_t i = 0; i < layout.lines.size(); ++i) {
+    MTextLine& line = layout.lines[i];
+    const auto depth = [&] {
+      return layout.textHeight + static_cast<double>(i - begins.back()) * lineStep;
+    };
+    const std::size_t column = begins.size() - 1;
+    const bool ended = place.isPast(column, depth()) || (columns && line.newColumn);
+    if (ended && i > begins.back() && !place.isLast(column)) begins.push_back(i);
+    line.base = -depth();
+    layout.height = std::max(layout.height, depth());
+  }
+  const std::size_t count = std::max(begins.size(), place.count);
+  layout.width = place.widthOf(count);
+  layout.left = -layout.width * leftShare;
+  layout.top = layout.height * belowShare;
+  begins.push_back(layout.lines.size());
+  for (std::size_t column = 0; column + 1 < begins.size(); ++column) {
+    const double left = layout.left + place.leftOf(column, count);
+    for (std::size_t i = begins[column]; i < begins[column + 1]; ++i) {
+      MTextLine& line = layout.lines[i];
+      line.left = left + (place.width - line.width) * leftShare;
+      line.base += layout.top;
+    }
+  }
 }
 
 void moveEmbeddedColumns(dxf::RecordDraft& draft, const AcGeVector3d& by) {

@@ -163,24 +163,23 @@ LineSize measureLine(std::wstring_view text) {
   return size;
 }
 
-std::vector<TextCharacter> textCharacters(std::wstring_view text) {
-  std::vector<TextCharacter> characters;
-  characters.reserve(text.size());
-  TextCharacter next;
-  while (!text.empty()) {
+bool TextCharacters::next(TextCharacter& character) {
+  while (!rest_.empty()) {
     bool draws = true;
-    const std::size_t length = codeLength(text, draws);
-    if (draws) {
-      next.character = length > 0 ? codeCharacter(text.substr(0, length)) : text.front();
-      const bool full = length == 0 && isFullWidth(text.front());
-      next.advance = full ? kFullWidthAdvance : kHalfWidthAdvance;
-      characters.push_back(next);
-    } else {
-      toggleStroke(text[2], next);
+    const std::size_t code = codeLength(rest_, draws);
+    const std::wstring_view one = rest_.substr(0, code > 0 ? code : 1);
+    rest_.remove_prefix(one.size());
+    if (!draws) {
+      toggleStroke(one[2], strokes_);
+      continue;
     }
-    text.remove_prefix(length > 0 ? length : 1);
+    character = strokes_;
+    character.character = code > 0 ? codeCharacter(one) : one.front();
+    character.advance =
+        code == 0 && isFullWidth(one.front()) ? kFullWidthAdvance : kHalfWidthAdvance;
+    return true;
   }
-  return characters;
+  return false;
 }
 
 TextPlacement placeText(const TextShape& shape) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "platform/arx/base/enums.h"
 #include "platform/arx/geometry/geometry.h"
@@ -39,7 +38,17 @@ struct TextCharacter {
   bool over = false;
   bool through = false;
 };
-std::vector<TextCharacter> textCharacters(std::wstring_view text);
+/// Reads the characters of a line one after another.
+class TextCharacters {
+ public:
+  explicit TextCharacters(std::wstring_view text) : rest_(text) {}
+  /// False behind the last one.
+  bool next(TextCharacter& character);
+
+ private:
+  std::wstring_view rest_;
+  TextCharacter strokes_;
+};
 
 /// What decides a line's box and place. Points in the text's own plane (OCS), angles in radians.
 struct TextShape {

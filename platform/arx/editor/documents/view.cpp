@@ -91,16 +91,7 @@ View currentView(const AcApDocument& document) {
 
 AcDbExtents drawingExtents(const AcApDocument& document) {
   const AcDbDatabase& database = *document.database();
-  AcDbExtents extents;
-  DrawingWalk walk(database, true);
-  forEachEntity(database, [&](dxf::RecordIndex record) {
-    walk.entity(record, [&](const DrawnLeaf& leaf) {
-      for (const DrawnShape& shape : walk.shapes(leaf))
-        for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
-      return true;
-    });
-  });
-  return extents;
+  return drawnExtents(database, currentSpace(database), Showing::kAll);
 }
 
 std::optional<VariableValue> viewportSetting(const AcApDocument& document, std::wstring_view name) {

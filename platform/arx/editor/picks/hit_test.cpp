@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity_order.h"
@@ -9,10 +10,20 @@
 #include "platform/arx/editor/documents/documents.h"
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/view.h"
+#include "platform/arx/editor/prompts/prompt.h"
 #include "platform/dxf/record_store.h"
+#include "platform/win/base/wide_text.h"
 
 namespace kovra::arx {
 namespace {
+
+PickHit hitOf(const AcDbDatabase& database, const DrawnLeaf& leaf) {
+  const dxf::RecordIndex entity = leaf.containers.empty() ? leaf.record : leaf.containers.front();
+  PickHit hit{database.idOf(entity), database.idOf(leaf.record), leaf.toWorld, {}};
+  for (auto at = leaf.containers.rbegin(); at != leaf.containers.rend(); ++at)
+    hit.containers.push_back(database.idOf(*at));
+  return hit;
+}
 
 bool shapeHit(const DrawnShape& shape, const AcGePoint3d& point, double reach) {
   if (shape.points.empty()) return false;
@@ -36,6 +47,27 @@ struct Box {
 
   bool holds(const AcGePoint3d& p) const {
     return p.x >= low.x && p.x <= high.x && p.y >= low.y && p.y <= high.y;
+  }
+  // Of the box of a whole block, which was rounded otherwise than its points are: neither answer
+  // holds near the sides, nor for a box that isn't of numbers.
+  bool surelyHolds(const AcDbExtents& other) const {
+    const AcGeVector3d rounding = roundingOf(other);
+    return holds(other.minPoint() - rounding) && holds(other.maxPoint() + rounding);
+  }
+  bool surelyMisses(const AcDbExtents& other) const {
+    const AcGeVector3d rounding = roundingOf(other);
+    const AcGePoint3d from = other.minPoint() - rounding;
+    const AcGePoint3d to = other.maxPoint() + rounding;
+    return from.x > high.x || to.x < low.x || from.y > high.y || to.y < low.y;
+  }
+
+ private:
+  static AcGeVector3d roundingOf(const AcDbExtents& other) {
+    constexpr double kShare = 1e-9;
+    const AcGePoint3d from = other.minPoint();
+    const AcGePoint3d to = other.maxPoint();
+    return {kShare * std::max(std::fabs(from.x), std::fabs(to.x)),
+            kShare * std::max(std::fabs(from.y), std::fabs(to.y)), 0};
   }
 };
 
@@ -70,20 +102,32 @@ struct BoxRelation {
   bool drawn = false;
   bool inside = true;
   bool touched = false;
+
+  void add(bool isInside, bool isTouched) {
+    drawn = true;
+    inside = inside && isInside;
+    touched = touched || isTouched;
+  }
 };
 
-BoxRelation relationTo(const Box& box, DrawingWalk& walk, dxf::RecordIndex record) {
+/// Looks no further than the answer needs that is asked for.
+BoxRelation relationTo(const Box& box, DrawingWalk& walk, dxf::RecordIndex record, bool crossing) {
   BoxRelation relation;
-  walk.entity(record, [&](const DrawnLeaf& leaf) {
-    for (const DrawnShape& shape : walk.shapes(leaf)) {
-      if (shape.points.empty()) continue;
-      relation.drawn = true;
-      relation.touched = relation.touched || shapeTouches(box, shape);
-      relation.inside = relation.inside && std::all_of(shape.points.begin(), shape.points.end(),
-                                                       [&](const auto& p) { return box.holds(p); });
-    }
-    return relation.inside || !relation.touched;
+  const auto isOpen = [&] { return crossing ? !relation.touched : relation.inside; };
+  const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
+    for (const DrawnShape& shape : walk.shapes(leaf))
+      if (!shape.points.empty())
+        relation.add(std::ranges::all_of(shape.points, [&](const auto& p) { return box.holds(p); }),
+                     shapeTouches(box, shape));
+    return isOpen();
+  };
+  const bool whole = walk.entity(record, visit, [&](const DrawnCopies& copies) {
+    const bool inside = box.surelyHolds(copies.box);
+    if (!inside && !box.surelyMisses(copies.box)) return Way::kInto;
+    relation.add(inside, inside);
+    return isOpen() ? Way::kPast : Way::kEnd;
   });
+  relation.inside = relation.inside && whole;
   return relation;
 }
 
@@ -103,20 +147,55 @@ void appendCandidates(const DrawnShape& shape, std::vector<AcGePoint3d>& out) {
 constexpr size_t kMostCandidates = 400;
 
 /// Where an entity, or what it contains, is drawn.
-std::vector<AcGePoint3d> candidatesOf(AcApDocument& document, dxf::RecordIndex wanted) {
+std::vector<AcGePoint3d> candidatesOf(const AcDbDatabase& database, dxf::RecordIndex wanted) {
   std::vector<AcGePoint3d> candidates;
-  DrawingWalk walk(*document.database());
-  forEachEntity(*document.database(), [&](dxf::RecordIndex record) {
+  DrawingWalk walk(database, currentSpace(database), Showing::kScreen);
+  forEachEntity(database, [&](dxf::RecordIndex record) {
+    if (candidates.size() >= kMostCandidates) return;
     walk.entity(record, [&](const DrawnLeaf& leaf) {
       const bool within = record == wanted || leaf.record == wanted ||
-                          std::find(leaf.containers.begin(), leaf.containers.end(), wanted) !=
-                              leaf.containers.end();
+                          std::ranges::find(leaf.containers, wanted) != leaf.containers.end();
       if (within)
         for (const DrawnShape& shape : walk.shapes(leaf)) appendCandidates(shape, candidates);
       return candidates.size() < kMostCandidates;
     });
   });
   return candidates;
+}
+
+/// What a pick at each of some points gives, and what wasn't searched for it.
+struct Picks {
+  std::vector<std::optional<PickHit>> hits;
+  std::string unsearched;
+};
+
+Picks picksAt(AcApDocument& document, std::span<const AcGePoint3d> points) {
+  const AcDbDatabase& database = *document.database();
+  const double reach = pickReach(document);
+  Picks picks;
+  picks.hits.resize(points.size());
+  const auto around = [&](const AcGePoint3d& p) {
+    return Box{{p.x - reach, p.y - reach, 0}, {p.x + reach, p.y + reach, 0}};
+  };
+  DrawingWalk walk(database, currentSpace(database), Showing::kScreen);
+  const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
+    const std::vector<DrawnShape>& shapes = walk.shapes(leaf);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const auto hits = [&](const DrawnShape& s) { return shapeHit(s, points[i], reach); };
+      if (std::ranges::any_of(shapes, hits)) picks.hits[i] = hitOf(database, leaf);
+    }
+    return true;
+  };
+  walk.all(visit, [&](const DrawnCopies& copies) {
+    const auto isNear = [&](const auto& p) { return !around(p).surelyMisses(copies.box); };
+    return std::ranges::any_of(points, isNear) ? Way::kInto : Way::kPast;
+  });
+  picks.unsearched = walk.unfinished();
+  return picks;
+}
+
+void sayUnsearched(const std::string& entities) {
+  if (!entities.empty()) showMessage(L"Searched in part: " + win::fromUtf8(entities));
 }
 
 bool gives(const PickHit& hit, AcDbObjectId id) {
@@ -148,29 +227,25 @@ bool insidePolygon(const AcGePoint3d& point, const std::vector<AcGePoint3d>& cor
 }
 
 std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point) {
-  const AcDbDatabase& database = *document.database();
-  const double reach = pickReach(document);
-  std::optional<PickHit> hit;
-  DrawingWalk walk(database);
-  forEachEntity(database, [&](dxf::RecordIndex record) {
-    walk.entity(record, [&](const DrawnLeaf& leaf) {
-      const bool here = std::ranges::any_of(walk.shapes(leaf), [&](const DrawnShape& shape) {
-        return shapeHit(shape, point, reach);
-      });
-      if (!here) return true;
-      hit = PickHit{database.idOf(record), database.idOf(leaf.record), leaf.toWorld, {}};
-      for (auto at = leaf.containers.rbegin(); at != leaf.containers.rend(); ++at)
-        hit->containers.push_back(database.idOf(*at));
-      return true;
-    });
-  });
-  return hit;
+  Picks picks = picksAt(document, {&point, 1});
+  sayUnsearched(picks.unsearched);
+  return std::move(picks.hits.front());
 }
 
 std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id) {
-  for (const AcGePoint3d& candidate : candidatesOf(document, id.index()))
-    if (const std::optional<PickHit> hit = pickAt(document, candidate); hit && gives(*hit, id))
-      return candidate;
+  const std::vector<AcGePoint3d> candidates = candidatesOf(*document.database(), id.index());
+  // Nearly always the first one does; the more fail, the more are tried at once.
+  constexpr std::size_t kGrowth = 8;
+  std::string unsearched;
+  for (std::span<const AcGePoint3d> left = candidates, some; !left.empty();
+       left = left.subspan(some.size())) {
+    some = left.first(std::min(left.size(), std::max<std::size_t>(1, some.size() * kGrowth)));
+    const Picks picks = picksAt(document, some);
+    for (std::size_t i = 0; i < some.size(); ++i)
+      if (picks.hits[i] && gives(*picks.hits[i], id)) return some[i];
+    unsearched = picks.unsearched;
+  }
+  sayUnsearched(unsearched);
   return std::nullopt;
 }
 
@@ -180,21 +255,24 @@ std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3
   const Box box{{std::min(first.x, second.x), std::min(first.y, second.y), 0},
                 {std::max(first.x, second.x), std::max(first.y, second.y), 0}};
   std::vector<AcDbObjectId> found;
-  DrawingWalk walk(database);
+  DrawingWalk walk(database, currentSpace(database), Showing::kScreen);
   forEachEntity(database, [&](dxf::RecordIndex record) {
-    const BoxRelation relation = relationTo(box, walk, record);
+    const BoxRelation relation = relationTo(box, walk, record, crossing);
     if (relation.drawn && (crossing ? relation.touched : relation.inside))
       found.push_back(database.idOf(record));
   });
+  sayUnsearched(walk.unfinished());
   return found;
 }
 
 std::vector<AcDbObjectId> allEntities(AcApDocument& document) {
   const AcDbDatabase& database = *document.database();
   std::vector<AcDbObjectId> found;
-  DrawingWalk walk(database);
+  const DrawingLooks looks(database, Showing::kScreen);
+  dxf::RecordDraft draft;
   forEachEntity(database, [&](dxf::RecordIndex record) {
-    if (!walk.isFrozen(record)) found.push_back(database.idOf(record));
+    database.store().load(record, draft);
+    if (!looks.of(draft, spaceLook(), false).layer.frozen) found.push_back(database.idOf(record));
   });
   return found;
 }
