@@ -278,6 +278,10 @@ TEST_F(PlotTest, ColumnsOfAMultiLineTextStandBesideEachOther) {
        "71\n2\n72\n3\n41\n0\n74\n1\n46\n4\n46\n9\n46\n0\n",
        "aaa bbb ccc ddd eee",
        {{60, 0}, {30, 0}, {30, 5}, {0, 0}, {0, 5}}},
+      {"several blanks at a break hang",
+       "71\n2\n72\n2\n41\n0\n46\n4\n46\n0\n",
+       "aaa    bbb",
+       {{0, 0}, {30, 0}}},
       {"a code ends a column", "71\n2\n72\n0\n41\n90\n", "aaa\\Nbbb", {{0, 0}, {30, 0}}},
       {"no columns", "71\n0\n", "aaa bbb", {{0, 0}}},
   };

@@ -9,6 +9,16 @@
 
 namespace kovra::arx {
 
+/// Some of the copies of a block that a reference shows.
+struct CopyRange {
+  std::int64_t firstColumn = 0;
+  std::int64_t columns = 1;
+  std::int64_t firstRow = 0;
+  std::int64_t rows = 1;
+
+  double copies() const { return static_cast<double>(columns) * static_cast<double>(rows); }
+};
+
 /// A block as a reference or a dimension shows it, in columns and rows of copies.
 struct BlockUse {
   dxf::RecordIndex record = dxf::kNoRecord;  ///< the reference
@@ -20,7 +30,7 @@ struct BlockUse {
   AcGeVector3d toNextColumn;
   AcGeVector3d toNextRow;
 
-  double copies() const { return static_cast<double>(columns) * static_cast<double>(rows); }
+  CopyRange all() const { return {0, columns, 0, rows}; }
   AcGeMatrix3d placeOf(std::int64_t column, std::int64_t row) const;
 };
 

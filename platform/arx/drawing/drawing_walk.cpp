@@ -28,7 +28,7 @@ class Planner : public PartTaker {
 
   bool leaf(dxf::RecordIndex, const dxf::RecordDraft&, const Look&) override { return true; }
   bool block(const BlockUse& use) override {
-    works.push_back(useWork(use, blocks_.of(use)));
+    works.push_back(copiesWork(blocks_.of(use), use.all().copies()));
     return false;  // its attributes don't matter
   }
   bool attribute(dxf::RecordIndex, dxf::RecordIndex, const dxf::RecordDraft&,
@@ -146,7 +146,7 @@ bool DrawingWalk::block(const BlockUse& use) {
   if (approach_ != nullptr && whole.known && !whole.box.isValid()) return true;
   containers_.push_back(use.record);
   within_.push_back(use.block);
-  const bool goOn = copies(use, whole, {0, use.columns, 0, use.rows});
+  const bool goOn = copies(use, whole, use.all());
   within_.pop_back();
   containers_.pop_back();
   return goOn;
@@ -157,7 +157,8 @@ bool DrawingWalk::copies(const BlockUse& use, const BlockWhole& whole, const Cop
   if (approach_ != nullptr && whole.known) {
     const AcDbExtents box = boxIn(toWorld_, boxOf(use, range, whole.box));
     const bool tight = whole.tight && keepsAxes(use.place) && keepsAxes(toWorld_);
-    const Way way = (*approach_)({box, tight});
+    const bool affordable = copiesWork(whole, range.copies()) <= workLeft_;
+    const Way way = (*approach_)({box, tight, affordable});
     if (way != Way::kInto) return way == Way::kPast;
   }
   if (range.rows == 1 && range.columns == 1)
@@ -214,7 +215,6 @@ std::string DrawingWalk::unfinished() const {
 
 AcDbExtents drawnExtents(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing) {
   AcDbExtents extents;
-  AcDbExtents roughly;  // of the entity in hand
   DrawingWalk walk(database, space, showing);
   const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
     for (const DrawnShape& shape : walk.shapes(leaf))
@@ -222,19 +222,13 @@ AcDbExtents drawnExtents(const AcDbDatabase& database, dxf::BlockNumber space, S
         for (const AcGePoint3d& point : shape.points) extents.addPoint(point);
     return true;
   };
-  const DrawingWalk::Approach approach = [&](const DrawnCopies& copies) {
-    if (!isNear(copies.box.minPoint()) || !isNear(copies.box.maxPoint())) return Way::kInto;
-    if (!roughly.isValid()) roughly = copies.box;
-    if (!copies.tight) return Way::kInto;
+  walk.all(visit, [&](const DrawnCopies& copies) {
+    const bool near = isNear(copies.box.minPoint()) && isNear(copies.box.maxPoint());
+    // A box that is too large is better than none.
+    if (!near || (!copies.tight && copies.affordable)) return Way::kInto;
     extents.addExt(copies.box);
     return Way::kPast;
-  };
-  const dxf::Structure& structure = database.structure();
-  for (dxf::RecordIndex r = structure.firstEntity(space); r != dxf::kNoRecord;
-       r = structure.nextEntity(space, r)) {
-    roughly = {};
-    if (!walk.entity(r, visit, approach)) extents.addExt(roughly);
-  }
+  });
   return extents;
 }
 

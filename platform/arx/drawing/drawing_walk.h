@@ -31,6 +31,7 @@ struct DrawnLeaf {
 struct DrawnCopies {
   const AcDbExtents& box;  ///< around all their shapes, in world coordinates
   bool tight;              ///< the box touches shapes on its four sides, seen from above
+  bool affordable;         ///< the walk can go through all of them
 };
 enum class Way { kInto, kPast, kEnd };
 

@@ -25,9 +25,8 @@ double recordWork(const AcDbDatabase& database, dxf::RecordIndex record) {
   return work;
 }
 
-double useWork(const BlockUse& use, const BlockWhole& whole) {
-  return whole.known ? use.copies() * (whole.work + kCopyWork)
-                     : std::numeric_limits<double>::infinity();
+double copiesWork(const BlockWhole& whole, double copies) {
+  return whole.known ? copies * (whole.work + kCopyWork) : std::numeric_limits<double>::infinity();
 }
 
 AcDbExtents boxIn(const AcGeMatrix3d& matrix, const AcDbExtents& box) {
@@ -97,8 +96,8 @@ class DrawnBlocks::Opened : public PartTaker {
     whole.known = whole.known && entry.whole.known && !entry.open;
     if (entry.open) return;
     whole.tight = whole.tight && entry.whole.tight && keepsAxes(use.place);
-    whole.work += useWork(use, entry.whole);
-    whole.box.addExt(boxOf(use, {0, use.columns, 0, use.rows}, entry.whole.box));
+    whole.work += copiesWork(entry.whole, use.all().copies());
+    whole.box.addExt(boxOf(use, use.all(), entry.whole.box));
   }
 
   const Key key;

@@ -21,17 +21,10 @@ struct BlockWhole {
 double recordWork(const AcDbDatabase& database, dxf::RecordIndex record);
 /// What finding the place of a copy costs, in the same measure.
 inline constexpr double kCopyWork = 200;
-/// What going through all copies of a block costs.
-double useWork(const BlockUse& use, const BlockWhole& whole);
+/// What going through so many copies of a block costs.
+double copiesWork(const BlockWhole& whole, double copies);
 
-/// Some of the copies of a use.
-struct CopyRange {
-  std::int64_t firstColumn = 0;
-  std::int64_t columns = 1;
-  std::int64_t firstRow = 0;
-  std::int64_t rows = 1;
-};
-/// The box around what they draw, in the coordinates of the reference's own block.
+/// The box around what some copies draw, in the coordinates of the reference's own block.
 AcDbExtents boxOf(const BlockUse& use, const CopyRange& range, const AcDbExtents& blockBox);
 /// The box around the image of a box.
 AcDbExtents boxIn(const AcGeMatrix3d& matrix, const AcDbExtents& box);

@@ -126,6 +126,39 @@ void wrap(std::wstring_view paragraph, double textHeight, double width,
   }
 }
 
+/// Fills columns one after another. Gives the first line of each, with the number of lines behind
+/// the last; the lines get their base below the top, the layout its height.
+std::vector<std::size_t> columnBegins(MTextLayout& layout,
+                                      const std::optional<MTextColumns>& columns, double lineStep) {
+  std::vector<std::size_t> begins = {0};
+  for (std::size_t i = 0; i < layout.lines.size(); ++i) {
+    MTextLine& line = layout.lines[i];
+    const auto depth = [&] {
+      return layout.textHeight + static_cast<double>(i - begins.back()) * lineStep;
+    };
+    const std::size_t column = begins.size() - 1;
+    if (columns && i > begins.back() && !columns->isLast(column) &&
+        (line.newColumn || columns->isPast(column, depth())))
+      begins.push_back(i);
+    line.base = -depth();
+    layout.height = std::max(layout.height, depth());
+  }
+  begins.push_back(layout.lines.size());
+  return begins;
+}
+
+/// A word that is longer than its column reaches out of it, and perhaps out of the box.
+void takeInOverhang(MTextLayout& layout) {
+  double left = layout.left;
+  double right = layout.left + layout.width;
+  for (const MTextLine& line : layout.lines) {
+    left = std::min(left, line.left);
+    right = std::max(right, line.left + line.width);
+  }
+  layout.left = left;
+  layout.width = right - left;
+}
+
 }  // namespace
 
 std::vector<MTextLine> mtextLines(std::wstring_view contents, double textHeight, double width) {
@@ -143,34 +176,25 @@ std::vector<MTextLine> mtextLines(std::wstring_view contents, double textHeight,
 
 void placeLines(MTextLayout& layout, const std::optional<MTextColumns>& columns, double lineStep,
                 double leftShare, double belowShare) {
-  double longest = 0;
-  for (const MTextLine& line : layout.lines) longest = std::max(longest, line.width);
-  const MTextColumns place = columns.value_or(MTextColumns{longest});
-  std::vector<std::size_t> begins = {0};  // the first line of each column
-  for (std::size_t i = 0; i < layout.lines.size(); ++i) {
-    MTextLine& line = layout.lines[i];
-    const auto depth = [&] {
-      return layout.textHeight + static_cast<double>(i - begins.back()) * lineStep;
-    };
-    const std::size_t column = begins.size() - 1;
-    const bool ended = place.isPast(column, depth()) || (columns && line.newColumn);
-    if (ended && i > begins.back() && !place.isLast(column)) begins.push_back(i);
-    line.base = -depth();
-    layout.height = std::max(layout.height, depth());
+  const std::vector<std::size_t> begins = columnBegins(layout, columns, lineStep);
+  const std::size_t count = std::max(begins.size() - 1, columns ? columns->count : 0);
+  MTextColumns place = columns.value_or(MTextColumns{});
+  if (count == 1) {
+    place = {};
+    for (const MTextLine& line : layout.lines) place.width = std::max(place.width, line.width);
   }
-  const std::size_t count = std::max(begins.size(), place.count);
   layout.width = place.widthOf(count);
   layout.left = -layout.width * leftShare;
   layout.top = layout.height * belowShare;
-  begins.push_back(layout.lines.size());
   for (std::size_t column = 0; column + 1 < begins.size(); ++column) {
-    const double left = layout.left + place.leftOf(column, count);
+    const double edge = layout.left + place.leftOf(column, count);
     for (std::size_t i = begins[column]; i < begins[column + 1]; ++i) {
       MTextLine& line = layout.lines[i];
-      line.left = left + (place.width - line.width) * leftShare;
+      line.left = edge + (place.width - line.width) * leftShare;
       line.base += layout.top;
     }
   }
+  if (count > 1) takeInOverhang(layout);
 }
 
 void moveEmbeddedColumns(dxf::RecordDraft& draft, const AcGeVector3d& by) {
