@@ -15,7 +15,7 @@ namespace kovra::arx {
 namespace {
 
 /// Blocks nest a few levels deep; what lies deeper is left out.
-constexpr std::size_t kDeepestNesting = 200;
+constexpr std::size_t kDeepestNesting = 100;
 /// What a walk may cost, measured as recordWork() does: so many bytes in any drawing, and so many
 /// for each byte of a larger one. Drawings that people make stay far below.
 constexpr double kFreeWork = 64e6;

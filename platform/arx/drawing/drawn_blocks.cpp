@@ -14,10 +14,13 @@ using dxf::RecordKind;
 
 double recordWork(const AcDbDatabase& database, dxf::RecordIndex record) {
   constexpr double kVisit = 100;
+  constexpr double kReferenceVisit = 400;  // its block is looked up, its matrix made
   const dxf::RecordStore& store = database.store();
   const RecordKind kind = store.kind(record);
   std::string scratch;
-  double work = kVisit + static_cast<double>(store.bytes(record, scratch).size());
+  const bool reference = kind == RecordKind::kInsert || kind == RecordKind::kDimension;
+  double work = static_cast<double>(store.bytes(record, scratch).size());
+  work += reference ? kReferenceVisit : kVisit;
   if (kind != RecordKind::kInsert && kind != RecordKind::kPolyline) return work;
   const dxf::RecordIndex end = database.structure().pastSubordinates(record);
   for (dxf::RecordIndex r = store.next(record); r != end; r = store.next(r))
