@@ -63,6 +63,8 @@ class FileReading {
   /// kNotFound or kNotReadable.
   static Result<std::unique_ptr<FileReading>> start(const std::string& path);
 
+  /// Of the whole file when it was opened, in bytes.
+  std::size_t size() const { return toRead_; }
   /// The bytes that have come; waits until they are more than `seen`. Not more: these are all.
   std::string_view waitPast(std::size_t seen);
   /// Waits for the whole file, which lies where waitPast() showed it. kNotReadable, also for a file

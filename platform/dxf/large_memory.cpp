@@ -6,6 +6,18 @@
 
 namespace kovra::dxf {
 
+namespace {
+
+constexpr std::size_t kLargePage = std::size_t{2} << 20U;
+
+/// Whole large pages for what fills half of one or more: the system puts them where they fit.
+std::size_t wholePages(std::size_t size) {
+  if (size < kLargePage / 2) return size;
+  return (size + kLargePage - 1) / kLargePage * kLargePage;
+}
+
+}  // namespace
+
 LargeMemory::~LargeMemory() {
   if (data_ != nullptr) ::munmap(data_, size_);
 }
@@ -20,11 +32,12 @@ LargeMemory& LargeMemory::operator=(LargeMemory&& other) noexcept {
 }
 
 bool LargeMemory::resize(std::size_t size) {
-  if (size == 0) size = 1;
+  size = wholePages(size == 0 ? 1 : size);
   void* memory = data_ == nullptr ? ::mmap(nullptr, size, PROT_READ | PROT_WRITE,
                                            MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)
                                   : ::mremap(data_, size_, size, MREMAP_MAYMOVE);
   if (memory == MAP_FAILED) return false;
+  if (size >= kLargePage) ::madvise(memory, size, MADV_HUGEPAGE);
   data_ = static_cast<char*>(memory);
   size_ = size;
   return true;

@@ -5,9 +5,10 @@
 namespace kovra::dxf {
 
 /// Zeroed memory for what grows with a drawing, straight from the system: growing moves pages
-/// instead of copying them, and pages that were never touched cost nothing. Large pages aren't
-/// asked for: on virtual machines whose host takes back free memory, and takes it in large pieces,
-/// each costs many times what it saves.
+/// instead of copying them, and pages that were never touched cost nothing. Large pages are asked
+/// for, a hint that systems without them ignore: the first touch of a page interrupts the program,
+/// and where a virtual machine's page tables are shadowed by its host that takes longer than
+/// reading a drawing.
 class LargeMemory {
  public:
   LargeMemory() = default;

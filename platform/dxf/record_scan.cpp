@@ -9,8 +9,12 @@ namespace kovra::dxf {
 /// Takes the groups of a file in their order and builds its table of records.
 class RecordScanner {
  public:
-  RecordScanner(const ByteSource& source, const std::string& name)
-      : source_(source), file_(source(0)), name_(name) {}
+  RecordScanner(const ByteSource& source, const std::string& name, std::size_t size)
+      : source_(source), file_(source(0)), name_(name) {
+    // Room that isn't used costs nothing. Few drawings have shorter records.
+    constexpr std::size_t kShortRecord = 64;
+    out_.records.reserve(size / kShortRecord);
+  }
 
   Result<ScannedFile> scan();
 
@@ -250,8 +254,9 @@ Result<ScannedFile> RecordScanner::scan() {
   return std::move(out_);
 }
 
-Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name) {
-  return RecordScanner(source, name).scan();
+Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name,
+                                std::size_t size) {
+  return RecordScanner(source, name, size).scan();
 }
 
 }  // namespace kovra::dxf

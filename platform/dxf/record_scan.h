@@ -25,8 +25,9 @@ struct ScannedFile {
 /// unless these are all.
 using ByteSource = std::function<std::string_view(std::size_t seen)>;
 
-/// Finds the records of a file while it is read. Errors are kBadFormat with the place in the
-/// message.
-Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name);
+/// Finds the records of a file while it is read. `size` is that of the whole file where it is
+/// known: room is made for its records. Errors are kBadFormat with the place in the message.
+Result<ScannedFile> scanRecords(const ByteSource& source, const std::string& name,
+                                std::size_t size = 0);
 
 }  // namespace kovra::dxf

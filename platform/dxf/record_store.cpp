@@ -66,7 +66,8 @@ Result<std::unique_ptr<RecordStore>> RecordStore::readFile(const std::string& pa
   const Result<std::unique_ptr<FileReading>> reading = FileReading::start(path);
   if (!reading) return reading.error();
   Result<ScannedFile> scanned =
-      scanRecords([&reading](std::size_t seen) { return reading.value()->waitPast(seen); }, path);
+      scanRecords([&reading](std::size_t seen) { return reading.value()->waitPast(seen); }, path,
+                  reading.value()->size());
   FileStamp stamp;
   Result<FileBytes> bytes = reading.value()->finish(stamp);
   if (!bytes) return bytes.error();
@@ -82,7 +83,7 @@ Result<std::unique_ptr<RecordStore>> RecordStore::fromBytes(std::string_view byt
   Result<FileBytes> copy = FileBytes::copy(bytes);
   if (!copy) return copy.error();
   const std::string_view all = copy.value().view();
-  Result<ScannedFile> scanned = scanRecords([all](std::size_t) { return all; }, name);
+  Result<ScannedFile> scanned = scanRecords([all](std::size_t) { return all; }, name, all.size());
   if (!scanned) return scanned.error();
   return make(std::move(copy).value(), std::move(scanned).value());
 }
