@@ -5,6 +5,7 @@
 
 #include "platform/dxf/group_alignment.h"
 #include "platform/dxf/group_format.h"
+#include "platform/dxf/part_memory.h"
 
 namespace kovra::dxf {
 
@@ -29,6 +30,10 @@ bool isIndexed(int code) {
 }
 
 }  // namespace
+
+std::shared_ptr<RecordOverlay> newOverlay() {
+  return std::allocate_shared<RecordOverlay>(PartAllocator<RecordOverlay>());
+}
 
 void OverlayBuilder::collectOld() {
   old_.clear();
@@ -131,7 +136,7 @@ std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view orig
   strip();
   if (old_.empty() && new_.empty()) return nullptr;
   align();
-  auto overlay = std::make_shared<RecordOverlay>();
+  auto overlay = newOverlay();
   overlay->head = head_;
   overlay->tail = tail_;
   overlay->indexed = indexed();

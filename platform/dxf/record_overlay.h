@@ -24,6 +24,9 @@ struct RecordOverlay {
   bool operator==(const RecordOverlay&) const = default;
 };
 
+/// An empty overlay, in the memory of parts.
+std::shared_ptr<RecordOverlay> newOverlay();
+
 /// Makes overlays; its storage is reused from one to the next.
 class OverlayBuilder {
  public:

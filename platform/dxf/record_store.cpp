@@ -264,7 +264,7 @@ RecordIndex RecordStore::insertBefore(RecordIndex anchor, const RecordDraft& dra
   Impl::Slot& slot = impl_->slotOf(record);
   slot.now.erased = slot.saved.erased = true;
   RecordState state;
-  auto overlay = std::make_shared<RecordOverlay>();
+  auto overlay = newOverlay();
   overlay->indexed = true;
   impl_->newBytes.clear();
   draft.appendBytes(impl_->newBytes);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/dxf/file_bytes.h"
+#include "platform/dxf/part_memory.h"
 #include "platform/dxf/record_order.h"
 #include "platform/dxf/record_overlay.h"
 #include "platform/dxf/record_scan.h"
@@ -72,8 +73,8 @@ struct RecordStore::Impl {
   mutable HandleMap handles;
   mutable bool handlesMapped = false;
   RecordOrder order;
-  std::deque<Slot> slots;     ///< slot 0 stands for all records as in the file
-  std::size_t differing = 0;  ///< records that aren't what the file on disk has
+  std::deque<Slot, PartAllocator<Slot>> slots;  ///< slot 0 stands for all records as in the file
+  std::size_t differing = 0;                    ///< records that aren't what the file on disk has
   OverlayBuilder overlays;
   std::string newBytes;  ///< of the record being inserted; keeps its memory for the next one
   std::vector<StoreListener*> listeners;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/dxf/part_memory.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
@@ -79,7 +80,8 @@ class Journal : private dxf::StoreListener {
   bool differs(const Entry& entry) const;
 
   dxf::RecordStore& store_;
-  std::deque<Entry> entries_;  ///< grows without moving what is there
+  /// Grows without moving what is there.
+  std::deque<Entry, dxf::PartAllocator<Entry>> entries_;
   std::vector<Boundary> boundaries_;
   std::vector<Undone> undone_;
   std::vector<std::size_t> transactions_;
