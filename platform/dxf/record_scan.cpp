@@ -115,7 +115,7 @@ void RecordScanner::beginRecord(const GroupView& group) {
   collector_.start(group.value());
   const RecordKind kind = collector_.fields().kind;
   RecordEntry entry;
-  entry.begin = static_cast<std::uint64_t>(group.begin - file_.data());
+  entry.setBegin(static_cast<std::uint64_t>(group.begin - file_.data()));
   entry.kind = kind;
   out_.records.push(entry);
   sectionNamed_ = true;
@@ -131,14 +131,15 @@ void RecordScanner::endRecord(const char* end) {
   RecordEntry& entry = out_.records.back();
   // Inside a record offsets have 32 bits.
   constexpr std::uint64_t kLargestRecord = 0xffffffff;
-  const auto size = static_cast<std::uint64_t>(end - file_.data()) - entry.begin;
-  if (size > kLargestRecord || out_.records.size() >= kNoRecord) tooLarge_ = true;
+  const auto recordEnd = static_cast<std::uint64_t>(end - file_.data());
+  tooLarge_ = recordEnd - entry.begin() > kLargestRecord ||
+              recordEnd >= RecordEntry::kEndOfBegins || out_.records.size() >= kNoRecord;
   const RecordFields& fields = collector_.fields();
   entry.flags = fields.flags;
   if (fields.flags & kMarkers) out_.dialect.subclassMarkers = true;
   if (!recordsHaveHandles(entry.section)) return;
-  entry.handle = fields.handle;
-  entry.owner = fields.owner;
+  out_.records.setHandle(out_.records.size() - 1, fields.handle);
+  out_.records.setOwner(out_.records.size() - 1, fields.owner);
   out_.greatestHandle = std::max(out_.greatestHandle, fields.handle);
   if (fields.handle != 0) out_.dialect.handles = true;
   if (fields.owner != 0 && entry.section != SectionKind::kObjects) out_.dialect.owners = true;
@@ -221,16 +222,16 @@ Result<void> RecordScanner::checkEnd(GroupStatus status) const {
     return fault(position_, "no DXF file: it doesn't begin with a record (group 0)");
   }
   if (inSection_) {
-    return fault(sawEof_ ? file_.data() + out_.records[out_.records.size() - 1].begin : position_,
+    return fault(sawEof_ ? file_.data() + out_.records[out_.records.size() - 1].begin() : position_,
                  "the file ends inside the section " + sectionName_);
   }
   const RecordEntry& last = out_.records[out_.records.size() - 1];
   const bool openLine = !out_.dialect.binary && position_ == end() && !file_.ends_with('\n');
   if (openLine && last.kind == RecordKind::kOther && last.section == SectionKind::kNone) {
-    return fault(file_.data() + last.begin, "the file ends inside a group");  // such as EO of EOF
+    return fault(file_.data() + last.begin(), "the file ends inside a group");  // such as EO of EOF
   }
   if (out_.structural.empty() && out_.records[0].kind == RecordKind::kOther) {
-    return fault(file_.data() + out_.records[0].begin, "no DXF file: it has no section");
+    return fault(file_.data() + out_.records[0].begin(), "no DXF file: it has no section");
   }
   return {};
 }
@@ -247,7 +248,7 @@ Result<ScannedFile> RecordScanner::scan() {
   endRecord(position_);
   if (Result<void> end = checkEnd(status); !end) return end.error();
   out_.recordsEnd = static_cast<std::uint64_t>(position_ - file_.data());
-  const std::string_view first = file_.substr(out_.records[0].begin);
+  const std::string_view first = file_.substr(out_.records[0].begin());
   const GroupStyle style = groupStyle(out_.dialect, first);
   out_.dialect.crlf = style.crlf;
   out_.dialect.paddedCodes = style.codeWidth > 1;

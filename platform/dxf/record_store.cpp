@@ -107,10 +107,10 @@ SectionKind RecordStore::section(RecordIndex record) const {
   return impl_->records[record].section;
 }
 std::uint64_t RecordStore::handle(RecordIndex record) const {
-  return impl_->records[record].handle;
+  return impl_->records.handle(record);
 }
 std::uint64_t RecordStore::owner(RecordIndex record) const {
-  return impl_->records[record].owner;
+  return impl_->records.owner(record);
 }
 bool RecordStore::attributesFollow(RecordIndex record) const {
   return (impl_->records[record].flags & kAttributesFollow) != 0;
@@ -172,7 +172,7 @@ RecordIndex RecordStore::find(std::uint64_t handle) const {
   const RecordIndex found = impl_->handles.find(handle);
   if (found == kNoRecord || !erased(found) || !impl_->handles.duplicates()) return found;
   for (RecordIndex record = found + 1; record < count(); ++record) {
-    if (impl_->records[record].handle == handle && !erased(record)) return record;
+    if (impl_->records.handle(record) == handle && !erased(record)) return record;
   }
   return found;
 }
@@ -226,9 +226,9 @@ void RecordStore::refreshFields(RecordIndex record) {
   entry.kind = fields.kind;
   entry.flags = fields.flags;
   if (!recordsHaveHandles(entry.section)) return;
-  entry.handle = fields.handle;
-  entry.owner = fields.owner;
-  impl_->greatestHandle = std::max(impl_->greatestHandle, entry.handle);
+  impl_->records.setHandle(record, fields.handle);
+  impl_->records.setOwner(record, fields.owner);
+  impl_->greatestHandle = std::max(impl_->greatestHandle, fields.handle);
   if (impl_->handlesMapped) impl_->handles.add(record);
 }
 

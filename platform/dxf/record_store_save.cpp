@@ -137,12 +137,11 @@ void RecordStore::writeTo(Append append) const {
   writer.writeMark(mark);
   std::uint64_t written = mark.size();  // of the file
   for (RecordIndex record = first(); record != kNoRecord; record = next(record)) {
-    const RecordEntry& entry = impl_->records[record];
     const auto other = rewritten.find(record);
-    if (entry.slot == 0 && other == rewritten.end()) continue;
+    if (impl_->records.slot(record) == 0 && other == rewritten.end()) continue;
     const bool inserted = record >= impl_->originals;
     const std::string_view old = impl_->original(record);
-    const std::uint64_t begin = inserted ? insertionPoint(record) : entry.begin;
+    const std::uint64_t begin = inserted ? insertionPoint(record) : impl_->records[record].begin();
     if (begin > written) writer.write(file.substr(written, begin - written));
     written = begin + old.size();
     if (erased(record)) continue;
@@ -156,7 +155,7 @@ void RecordStore::writeTo(Append append) const {
 /// Where in the file an inserted record stands.
 std::uint64_t RecordStore::insertionPoint(RecordIndex record) const {
   const RecordIndex anchor = impl_->order.anchor(record);
-  return anchor == impl_->originals ? impl_->recordsEnd : impl_->records[anchor].begin;
+  return anchor == impl_->originals ? impl_->recordsEnd : impl_->records[anchor].begin();
 }
 
 std::string RecordStore::toBytes() const {

@@ -9,7 +9,10 @@ namespace kovra::dxf {
 
 void RecordTable::reserve(std::size_t records) {
   if (records <= capacity_) return;
-  if (!memory_.resize(records * sizeof(RecordEntry))) throw std::bad_alloc();
+  if (!entries_.resize(records * sizeof(RecordEntry)) ||
+      !slots_.resize(records * sizeof(std::uint32_t))) {
+    throw std::bad_alloc();
+  }
   capacity_ = records;
 }
 
@@ -111,13 +114,13 @@ void HandleMap::reserve(std::size_t handles) {
 }
 
 void HandleMap::add(RecordIndex record) {
-  const std::uint64_t handle = records_[record].handle;
+  const std::uint64_t handle = records_.handle(record);
   if (handle == 0) return;
   if ((size_ + 1) * 3 > capacity_ * 2) reserve(size_ * 2 + 1);
   std::size_t slot = slotOf(handle);
   while (slots_[slot] != 0) {
     if (slots_[slot] == record + 1) return;
-    if (records_[slots_[slot] - 1].handle == handle) {
+    if (records_.handle(slots_[slot] - 1) == handle) {
       duplicates_ = true;
       return;
     }
@@ -131,7 +134,7 @@ RecordIndex HandleMap::find(std::uint64_t handle) const {
   if (capacity_ == 0 || handle == 0) return kNoRecord;
   for (std::size_t slot = slotOf(handle); slots_[slot] != 0; slot = (slot + 1) & (capacity_ - 1)) {
     const RecordIndex record = slots_[slot] - 1;
-    if (records_[record].handle == handle) return record;
+    if (records_.handle(record) == handle) return record;
   }
   return kNoRecord;
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <unordered_map>
 
 #include "platform/dxf/dialect.h"
 #include "platform/dxf/group_format.h"
@@ -28,21 +29,42 @@ struct RecordFields {
   std::uint8_t flags = 0;
 };
 
-/// One record; 32 bytes, since a drawing has millions.
+/// One record; 16 bytes, since a drawing has millions.
 struct RecordEntry {
-  std::uint64_t begin = 0;  ///< in the file; 0 for inserted records
-  std::uint64_t handle = 0;
-  std::uint64_t owner = 0;
-  std::uint32_t slot = 0;  ///< number of its state, if it was ever changed; 0: as in the file
+  static constexpr std::uint64_t kEndOfBegins = std::uint64_t{1} << 40U;
+
+  /// In the file, below kEndOfBegins; 0 for inserted records.
+  std::uint64_t begin() const { return std::uint64_t{beginHigh} << 32U | beginLow; }
+  void setBegin(std::uint64_t begin) {
+    beginLow = static_cast<std::uint32_t>(begin);
+    beginHigh = static_cast<std::uint8_t>(begin >> 32U);
+  }
+
+  std::uint32_t beginLow = 0;
+  std::uint8_t beginHigh = 0;
   RecordKind kind = RecordKind::kOther;
   SectionKind section = SectionKind::kNone;
   std::uint8_t flags = 0;
+  std::uint32_t shortHandle = 0;  ///< the table tells the handle itself
+  std::uint32_t shortOwner = 0;
 };
-static_assert(sizeof(RecordEntry) == 32);
+static_assert(sizeof(RecordEntry) == 16);
 
 /// The records by index.
 class RecordTable {
  public:
+  std::uint64_t handle(std::size_t n) const { return whole(entries()[n].shortHandle, n, handles_); }
+  std::uint64_t owner(std::size_t n) const { return whole(entries()[n].shortOwner, n, owners_); }
+  void setHandle(std::size_t n, std::uint64_t handle) {
+    entries()[n].shortHandle = keep(handle, n, handles_);
+  }
+  void setOwner(std::size_t n, std::uint64_t owner) {
+    entries()[n].shortOwner = keep(owner, n, owners_);
+  }
+  /// The number of its state, if it was ever changed; 0: as in the file.
+  std::uint32_t slot(std::size_t n) const { return slots()[n]; }
+  void setSlot(std::size_t n, std::uint32_t slot) { slots()[n] = slot; }
+
   std::size_t size() const { return size_; }
   RecordEntry& operator[](std::size_t n) { return entries()[n]; }
   const RecordEntry& operator[](std::size_t n) const { return entries()[n]; }
@@ -55,11 +77,27 @@ class RecordTable {
   void reserve(std::size_t records);
 
  private:
-  RecordEntry* entries() const { return reinterpret_cast<RecordEntry*>(memory_.data()); }
+  /// Handles of more than 32 bits, which hardly any drawing has, by record.
+  using WideHandles = std::unordered_map<std::size_t, std::uint64_t>;
+  static constexpr std::uint32_t kWide = 0xffffffff;  ///< stands for them in the entries
 
-  LargeMemory memory_;
+  static std::uint64_t whole(std::uint32_t kept, std::size_t n, const WideHandles& wide) {
+    return kept != kWide ? kept : wide.at(n);
+  }
+  static std::uint32_t keep(std::uint64_t handle, std::size_t n, WideHandles& wide) {
+    if (handle < kWide) return static_cast<std::uint32_t>(handle);
+    wide[n] = handle;
+    return kWide;
+  }
+  RecordEntry* entries() const { return reinterpret_cast<RecordEntry*>(entries_.data()); }
+  std::uint32_t* slots() const { return reinterpret_cast<std::uint32_t*>(slots_.data()); }
+
+  LargeMemory entries_;
+  LargeMemory slots_;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
+  WideHandles handles_;
+  WideHandles owners_;
 };
 
 /// Sections whose records have handles and owners of their own; elsewhere 5 and 330 are data.

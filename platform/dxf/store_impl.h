@@ -39,18 +39,17 @@ struct RecordStore::Impl {
 
   std::string_view original(RecordIndex record) const {
     if (record >= originals) return {};
-    const std::uint64_t begin = records[record].begin;
-    const std::uint64_t end = record + 1 < originals ? records[record + 1].begin : recordsEnd;
+    const std::uint64_t begin = records[record].begin();
+    const std::uint64_t end = record + 1 < originals ? records[record + 1].begin() : recordsEnd;
     return file.view().substr(begin, end - begin);
   }
-  const RecordState& state(RecordIndex record) const { return slots[records[record].slot].now; }
+  const RecordState& state(RecordIndex record) const { return slots[records.slot(record)].now; }
   Slot& slotOf(RecordIndex record) {
-    RecordEntry& entry = records[record];
-    if (entry.slot == 0) {
-      entry.slot = static_cast<std::uint32_t>(slots.size());
+    if (records.slot(record) == 0) {
+      records.setSlot(record, static_cast<std::uint32_t>(slots.size()));
       slots.emplace_back();
     }
-    return slots[entry.slot];
+    return slots[records.slot(record)];
   }
   void fill(RecordIndex record, std::string& out) const {
     const std::string_view bytes = original(record);

@@ -91,9 +91,9 @@ std::string scanned(const std::string& bytes, std::size_t piece) {
   if (!file) return file.error().message;
   std::string found = std::to_string(file.value().recordsEnd);
   for (std::size_t n = 0; n < file.value().records.size(); ++n) {
-    const RecordEntry& entry = file.value().records[n];
-    found += " " + std::to_string(entry.begin) + ":" + formatHandle(entry.handle) + ":" +
-             formatHandle(entry.owner) + ":" + std::to_string(entry.flags);
+    const RecordTable& records = file.value().records;
+    found += " " + std::to_string(records[n].begin()) + ":" + formatHandle(records.handle(n)) +
+             ":" + formatHandle(records.owner(n)) + ":" + std::to_string(records[n].flags);
   }
   return found;
 }

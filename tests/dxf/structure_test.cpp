@@ -219,6 +219,24 @@ TEST(Structure, AWrongSeedMakesNoDuplicateHandles) {
   EXPECT_EQ(absurd->newHandle(), 3U);
 }
 
+TEST(Structure, HandlesAndOwnersMayHave64Bits) {
+  for (const std::uint64_t wide : {0xfffffffeULL, 0xffffffffULL, 0x100000000ULL, ~0ULL}) {
+    const std::string digits = formatHandle(wide);
+    const auto store = open(write("0 SECTION\n2 ENTITIES\n0 LINE\n5 1\n0 LINE\n5 " + digits +
+                                  "\n330 " + digits + "\n0 ENDSEC\n0 EOF"));
+    const RecordIndex line = store->find(wide);
+    ASSERT_NE(line, kNoRecord) << digits;
+    EXPECT_EQ(store->handle(line), wide);
+    EXPECT_EQ(store->owner(line), wide);
+    RecordDraft draft;
+    store->load(line, draft);
+    draft.setHandle(draft.find(330), 7);
+    store->replace(line, draft);
+    EXPECT_EQ(store->owner(line), 7U) << digits;
+    EXPECT_EQ(store->find(wide), line);
+  }
+}
+
 TEST(Structure, TheNewDrawingHasWhatCommandsNeed) {
   const auto store = RecordStore::newDrawing();
   Structure structure(*store);
