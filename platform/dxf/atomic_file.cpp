@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBufferSize = std::size_t{1} << 20U;
+constexpr std::size_t kBufferSize = std::size_t{256} << 10U;
 constexpr mode_t kModeBits = 07777;
 constexpr const char* kTemporaryName = "/.kovra-";
 
