@@ -16,6 +16,9 @@ namespace {
 /// So much is read at a time; files up to this size at once.
 constexpr std::size_t kPiece = std::size_t{128} << 10U;
 
+/// From this size on a thread more is worth its start.
+constexpr std::size_t kLargeFile = std::size_t{32} << 20U;
+
 FileStamp stampFrom(const struct stat& status) {
   return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
           status.st_mtim.tv_nsec};
@@ -77,9 +80,12 @@ void FileReading::begin() {
   if (toRead_ > kPiece) {
     try {
       thread_ = std::jthread([this](const std::stop_token& stop) { readAll(stop); });
+      if (toRead_ < kLargeFile) return;
+      preparing_ = std::jthread([this](const std::stop_token& stop) { prepareMemory(stop); });
       return;
     } catch (const std::system_error&) {
       // No thread to be had: the file is read at once.
+      if (thread_.joinable()) return;
     }
   }
   readAll({});
@@ -87,6 +93,20 @@ void FileReading::begin() {
 
 void FileReading::readAll(const std::stop_token& stop) {
   while (!done_ && !stop.stop_requested()) readPiece();
+}
+
+/// Takes memory from the end on while the beginning is read. On virtual machines whose host takes
+/// back free memory a large page may need longer than what is read into it.
+void FileReading::prepareMemory(const std::stop_token& stop) {
+  std::size_t at = bytes_.memory_.size() / LargeMemory::kLargePage * LargeMemory::kLargePage;
+  while (at != 0 && !stop.stop_requested()) {
+    at -= LargeMemory::kLargePage;
+    {
+      const std::lock_guard guard(lock_);
+      if (done_ || bytes_.size_ > at) return;
+    }
+    if (!bytes_.memory_.prepare(at, LargeMemory::kLargePage)) return;
+  }
 }
 
 void FileReading::readPiece() {
@@ -109,6 +129,7 @@ std::string_view FileReading::waitPast(std::size_t seen) {
 
 Result<FileBytes> FileReading::finish(FileStamp& stamp) {
   if (thread_.joinable()) thread_.join();
+  preparing_ = {};
   if (error_ != 0) return readError(path_, error_);
   struct stat after {};
   if (::fstat(file_.get(), &after) != 0 || stampFrom(after) != stamp_ || bytes_.size_ != toRead_) {

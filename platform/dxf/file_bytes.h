@@ -76,6 +76,7 @@ class FileReading {
   void begin();
   void readAll(const std::stop_token& stop);
   void readPiece();
+  void prepareMemory(const std::stop_token& stop);
 
   std::string path_;
   Descriptor file_;
@@ -86,7 +87,8 @@ class FileReading {
   bool done_ = false;  ///< nothing is left to read, or nothing can be; changes under the lock
   std::mutex lock_;
   std::condition_variable came_;
-  std::jthread thread_;  ///< last, so that it ends first
+  std::jthread thread_;     ///< the threads stand last, so that they end first
+  std::jthread preparing_;  ///< see prepareMemory()
 };
 
 /// The system's words for an errno value.

@@ -8,7 +8,7 @@ namespace kovra::dxf {
 
 namespace {
 
-constexpr std::size_t kLargePage = std::size_t{2} << 20U;
+constexpr std::size_t kLargePage = LargeMemory::kLargePage;
 
 /// Whole large pages for what fills half of one or more: the system puts them where they fit.
 std::size_t wholePages(std::size_t size) {
@@ -41,6 +41,10 @@ bool LargeMemory::resize(std::size_t size) {
   data_ = static_cast<char*>(memory);
   size_ = size;
   return true;
+}
+
+bool LargeMemory::prepare(std::size_t begin, std::size_t size) const {
+  return ::madvise(data_ + begin, size, MADV_POPULATE_WRITE) == 0;
 }
 
 }  // namespace kovra::dxf

@@ -11,6 +11,8 @@ namespace kovra::dxf {
 /// reading a drawing.
 class LargeMemory {
  public:
+  static constexpr std::size_t kLargePage = std::size_t{2} << 20U;
+
   LargeMemory() = default;
   ~LargeMemory();
   LargeMemory(LargeMemory&& other) noexcept;
@@ -19,6 +21,9 @@ class LargeMemory {
   /// Makes it `size` bytes long; what was there stays, what is new is zero. False if there is no
   /// memory: it is as before then.
   bool resize(std::size_t size);
+  /// Takes the pages of a piece before they are touched; by another thread it costs nobody time.
+  /// False if the system can't: they come with the first touch then, as ever.
+  bool prepare(std::size_t begin, std::size_t size) const;
   char* data() const { return data_; }
   std::size_t size() const { return size_; }
 
