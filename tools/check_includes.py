@@ -31,7 +31,9 @@ ALLOWED = {
     "module/grid": ["module/frame"],
     "module/options": ["module/frame", "module/params", "module/grid"],
     "host": ["platform"],
-    "host/terminal": ["host/program/line_source.h", "host/libraries/terminal_library.h", "platform"],
+    "host/terminal": [
+        "host/lines/completion.h", "host/program/line_source.h", "host/libraries/terminal_library.h", "platform",
+    ],
     "host/picture": ["host/program/options.h", "host/libraries/picture_library.h", "platform"],
 }
 

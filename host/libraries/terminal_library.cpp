@@ -10,11 +10,11 @@ bool terminalIsThere() {
   return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
 }
 
-Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd) {
+Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete) {
   const auto lines = loadProgramExport<decltype(kovraTerminalLines)>(
       "kovra_terminal.so", "kovraTerminalLines", "no lines can be typed");
   if (!lines) return lines.error();
-  return std::unique_ptr<LineSource>(lines.value()(savesAtEnd));
+  return std::unique_ptr<LineSource>(lines.value()(savesAtEnd, std::move(complete)));
 }
 
 }  // namespace kovra::host

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "host/lines/completion.h"
 #include "host/program/line_source.h"
 #include "platform/dxf/result.h"
 
@@ -12,10 +13,12 @@ bool terminalIsThere();
 
 /// The lines that a person types there, from the library of host/terminal/: most runs are scripts,
 /// which need no line editor. `savesAtEnd`: changes are written when the input ends, so there is
-/// nothing to warn of. kNotFound, kNotReadable: see loadProgramExport().
-Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd);
+/// nothing to warn of. `complete` is asked while a line is typed. kNotFound, kNotReadable: see
+/// loadProgramExport().
+Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete);
 
 }  // namespace kovra::host
 
 /// What the library exports. The caller owns the lines.
-extern "C" kovra::host::LineSource* kovraTerminalLines(bool savesAtEnd);
+extern "C" kovra::host::LineSource* kovraTerminalLines(bool savesAtEnd,
+                                                       kovra::host::Completer complete);

@@ -12,12 +12,19 @@ namespace {
 struct CommandName {
   const wchar_t* name;
   int ordinal;
+  const wchar_t* summary;
 };
 
 constexpr CommandName kCommands[] = {
-    {L"KOVRA_TEXT", 1000},         {L"KOVRA_TEXT_RESIZEH", 1001},  {L"KOVRA_TEXT_PROPERTIES", 1002},
-    {L"KOVRA_TEXT_COUNTUP", 1003}, {L"KOVRA_ATTR_COPY", 1004},     {L"KOVRA_ATTR_COPY_ALL", 1005},
-    {L"-KOVRA_ATTR_COPY", 1006},   {L"KOVRA_TEXT_EDITPROP", 1007}, {L"KOVRA_TEXT_ALIGN", 1008},
+    {L"KOVRA_TEXT", 1000, L"places texts"},
+    {L"KOVRA_TEXT_RESIZEH", 1001, L"changes the height of one text"},
+    {L"KOVRA_TEXT_PROPERTIES", 1002, L"changes properties of the selected texts"},
+    {L"KOVRA_TEXT_COUNTUP", 1003, L"copies texts with counted values"},
+    {L"KOVRA_ATTR_COPY", 1004, L"copies properties to attributes"},
+    {L"KOVRA_ATTR_COPY_ALL", 1005, L"the same, always with the dialog of data version 12.0"},
+    {L"-KOVRA_ATTR_COPY", 1006, L"sets properties of attributes from the command line"},
+    {L"KOVRA_TEXT_EDITPROP", 1007, L"applies a set of properties, selection after selection"},
+    {L"KOVRA_TEXT_ALIGN", 1008, L"puts the selected texts into a column"},
 };
 
 void showOptions() {
@@ -33,9 +40,10 @@ Result<void> TextModule::load() {
   module_ = loaded.module;
   callByName("KovraInitApplication");
   for (const CommandName& command : kCommands) {
-    arx::host::bindCommand(command.name, [this, &command] { run(command.ordinal); });
+    arx::host::bindCommand(
+        command.name, [this, &command] { run(command.ordinal); }, command.summary);
   }
-  arx::host::bindCommand(L"KOVRA_OPTIONS", showOptions);
+  arx::host::bindCommand(L"KOVRA_OPTIONS", showOptions, L"shows the options");
   return {};
 }
 

@@ -7,17 +7,20 @@
 #include "host/program/options.h"
 #include "host/program/script_text.h"
 #include "platform/dxf/result.h"
+#include "platform/win/base/windows_types.h"
 
 namespace kovra::host {
 
+class TerminalGuide;
 class TextModule;
 
 /// What the handlers of `@` lines work on.
 struct LineContext {
   const RunOptions& options;
   TextModule& module;
-  std::ostream& out;          ///< for what is printed also with --quiet
-  unsigned usedTemplate = 0;  ///< the dialog that lines mean, by its template; 0: the topmost
+  std::ostream& out;               ///< for what is printed also with --quiet
+  unsigned usedTemplate = 0;       ///< the dialog that lines mean, by its template; 0: the topmost
+  TerminalGuide* guide = nullptr;  ///< of the person at the terminal; null in scripts
 };
 
 /// An `@` line by its name.
@@ -25,6 +28,10 @@ struct LineHandler {
   std::wstring_view name;  ///< without the "@"
   Result<void> (*carryOut)(LineContext& context, Arguments& arguments);
   bool file = false;  ///< a failure is one of reading or writing a file
+  /// What stands behind the name: words in capitals for what is asked (completion.cpp knows them),
+  /// others as they are typed; in brackets what may be missing.
+  std::wstring_view usage{};
+  std::wstring_view summary{};  ///< what it does, for a list of lines
 };
 
 /// Tables of the handlers, by subject.
@@ -35,7 +42,13 @@ std::span<const LineHandler> pointerLines();
 std::span<const LineHandler> dialogLines();
 std::span<const LineHandler> pictureLines();
 
+/// All the tables.
+std::span<const std::span<const LineHandler>> lineTables();
 /// Null for an unknown name.
 const LineHandler* findLineHandler(std::wstring_view name);
+
+/// The dialog that lines mean: the one that @use named if the user could reach it, else the
+/// topmost; null if none is open.
+HWND meantDialog(const LineContext& context);
 
 }  // namespace kovra::host

@@ -1,5 +1,6 @@
 #include "host/lines/line_runner.h"
 
+#include "host/lines/terminal_guide.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
 
@@ -25,6 +26,7 @@ LineRunner::~LineRunner() {
 bool LineRunner::dispatchOne() {
   settle();
   if (stopped_ || ended_) return cancelWhatWaits();
+  if (context_.guide != nullptr) context_.guide->beforeLine();
   if (const std::optional<InputLine> line = source_.next()) {
     begin(*line);
     return true;
@@ -48,9 +50,13 @@ void LineRunner::begin(const InputLine& line) {
 void LineRunner::carryOut(std::wstring_view text) {
   if (text.starts_with(L'#')) return;
   if (text.starts_with(L'@')) return carryOutAt(text.substr(1));
+  if (context_.guide != nullptr && context_.guide->takes(text)) return;
   if (text.empty() && arx::host::currentDrawing() == 0) return;
   const Result<void> typed = arx::host::typeText(std::wstring(text) + L'\n');
-  if (!typed) failure_ = Failure{typed.error()};
+  if (typed) return;
+  failure_ = Failure{typed.error()};
+  const bool helpless = context_.guide != nullptr && arx::host::topWait().modalOnTop;
+  if (helpless) failure_->error.message += "; ? says what it takes";
 }
 
 void LineRunner::carryOutAt(std::wstring_view text) {

@@ -45,9 +45,11 @@ Result<void> clipboardLine(LineContext& context, Arguments& arguments) {
 }
 
 constexpr LineHandler kLines[] = {
-    {L"answer", answerLine},
-    {L"files", filesLine},
-    {L"clipboard", clipboardLine},
+    {L"answer", answerLine, false, L"ANSWER", L"lays an answer to the next message box ready"},
+    {L"files", filesLine, false, L"[PROJECT-FILE...]",
+     L"lays an answer to the next file choice ready"},
+    {L"clipboard", clipboardLine, false, L"[TEXT]",
+     L"puts a text on the clipboard, or prints what is there"},
 };
 
 }  // namespace

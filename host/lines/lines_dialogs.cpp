@@ -1,4 +1,5 @@
 // Lines for dialogs and their controls.
+#include "host/lines/dialog_view.h"
 #include "host/lines/line_handlers.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
@@ -16,16 +17,14 @@ Result<void> done(const win::InputResult& input) {
   return input ? Result<void>() : refused(input.error);
 }
 
-// The dialog that lines mean: the one that @use named if the user could reach it, else the topmost.
-Result<HWND> meantDialog(const LineContext& context) {
-  HWND dialog = context.usedTemplate == 0 ? nullptr : win::dialogOfTemplate(context.usedTemplate);
-  if (dialog == nullptr) dialog = win::topDialog();
+Result<HWND> openDialog(const LineContext& context) {
+  HWND dialog = meantDialog(context);
   if (dialog == nullptr) return refused("no dialog is open");
   return dialog;
 }
 
 Result<HWND> control(LineContext& context, Arguments& arguments) {
-  const Result<HWND> dialog = meantDialog(context);
+  const Result<HWND> dialog = openDialog(context);
   if (!dialog) return dialog.error();
   const Result<int> id = arguments.integer("a control's number");
   if (!id) return id.error();
@@ -119,7 +118,7 @@ Result<void> keyLine(LineContext& context, Arguments& arguments) {
 }
 
 Result<void> placeLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> dialog = meantDialog(context);
+  const Result<HWND> dialog = openDialog(context);
   if (!dialog) return dialog.error();
   Arguments ahead = arguments;
   const Result<std::vector<std::wstring>> words = ahead.words();
@@ -140,7 +139,7 @@ Result<void> placeLine(LineContext& context, Arguments& arguments) {
 
 Result<void> closeLine(LineContext& context, Arguments& arguments) {
   if (const Result<void> end = arguments.end(); !end) return end;
-  const Result<HWND> dialog = meantDialog(context);
+  const Result<HWND> dialog = openDialog(context);
   return dialog ? done(win::pressCloseBox(dialog.value())) : dialog.error();
 }
 
@@ -169,30 +168,60 @@ std::string controlText(const win::ControlListing& listing) {
   return text;
 }
 
+void printAll(const win::DialogListing& listing, std::ostream& out) {
+  const RECT& place = listing.place;
+  out << win::toUtf8(quotedText(listing.title)) << " template " << listing.templateId << " at "
+      << place.left << ' ' << place.top << " size " << place.right - place.left << ' '
+      << place.bottom - place.top << (listing.minimized ? " minimized" : "") << '\n';
+  for (const win::ControlListing& entry : listing.controls) {
+    out << "  " << controlText(entry)
+        << (entry.id == listing.focusId && entry.id != 0 ? " focus" : "") << '\n';
+  }
+}
+
 Result<void> dialogLine(LineContext& context, Arguments& arguments) {
+  const bool shortly = !arguments.atEnd();
+  if (shortly) {
+    const Result<std::wstring> word = arguments.word("short");
+    if (!word || word.value() != L"short") return refused("@dialog takes nothing or short");
+  }
   if (const Result<void> end = arguments.end(); !end) return end;
-  const Result<HWND> dialog = meantDialog(context);
+  const Result<HWND> dialog = openDialog(context);
   if (!dialog) return dialog.error();
   const win::DialogListing listing = win::listDialog(dialog.value());
   win::interaction().freshLine();
-  const RECT& place = listing.place;
-  context.out << win::toUtf8(quotedText(listing.title)) << " template " << listing.templateId
-              << " at " << place.left << ' ' << place.top << " size " << place.right - place.left
-              << ' ' << place.bottom - place.top << (listing.minimized ? " minimized" : "") << '\n';
-  for (const win::ControlListing& entry : listing.controls) {
-    context.out << "  " << controlText(entry)
-                << (entry.id == listing.focusId && entry.id != 0 ? " focus" : "") << '\n';
+  if (shortly) {
+    context.out << dialogView(listing);
+  } else {
+    printAll(listing, context.out);
   }
   return {};
 }
 
 constexpr LineHandler kLines[] = {
-    {L"click", clickLine}, {L"type", typeLine},   {L"caret", caretLine},   {L"choose", chooseLine},
-    {L"check", checkLine}, {L"focus", focusLine}, {L"key", keyLine},       {L"place", placeLine},
-    {L"close", closeLine}, {L"use", useLine},     {L"dialog", dialogLine},
+    {L"click", clickLine, false, L"ID",
+     L"presses a button, toggles a check box, checks a radio button"},
+    {L"type", typeLine, false, L"ID TEXT", L"types over the text of a field, \"\" empties it"},
+    {L"caret", caretLine, false, L"ID FROM [TO]",
+     L"puts the caret behind a character, or selects up to another"},
+    {L"choose", chooseLine, false, L"ID ITEM",
+     L"picks an item of a list by its text, #N by its index from 0"},
+    {L"check", checkLine, false, L"ID on|off", L"checks a box or not, and says how it stands"},
+    {L"focus", focusLine, false, L"ID", L"moves the focus"},
+    {L"key", keyLine, false, L"ID KEY", L"presses a key there: Tab, F2, Ctrl+C ..."},
+    {L"place", placeLine, false, L"X Y [W H]|min", L"moves, sizes or minimises the dialog"},
+    {L"close", closeLine, false, L"", L"presses the dialog's close box"},
+    {L"use", useLine, false, L"TEMPLATE", L"says which of several open dialogs the lines mean"},
+    {L"dialog", dialogLine, false, L"[short]",
+     L"prints all controls of the dialog; short: what is visible, as on the screen"},
 };
 
 }  // namespace
+
+HWND meantDialog(const LineContext& context) {
+  HWND dialog = context.usedTemplate == 0 ? nullptr : win::dialogOfTemplate(context.usedTemplate);
+  return dialog != nullptr ? dialog : win::topDialog();
+}
 
 std::span<const LineHandler> dialogLines() {
   return kLines;

@@ -138,14 +138,15 @@ Result<void> showLine(LineContext& context, Arguments& arguments) {
 }
 
 constexpr LineHandler kLines[] = {
-    {L"open", openLine, true},
-    {L"activate", activateLine},
-    {L"closedrawing", closeDrawingLine},
-    {L"save", saveLine, true},
-    {L"project", projectLine, true},
-    {L"reload", reloadLine},
-    {L"list", listLine},
-    {L"show", showLine},
+    {L"open", openLine, true, L"FILE.dxf", L"opens a drawing"},
+    {L"activate", activateLine, false, L"DRAWING", L"makes an open drawing current"},
+    {L"closedrawing", closeDrawingLine, false, L"",
+     L"closes the current drawing; unsaved changes are dropped"},
+    {L"save", saveLine, true, L"[FILE.dxf]", L"saves the current drawing, or a copy elsewhere"},
+    {L"project", projectLine, true, L"[DIR]", L"makes another project current, or none"},
+    {L"reload", reloadLine, false, L"", L"loads the module with the text commands again"},
+    {L"list", listLine, false, L"", L"prints the texts of the current drawing"},
+    {L"show", showLine, false, L"VARIABLE", L"prints a system variable"},
 };
 
 }  // namespace

@@ -51,9 +51,9 @@ Result<void> keysLine(LineContext&, Arguments& arguments) {
 }
 
 constexpr LineHandler kLines[] = {
-    {L"enter", enterLine},
-    {L"esc", escapeLine},
-    {L"keys", keysLine},
+    {L"enter", enterLine, false, L"", L"presses Enter in the dialog on top or at the command line"},
+    {L"esc", escapeLine, false, L"", L"presses Esc there"},
+    {L"keys", keysLine, false, L"TEXT", L"types characters without Enter"},
 };
 
 }  // namespace

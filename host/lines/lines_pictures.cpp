@@ -26,7 +26,10 @@ Result<void> pictureLine(LineContext&, Arguments& arguments) {
   return draw(file, form.value());
 }
 
-constexpr LineHandler kLines[] = {{L"picture", pictureLine, true}};
+constexpr LineHandler kLines[] = {
+    {L"picture", pictureLine, true, L"FILE [dialog]",
+     L"draws the screen or the dialog into FILE.svg or FILE.png"},
+};
 
 }  // namespace
 

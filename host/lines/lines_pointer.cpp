@@ -86,8 +86,12 @@ Result<void> preselectLine(LineContext&, Arguments& arguments) {
 }
 
 constexpr LineHandler kLines[] = {
-    {L"point", pointLine},   {L"move", moveLine},           {L"pick", pickLine},
-    {L"select", selectLine}, {L"preselect", preselectLine},
+    {L"point", pointLine, false, L"X,Y[,Z]", L"clicks there: answers a point prompt, ends a drag"},
+    {L"move", moveLine, false, L"X,Y", L"moves the cursor there, a drag follows"},
+    {L"pick", pickLine, false, L"X,Y|HANDLE", L"clicks on an entity"},
+    {L"select", selectLine, false, L"X,Y X,Y|HANDLE...|all",
+     L"answers a selection prompt; @enter ends it"},
+    {L"preselect", preselectLine, false, L"X,Y X,Y|HANDLE...|all", L"selects before a command"},
 };
 
 }  // namespace

@@ -12,7 +12,12 @@ namespace kovra::host {
 namespace {
 
 constexpr const char* kVersion = KOVRA_VERSION;
-constexpr const char* kOwnOptions = "list, check and plot take only what stands behind them";
+
+constexpr const char* kFooter =
+    "Without -s and -c, at a terminal, lines are typed: ? says what there is, Tab completes.\n"
+    "-p, --state, --registry, --language and --quiet may stand before a subcommand or behind it.";
+// Settings of any run: with a subcommand they may stand before it or behind it.
+constexpr const char* kSettings[] = {"--project", "--state", "--registry", "--language", "--quiet"};
 
 // CLI11's own statuses are more than the three of this program.
 int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
@@ -95,7 +100,6 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
   command->add_option("DRAWING", plot.drawing, "Drawing to read")->required()->option_text(" ");
   command->add_option("-o,--output", plot.output, "The picture: FILE.svg or FILE.png")
-      ->required()
       ->option_text("FILE");
   command
       ->add_option_function<std::string>(
@@ -115,8 +119,31 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   return command;
 }
 
+// The picture's name may stand before "plot" too, where the parser takes it for a run's.
+std::string settleOutput(const CLI::App& app, CommandLine& line) {
+  const bool before = app.count("--output") != 0;
+  if (before && !line.plot.output.empty()) return "-o is given twice";
+  if (before) line.plot.output = line.run.output;
+  return line.plot.output.empty() ? "plot needs -o and the name of a picture" : "";
+}
+
+// Options of runs mean nothing to a subcommand, which a user should be told.
+std::string findForeignOption(const CLI::App& app, const CLI::App& subcommand) {
+  const bool plots = subcommand.get_name() == "plot";
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->count() == 0 || (plots && option->check_name("--output"))) continue;
+    const bool setting = std::any_of(std::begin(kSettings), std::end(kSettings),
+                                     [&](const char* name) { return option->check_name(name); });
+    if (option->get_positional())
+      return (plots ? "plot takes one drawing, behind " : "the drawings stand behind ") +
+             subcommand.get_name();
+    if (!setting) return subcommand.get_name() + " takes no " + option->get_name();
+  }
+  return {};
+}
+
 // What CLI11 can't say by itself; empty when all is well.
-std::string findMisuse(const CLI::App& app, const CommandLine& line) {
+std::string findMisuse(const CLI::App& app, CommandLine& line) {
   const RunOptions& run = line.run;
   for (const std::string& command : run.commands) {
     if (command.find_first_of("\n\r") != std::string::npos) return "-c takes one line";
@@ -124,10 +151,8 @@ std::string findMisuse(const CLI::App& app, const CommandLine& line) {
   if (app.count("--script") != 0 && run.script.empty()) return "-s needs the name of a file";
   if (app.count("--output") != 0 && run.output.empty()) return "-o needs the name of a file";
   if (line.mode == Mode::kRun) return {};
-  for (const CLI::Option* option : app.get_options()) {
-    if (option->count() != 0) return kOwnOptions;
-  }
-  return {};
+  const std::string foreign = findForeignOption(app, *app.get_subcommands().front());
+  return foreign.empty() && line.mode == Mode::kPlot ? settleOutput(app, line) : foreign;
 }
 
 }  // namespace
@@ -136,7 +161,9 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   CommandLine line;
   CLI::App app("Runs the text tools on drawings, from a script or a terminal.", "kovra");
   app.set_version_flag("--version", std::string("kovra ") + kVersion);
+  app.footer(kFooter);
   app.require_subcommand(0, 1);
+  app.fallthrough();  // settings of a run also behind a subcommand
   addRunOptions(app, line.run);
   const CLI::App* list = addList(app, line.list);
   const CLI::App* check = addCheck(app, line.check);

@@ -5,7 +5,9 @@
 
 #include "host/libraries/terminal_library.h"
 #include "host/libraries/text_module.h"
+#include "host/lines/completion_offers.h"
 #include "host/lines/line_runner.h"
+#include "host/lines/terminal_guide.h"
 #include "host/program/program_files.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
@@ -109,16 +111,27 @@ bool isInteractive(const RunOptions& options) {
   return options.script.empty() && options.commands.empty() && terminalIsThere();
 }
 
-Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options) {
-  if (isInteractive(options)) return openTerminal(options.saveAll || !options.output.empty());
+// `context` outlives the lines.
+Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options,
+                                              const LineContext& context) {
+  if (isInteractive(options)) {
+    const auto complete = [&context](std::wstring_view line) {
+      return host::complete(line, editor::topWait(),
+                            [&context](OfferKind kind, std::wstring_view detail) {
+                              return offersNow(context, kind, detail);
+                            });
+    };
+    return openTerminal(options.saveAll || !options.output.empty(), complete);
+  }
   auto lines = BatchLines::open(options.commands, options.script);
   if (!lines) return lines.error();
   return std::unique_ptr<LineSource>(std::move(lines).value());
 }
 
-void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
+void runLines(const RunOptions& options, LineContext& context, LineSource& lines,
               ProgramErrors& errors) {
-  LineContext context{options, module, std::cout};
+  std::optional<TerminalGuide> guide;
+  if (isInteractive(options)) context.guide = &guide.emplace(context);
   LineRunner runner(context, lines, errors);
   editor::setEnterRepeats(isInteractive(options));
   editor::setInputShown(!isInteractive(options));
@@ -132,14 +145,15 @@ void runLines(const RunOptions& options, TextModule& module, LineSource& lines,
 
 void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
   applySettings(options, moduleFile.parent_path());
-  const auto lines = openInput(options);
-  if (!lines) return errors.report(kExitFile, {}, lines.error().message);
   TextModule module(moduleFile);
+  LineContext context{options, module, std::cout};
+  const auto lines = openInput(options, context);
+  if (!lines) return errors.report(kExitFile, {}, lines.error().message);
   if (const auto loaded = module.load(); !loaded) {
     return errors.report(kExitFile, {}, loaded.error().message);
   }
   if (openAll(options, errors)) {
-    runLines(options, module, *lines.value(), errors);
+    runLines(options, context, *lines.value(), errors);
   } else {
     closeAll(errors);
   }

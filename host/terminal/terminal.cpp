@@ -1,11 +1,15 @@
 #include "host/terminal/terminal.h"
 
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
 
+#include "host/terminal/candidate_table.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/pump.h"
@@ -16,6 +20,13 @@ namespace kovra::host {
 namespace {
 
 constexpr int kHistoryLines = 1000;
+
+size_t terminalWidth() {
+  winsize size{};
+  constexpr size_t kUsualWidth = 80;
+  const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : kUsualWidth;
+}
 
 // The line that stands in front of the cursor: of a prompt of several lines the last one.
 std::string promptOfWait() {
@@ -30,7 +41,8 @@ std::string promptOfWait() {
 
 }  // namespace
 
-Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
+Terminal::Terminal(bool savesAtEnd, Completer complete)
+    : complete_(std::move(complete)), warned_(savesAtEnd) {
   std::setlocale(LC_CTYPE, "");  // how wide characters are typed and shown
   std::signal(SIGINT, SIG_IGN);  // a Ctrl+C between two lines mustn't end the program
   history_.reset(history_init());
@@ -47,6 +59,8 @@ Terminal::Terminal(bool savesAtEnd) : warned_(savesAtEnd) {
   el_set(editor, EL_ADDFN, "kovra-cancel", "Cancels what waits", &Terminal::cancelKey);
   el_set(editor, EL_SETTY, "-d", "-isig", nullptr);
   el_set(editor, EL_BIND, "^C", "kovra-cancel", nullptr);
+  el_set(editor, EL_ADDFN, "kovra-complete", "Completes what is typed", &Terminal::completeKey);
+  el_set(editor, EL_BIND, "^I", "kovra-complete", nullptr);
   win::interaction().setBoxAsker(
       [this](const win::MessageBoxRequest& box) { return askBox(box.buttons); });
 }
@@ -68,6 +82,25 @@ unsigned char Terminal::cancelKey(EditLine* editor, int) {
   terminal->cancelled_ = true;
   std::fputs("*Cancel*\n", stdout);
   return CC_NEWLINE;
+}
+
+unsigned char Terminal::completeKey(EditLine* editor, int) {
+  Terminal* terminal = nullptr;
+  el_get(editor, EL_CLIENTDATA, &terminal);
+  if (terminal->askingBox_) return CC_ERROR;
+  const LineInfo* info = el_line(editor);
+  const std::wstring line =
+      win::fromUtf8({info->buffer, static_cast<size_t>(info->cursor - info->buffer)});
+  const Completion completion = terminal->complete_(line);
+  if (completion.candidates.empty()) return CC_ERROR;
+  if (completion.literal != completion.typed) {
+    el_deletestr(editor, static_cast<int>(line.size() - completion.begin));
+    if (el_insertstr(editor, win::toUtf8(completion.literal).c_str()) != 0) return CC_ERROR;
+  }
+  const bool longer = completion.literal.size() > completion.typed.size();
+  if (longer || completion.candidates.size() == 1) return CC_REFRESH;
+  std::fputs(("\n" + candidateTable(completion.candidates, terminalWidth())).c_str(), stdout);
+  return CC_REDISPLAY;
 }
 
 void Terminal::loadHistory() {
@@ -141,11 +174,15 @@ int Terminal::askBox(const std::vector<int>& buttons) {
     prompt += name;
   }
   win::interaction().freshLine();
-  while (const std::optional<std::string> line = readLine(prompt + "> ")) {
-    const int button = cancelled_ ? IDCANCEL : win::answerButton(*line);
-    if (cancelled_ || button != 0) return button;
+  askingBox_ = true;
+  int button = 0;
+  while (button == 0) {
+    const std::optional<std::string> line = readLine(prompt + "> ");
+    if (!line && !cancelled_) break;
+    button = cancelled_ ? IDCANCEL : win::answerButton(*line);
   }
-  return 0;
+  askingBox_ = false;
+  return button;
 }
 
 }  // namespace kovra::host

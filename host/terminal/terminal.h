@@ -5,17 +5,19 @@
 #include <memory>
 #include <string>
 
+#include "host/lines/completion.h"
 #include "host/program/line_source.h"
 
 namespace kovra::host {
 
-/// A person at a terminal: line editing and history, the prompt of what waits in front of the line.
+/// A person at a terminal: line editing, completion with Tab and history, the prompt of what waits
+/// in front of the line.
 /// Ctrl+C cancels, Ctrl+D ends the input; with unsaved changes only the second time.
 /// Message boxes with several buttons are asked there. The history is kept from run to run beside
 /// the user's dialog store; where it can't be, it lasts for the run.
 class Terminal : public LineSource {
  public:
-  explicit Terminal(bool savesAtEnd);
+  Terminal(bool savesAtEnd, Completer complete);
   ~Terminal() override;
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
@@ -30,6 +32,7 @@ class Terminal : public LineSource {
   void remember(const std::string& line);
   static char* promptOf(EditLine* editor);
   static unsigned char cancelKey(EditLine* editor, int key);
+  static unsigned char completeKey(EditLine* editor, int key);
 
   struct EndEditor {
     void operator()(EditLine* editor) const { el_end(editor); }
@@ -42,7 +45,9 @@ class Terminal : public LineSource {
   std::unique_ptr<EditLine, EndEditor> editor_;
   std::string historyFile_;  // empty: there is no place for one
   std::string prompt_;
+  Completer complete_;
   bool cancelled_ = false;
+  bool askingBox_ = false;
   bool warned_;
 };
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-
 #include "platform/mfc/wnd.h"
 
 /// Tips that show while the cursor rests on a control. The dialog relays its mouse messages.
@@ -22,7 +20,6 @@ class CToolTipCtrl : public CWnd {
   const CString& shownTip() const { return shown_; }
 
  private:
-  std::map<HWND, CString> tips_;
   CString shown_;
   bool active_ = true;
 };

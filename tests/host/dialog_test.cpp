@@ -99,6 +99,25 @@ TEST_F(DialogTest, DialogIsPrintedAndRemembersItsPlace) {
   EXPECT_NE(second.out.find("  1931 edit enabled visible \"7\""), std::string::npos);
 }
 
+TEST_F(DialogTest, ShortlyItIsReadAsOnTheScreen) {
+  const ProgramRun result = runScript(
+      "KOVRA_TEXT\n@click 1975\n@check 1967 on\n@type 1933 7\n@type 1934 \"a\\\"b\"\n@dialog "
+      "short\n@close\n"
+      "@refused @dialog long\n@refused @dialog short\n@refused help\n",
+      {"a.dxf", "-p", "p", "--quiet"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  for (const char* row :
+       {"Text (534)\n  1974 ( ) 1 Single  1975 (*) 2 Repeated", "  1967 [x] Count up\n-- Text\n",
+        // Captions above their fields, beside them, and a radio button as one.
+        "\n  1932 Prefix: \"\"  1933 Number: \"7\"  1934 Suffix: \"a\\\"b\"\n",
+        "\n  1978 Numbering: \"Decimal\" of 7\n  Step:  1977 (*) Decimal:  1935 \"1\"  2003 ( ) ",
+        "Numbering: (disabled)  1936 \"1\" (disabled)\n--\n  Properties\n",
+        "\n  1 [OK]  2 [Cancel]\n"})
+    EXPECT_NE(result.out.find(row), std::string::npos) << row << '\n' << result.out;
+  for (const char* hidden : {"1937", "Array", "1960", "Line spacing"})
+    EXPECT_EQ(result.out.find(hidden, result.out.find("--")), std::string::npos) << result.out;
+}
+
 TEST_F(DialogTest, EndOfInputClosesWhatIsOpen) {
   for (const char* lines :
        {"", "@click 1\n", "@click 1\n@point 0,0\n", "@click 1975\n@click 1956\n@click 1957\n"}) {

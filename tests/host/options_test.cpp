@@ -20,6 +20,13 @@ TEST_F(OptionsTest, WrongUsageIsStatusTwoAndSaysWhy) {
       {{"list"}, "DRAWING"},
       {{"list", "--format", "xml", "a.dxf"}, "xml"},
       {{"check"}, "DRAWING"},
+      {{"plot", "a.dxf"}, "-o"},
+      {{"-o", "a.svg", "plot", "a.dxf", "-o", "b.svg"}, "twice"},
+      {{"plot", "a.dxf", "a.dxf", "-o", "a.svg"}, "one drawing"},
+      {{"--save", "list", "a.dxf"}, "--save"},
+      {{"check", "a.dxf", "-s", "script"}, "--script"},
+      {{"-o", "b.dxf", "list", "a.dxf"}, "--output"},
+      {{"a.dxf", "list", "a.dxf"}, "behind list"},
   };
   for (const auto& row : cases) {
     const ProgramRun result = run(row.arguments);
@@ -27,6 +34,19 @@ TEST_F(OptionsTest, WrongUsageIsStatusTwoAndSaysWhy) {
     EXPECT_NE(result.err.find(row.says), std::string::npos) << result.err;
     EXPECT_EQ(result.out, "");
   }
+}
+
+TEST_F(OptionsTest, SettingsStandBeforeASubcommandOrBehindIt) {
+  write("a.dxf", motorDrawing());
+  const std::string listing = run({"list", "a.dxf"}).out;
+  EXPECT_NE(listing.find("SENBAN1"), std::string::npos);
+  EXPECT_EQ(run({"--language", "ja", "-p", ".", "list", "a.dxf"}).out, listing);
+  EXPECT_EQ(run({"list", "a.dxf", "--quiet", "--registry", "none.reg"}).out, listing);
+  EXPECT_EQ(run({"check", "--language", "en", "a.dxf"}).status, 0);
+  EXPECT_EQ(run({"-o", "before.svg", "plot", "a.dxf"}).status, 0);
+  EXPECT_EQ(run({"plot", "a.dxf", "-o", "behind.svg", "--language", "en"}).status, 0);
+  EXPECT_EQ(read("before.svg"), read("behind.svg"));
+  EXPECT_NE(read("before.svg"), "");
 }
 
 TEST_F(OptionsTest, HelpAndVersionGoToStandardOutput) {

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <csignal>
 #include <fstream>
-#include <set>
 #include <sstream>
 
 namespace kovra::test {
@@ -80,10 +79,7 @@ ProgramRun ProgramTest::run(const std::vector<std::string>& arguments, const std
 pid_t ProgramTest::start(const std::vector<std::string>& arguments, const std::string& input,
                          const std::vector<std::string>& environment) const {
   write(".in", input);
-  std::vector<std::string> all = {"kovra"};
-  const std::set<std::string> readers = {"list", "check", "plot"};
-  const bool reads = !arguments.empty() && readers.contains(arguments[0]);
-  if (!reads) all.insert(all.end(), {"--state", path(".state").string()});
+  std::vector<std::string> all = {"kovra", "--state", path(".state").string()};
   all.insert(all.end(), arguments.begin(), arguments.end());
   std::vector<std::string> variables = {"LC_ALL=C.UTF-8"};
   variables.insert(variables.end(), environment.begin(), environment.end());

@@ -13,14 +13,15 @@ namespace {
 // The program on a terminal of its own.
 class Terminal {
  public:
-  explicit Terminal(const std::filesystem::path& folder) {
+  explicit Terminal(const std::filesystem::path& folder, const char* project = ".") {
     child_ = forkpty(&master_, nullptr, nullptr, nullptr);
     if (child_ != 0) return;
     if (chdir(folder.c_str()) != 0) _exit(126);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("TERM", "xterm", 1);
     alarm(60);
-    execl(KOVRA_PROGRAM, "kovra", "a.dxf", "--state", ".state", static_cast<char*>(nullptr));
+    execl(KOVRA_PROGRAM, "kovra", "a.dxf", "-p", project, "--state", ".state",
+          static_cast<char*>(nullptr));
     _exit(127);
   }
   ~Terminal() {
@@ -111,6 +112,57 @@ TEST_F(TerminalTest, PromptsEditingHistoryCancelAndAWarning) {
   Terminal third(path("."));
   follow(third, {{"Command: ", "@show DIMSCALE\r"}, {"DIMSCALE=1", ""}, {"Command: ", "\x04"}});
   EXPECT_EQ(read(".state.history"), "notes");
+}
+
+TEST_F(TerminalTest, TabCompletesWhatIsAsked) {
+  write("a.dxf", motorDrawing());
+  write("my plan.dxf", motorDrawing());
+  Terminal terminal(path("."));
+  follow(terminal, {{"Command: ", "@sh\tDIMSC\t\r"},
+                    {"DIMSCALE=1", ""},
+                    {"Command: ", "-lay\t\r"},
+                    {"Unlock]: ", "lo\t\r"},
+                    {"to lock: ", "\t"},  // nothing in common: what there is
+                    {"LOCKED", ""},
+                    {"to lock: ", "wi\t\r"},
+                    {"Unlock]: ", "\r"},
+                    {"Command: ", "@open \"my\t\r"},
+                    {"Command: ", "@activate a\t\r"},
+                    {"Command: ", "\x04"},
+                    {"aren't saved", ""},
+                    {"Command: ", "\x04"}});
+}
+
+TEST_F(TerminalTest, HelpAndDialogsShowThemselves) {
+  write("a.dxf", textDrawing());
+  write("p/project.ini", "[Project]\nDataVersion=12.0\n");
+  Terminal terminal(path("."), "p");
+  follow(terminal, {{"? says what there is", ""},
+                    {"Command: ", "help\r"},
+                    {"KOVRA_TEXT_COUNTUP", ""},
+                    {"copies texts with counted values", ""},
+                    {"-LAYER ", ""},
+                    {"@click ID", ""},
+                    {"Ctrl+D", ""},
+                    {"Command: ", "? @sho\r"},
+                    {"prints a system variable", ""},
+                    {"Command: ", "-LAYER\r"},
+                    {"Unlock]: ", "?\r"},  // an answer like any other
+                    {"to list <*>: ", "\x03"},
+                    {"Unlock]: ", "\x03"},
+                    {"Command: ", "@preselect 60\r"},
+                    {"Command: ", "KOVRA_TEXT_COUNTUP\r"},
+                    {"Count-Up Copy of Texts (531)", ""},
+                    {"1978 Numbering: \"Decimal\" of ", ""},
+                    {"disabled:  1953 [1 Column]", ""},
+                    {"1932 Rows: ", ""},
+                    {"1 [OK]  2 [Cancel]", ""},
+                    {"] ", "@choose 1978 hex\t\r"},
+                    {"] ", "?\r"},
+                    {"@choose ID ITEM", ""},
+                    {"\"Hexadecimal\" of ", ""},
+                    {"] ", "@esc\r"},
+                    {"Command: ", "\x04"}});
 }
 
 }  // namespace

@@ -55,8 +55,18 @@ DrawingId currentDrawing();
 
 /// Binds a command name (compared without regard to case; without "." or "_") to a function that
 /// runs in the document's command context. A name that is bound or built in already is replaced.
-void bindCommand(std::wstring_view name, std::function<void()> run);
+/// `summary`: what it does, for a list of commands.
+void bindCommand(std::wstring_view name, std::function<void()> run, std::wstring_view summary = {});
 void unbindCommand(std::wstring_view name);
+
+struct CommandInfo {
+  std::wstring name;     ///< upper case
+  std::wstring summary;  ///< empty: nobody said
+  bool builtIn = false;  ///< the editor's own, not a bound one
+};
+/// The commands that can be typed now, the bound ones first, each kind in order of their names.
+/// Bare names of variables aren't among them.
+std::vector<CommandInfo> commands();
 
 /// Runs the idle host until there is no more outside input or `stop` says so: commands start here,
 /// and everything they call waits on pumps inside. Never returns with a command running.
@@ -74,14 +84,27 @@ enum class WaitKind {
   kDrag        ///< a drag or a jig
 };
 
+/// Kinds of names that a prompt may ask for.
+enum class NameKind { kNone, kLayer, kTextStyle, kVariable };
+
+/// Which names a prompt asks for, so that they can be offered while one is typed.
+struct NamesAsked {
+  NameKind kind = NameKind::kNone;
+  bool several = false;  ///< a list with commas between the names
+};
+
 struct Wait {
   WaitKind kind = WaitKind::kNone;
   DrawingId drawing = 0;
-  std::wstring command;     ///< the command that waits; empty at the idle host
-  std::wstring prompt;      ///< as shown
-  bool modalOnTop = false;  ///< a modal dialog or message box has the input instead
+  std::wstring command;                ///< the command that waits; empty at the idle host
+  std::wstring prompt;                 ///< as shown
+  NamesAsked names;                    ///< what is asked for
+  std::vector<std::wstring> keywords;  ///< that answer it, as the user types them
+  bool modalOnTop = false;             ///< a modal dialog or message box has the input instead
 };
 Wait topWait();
+/// The names of this kind: of the current drawing's tables in the tables' order, none without one.
+std::vector<std::wstring> namesOf(NameKind kind);
 
 /// Sends the cancel key (code 3) to the prompt on top; at the idle host it clears the line.
 /// Returns what was cancelled. Under a modal dialog it does nothing: the dialog is to be answered.

@@ -47,4 +47,9 @@ bool isFullWidth(wchar_t character) {
   return range != std::end(kRanges) && code >= range->first;
 }
 
+std::size_t columnsOf(std::wstring_view text) {
+  const auto wide = std::count_if(text.begin(), text.end(), isFullWidth);
+  return text.size() + static_cast<std::size_t>(wide);
+}
+
 }  // namespace kovra::arx

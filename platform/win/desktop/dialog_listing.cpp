@@ -6,6 +6,24 @@
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::win {
+namespace {
+
+bool marksAccessKeys(const Window& window, std::string_view kind) {
+  if (kind == "label") return (window.style & SS_NOPREFIX) == 0;
+  return kind == "button" || kind == "check" || kind == "radio" || kind == "group";
+}
+
+/// "&Layer" -> "Layer", "A && B" -> "A & B".
+std::wstring withoutMarks(std::wstring_view text) {
+  std::wstring plain;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == L'&' && i + 1 < text.size()) ++i;
+    plain += text[i];
+  }
+  return plain;
+}
+
+}  // namespace
 
 ControlListing listControl(HWND control) {
   ControlListing listing;
@@ -23,6 +41,11 @@ ControlListing listControl(HWND control) {
     listing.selected = state->selectedItem();
   }
   listing.text = windowText(control);
+  listing.place = screenPlace(control);
+  window = findWindow(control);
+  const bool marks = window != nullptr && marksAccessKeys(*window, listing.kind);
+  listing.shown = marks ? withoutMarks(listing.text) : listing.text;
+  if (listing.shown.empty() && window != nullptr) listing.shown = window->tip;
   return listing;
 }
 

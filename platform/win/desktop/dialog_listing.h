@@ -17,6 +17,9 @@ struct ControlListing {
   bool visible = false;
   std::optional<int> check;  ///< 0, 1 or 2 (in between), of what can be checked
   std::wstring text;
+  std::wstring shown;               ///< the text as it is read: without the marks of access keys;
+                                    ///< of a control without a text its tip
+  RECT place{};                     ///< in screen pixels
   std::vector<std::wstring> items;  ///< of a list
   int selected = -1;                ///< index into them
 };

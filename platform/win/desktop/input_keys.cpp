@@ -61,6 +61,13 @@ std::optional<Keystroke> keyNamed(std::string_view name) {
   return stroke;
 }
 
+std::vector<std::string> keyNames() {
+  std::vector<std::string> names;
+  for (const KeyName& entry : kKeyNames) names.emplace_back(entry.name);
+  for (int i = VK_F1; i <= VK_F12; ++i) names.push_back("F" + std::to_string(i - VK_F1 + 1));
+  return names;
+}
+
 void sendKey(HWND target, Keystroke stroke) {
   const KeyHeld shift(VK_SHIFT, stroke.shift);
   const KeyHeld control(VK_CONTROL, stroke.control);

@@ -58,6 +58,8 @@ struct Keystroke {
 };
 /// "Enter", "Shift+Insert", "Ctrl+C", "Alt+N", "F2"; nothing for an unknown name.
 std::optional<Keystroke> keyNamed(std::string_view name);
+/// The keys with a name of their own, as keyNamed() knows them.
+std::vector<std::string> keyNames();
 /// Presses the key in the control, which gets the focus first.
 InputResult pressKey(HWND control, Keystroke key);
 /// Presses the key where the focus is, or in the dialog if no control of it has the focus.

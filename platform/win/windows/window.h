@@ -50,6 +50,7 @@ struct Window {
   DWORD exStyle = 0;
   RECT place{};  ///< in the parent's client area, or on the screen
   std::wstring text;
+  std::wstring tip;            ///< shows while the cursor rests on the window
   std::vector<HWND> children;  ///< topmost first
   LONG_PTR userData = 0;
   HFONT font = nullptr;

@@ -11,6 +11,7 @@ namespace kovra::arx {
 /// the keyboard and from tokens.
 struct BuiltInCommand {
   std::wstring_view name;
+  std::wstring_view summary;
   void (*run)(AcApDocument& document);
   bool journalled = true;
 };

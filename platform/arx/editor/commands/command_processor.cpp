@@ -18,11 +18,16 @@ namespace kovra::arx {
 namespace {
 
 constexpr std::array kBuiltIn{
-    BuiltInCommand{L"-LAYER", layerCommand},     BuiltInCommand{L"-STYLE", styleCommand},
-    BuiltInCommand{L"UNDO", undoCommand, false}, BuiltInCommand{L"U", undoOnceCommand, false},
-    BuiltInCommand{L"REDO", redoCommand, false}, BuiltInCommand{L"SETVAR", setVariableCommand},
-    BuiltInCommand{L"REGEN", regenCommand},      BuiltInCommand{L"UCS", ucsCommand},
-    BuiltInCommand{L"MOVE", moveCommand},        BuiltInCommand{L"ERASE", eraseCommand},
+    BuiltInCommand{L"-LAYER", L"makes layers, switches, freezes and locks them", layerCommand},
+    BuiltInCommand{L"-STYLE", L"makes or changes a text style", styleCommand},
+    BuiltInCommand{L"ERASE", L"erases what is selected", eraseCommand},
+    BuiltInCommand{L"MOVE", L"moves what is selected", moveCommand},
+    BuiltInCommand{L"REDO", L"brings back what was undone last", redoCommand, false},
+    BuiltInCommand{L"REGEN", L"regenerates the display", regenCommand},
+    BuiltInCommand{L"SETVAR", L"shows or sets a system variable, ? lists them", setVariableCommand},
+    BuiltInCommand{L"U", L"undoes the last command", undoOnceCommand, false},
+    BuiltInCommand{L"UCS", L"moves or turns the user coordinate system", ucsCommand},
+    BuiltInCommand{L"UNDO", L"undoes several commands, sets marks", undoCommand, false},
 };
 
 Command builtInCommand(std::wstring_view name) {
@@ -78,8 +83,8 @@ CommandTable& CommandTable::instance() {
   return table;
 }
 
-void CommandTable::bind(std::wstring_view name, std::function<void()> run) {
-  bound_[canonicalCommandName(name)] = std::move(run);
+void CommandTable::bind(std::wstring_view name, Bound command) {
+  bound_[canonicalCommandName(name)] = std::move(command);
 }
 
 void CommandTable::unbind(std::wstring_view name) {
@@ -93,9 +98,9 @@ Command CommandTable::find(std::wstring_view typed) const {
   const bool prefixFits = prefix < 2 || (prefix == 2 && typed[0] != typed[1]);
   if (!prefixFits) return {};
   const auto bound = bound_.find(name);
-  if (bound != bound_.end() && !builtInOnly) return {name, bound->second};
+  if (bound != bound_.end() && !builtInOnly) return {name, bound->second.run};
   if (Command command = builtInCommand(name); command.run) return command;
-  if (bound != bound_.end()) return {name, bound->second};
+  if (bound != bound_.end()) return {name, bound->second.run};
   return variableCommand(name);
 }
 

@@ -22,16 +22,23 @@ class CommandTable {
  public:
   static CommandTable& instance();
 
-  void bind(std::wstring_view name, std::function<void()> run);
+  struct Bound {
+    std::function<void()> run;
+    std::wstring summary;
+  };
+
+  void bind(std::wstring_view name, Bound command);
   void unbind(std::wstring_view name);
   /// Looks a typed name up: any case; "." and "_" before it, in any order, one or both. "." asks
   /// for the built-in command of that name. A variable's bare name is a command that sets it.
   Command find(std::wstring_view typed) const;
+  /// The bound commands by name.
+  const std::map<std::wstring, Bound, std::less<>>& bound() const { return bound_; }
 
  private:
   CommandTable() = default;
 
-  std::map<std::wstring, std::function<void()>, std::less<>> bound_;
+  std::map<std::wstring, Bound, std::less<>> bound_;
 };
 
 /// "_.-Layer" -> "-LAYER".

@@ -15,6 +15,9 @@
 namespace kovra::arx {
 namespace {
 
+constexpr host::NamesAsked kOneLayer{host::NameKind::kLayer};
+constexpr host::NamesAsked kLayers{host::NameKind::kLayer, true};
+
 std::wstring currentLayer(AcApDocument& document) {
   const Result<VariableValue> layer = readVariable(document, L"CLAYER");
   return layer ? layer.value().text : std::wstring();
@@ -93,8 +96,8 @@ void newLayers(AcApDocument& document) {
 /// Asks for the layer to make current until one fits; an empty answer leaves it.
 void chooseCurrent(AcApDocument& document, const wchar_t* prompt, bool create) {
   for (;;) {
-    const Reply typed =
-        askText(prompt + (L" <" + currentLayer(document)) + L">: ", Blanks::kTextInQuotes);
+    const Reply typed = askText(prompt + (L" <" + currentLayer(document)) + L">: ",
+                                Blanks::kTextInQuotes, kOneLayer);
     if (!typed || typed.text.empty()) return;
     if (create && !ensureLayer(document, typed, typed.text, true)) continue;
     if (makeCurrent(document, typed, typed.text)) return;
@@ -106,7 +109,7 @@ using LayerChange = void (*)(AcApDocument&, const Reply&, const std::wstring&,
 
 /// Asks for a list of names with wild cards and changes the layers that match.
 void changeLayers(AcApDocument& document, const wchar_t* prompt, LayerChange change) {
-  const Reply typed = askText(prompt, Blanks::kTextInQuotes);
+  const Reply typed = askText(prompt, Blanks::kTextInQuotes, kLayers);
   if (!typed || typed.text.empty()) return;
   bool any = false;
   forEachLayer(document, [&](const std::wstring& name, AcDbLayerTableRecord& layer) {
@@ -152,7 +155,7 @@ void unlock(AcApDocument&, const Reply&, const std::wstring&, AcDbLayerTableReco
 }
 
 void listLayers(AcApDocument& document) {
-  const Reply typed = askText(L"Enter layer name(s) to list <*>: ", Blanks::kTextInQuotes);
+  const Reply typed = askText(L"Enter layer name(s) to list <*>: ", Blanks::kTextInQuotes, kLayers);
   if (!typed) return;
   const std::wstring wanted = typed.text.empty() ? L"*" : typed.text;
   forEachLayer(document, [&](const std::wstring& name, AcDbLayerTableRecord& layer) {

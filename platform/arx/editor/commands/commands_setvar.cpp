@@ -7,8 +7,17 @@
 namespace kovra::arx {
 namespace {
 
+constexpr host::NamesAsked kVariables{host::NameKind::kVariable};
+
+/// Names that can be a variable's value.
+host::NamesAsked valuesOf(std::wstring_view variable) {
+  if (variable == L"CLAYER") return {host::NameKind::kLayer};
+  if (variable == L"TEXTSTYLE") return {host::NameKind::kTextStyle};
+  return {};
+}
+
 void listVariables(AcApDocument& document) {
-  const Reply pattern = askText(L"Enter variable(s) to list <*>: ", Blanks::kAccept);
+  const Reply pattern = askText(L"Enter variable(s) to list <*>: ", Blanks::kAccept, kVariables);
   if (!pattern) return;
   const std::wstring wanted = pattern.text.empty() ? L"*" : pattern.text;
   for (const VariableRow& row : variableRows()) {
@@ -31,8 +40,9 @@ void askVariable(AcApDocument& document, std::wstring_view name) {
     return showMessage(std::wstring(info->name) + L" = " + shown + L" (read only)");
   const Blanks blanks = info->type == RTSTR ? Blanks::kText : Blanks::kAccept;
   for (;;) {
-    const Reply typed = askText(
-        L"Enter new value for " + std::wstring(info->name) + L" <" + shown + L">: ", blanks);
+    const Reply typed =
+        askText(L"Enter new value for " + std::wstring(info->name) + L" <" + shown + L">: ", blanks,
+                valuesOf(info->name));
     if (!typed || typed.text.empty()) return;
     const Result<VariableValue> value = parseVariable(info->type, typed.text);
     const Result<void> written =
@@ -44,7 +54,7 @@ void askVariable(AcApDocument& document, std::wstring_view name) {
 
 void setVariableCommand(AcApDocument& document) {
   for (;;) {
-    const Reply name = askText(L"Enter variable name or [?]: ", Blanks::kAccept);
+    const Reply name = askText(L"Enter variable name or [?]: ", Blanks::kAccept, kVariables);
     if (!name || name.text.empty()) return;
     if (name.text == L"?") return listVariables(document);
     if (findVariable(name.text) != nullptr) return askVariable(document, name.text);

@@ -162,8 +162,8 @@ void makeCurrent(AcApDocument& document, const std::wstring& name) {
 std::wstring askStyleName(AcApDocument& document) {
   for (;;) {
     const std::wstring current = currentStyle(document);
-    const Reply typed =
-        askText(L"Enter name of text style <" + current + L">: ", Blanks::kTextInQuotes);
+    const Reply typed = askText(L"Enter name of text style <" + current + L">: ",
+                                Blanks::kTextInQuotes, {host::NameKind::kTextStyle});
     if (!typed) return {};
     const std::wstring name = typed.text.empty() ? current : typed.text;
     if (isSymbolName(name)) return name;

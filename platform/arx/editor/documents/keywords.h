@@ -21,6 +21,8 @@ class KeywordList {
   /// Index of the keyword that a user's text names, if it does: in any case, a local word, its
   /// capitals, a beginning not shorter than these; after "_" the same of the global name.
   std::optional<size_t> match(std::wstring_view typed) const;
+  /// The keyword as a user types it, its capitals being the shortest form.
+  const std::wstring& localName(size_t index) const { return words_[index].local; }
   /// What commands are given: the global name, the word itself without one.
   const std::wstring& globalName(size_t index) const { return words_[index].global; }
 

@@ -118,8 +118,8 @@ DrawingId currentDrawing() {
   return document != nullptr ? document->serial() : 0;
 }
 
-void bindCommand(std::wstring_view name, std::function<void()> run) {
-  CommandTable::instance().bind(name, std::move(run));
+void bindCommand(std::wstring_view name, std::function<void()> run, std::wstring_view summary) {
+  CommandTable::instance().bind(name, {std::move(run), std::wstring(summary)});
 }
 
 void unbindCommand(std::wstring_view name) {
@@ -140,6 +140,9 @@ Wait topWait() {
   wait.kind = prompt->question().kind;
   wait.drawing = document->serial();
   wait.prompt = prompt->question().prompt;
+  wait.names = prompt->question().names;
+  if (const KeywordList* keywords = prompt->question().keywords; keywords != nullptr)
+    for (size_t i = 0; i < keywords->size(); ++i) wait.keywords.push_back(keywords->localName(i));
   if (!document->session().commands.empty()) wait.command = document->session().commands.back();
   return wait;
 }

@@ -8,6 +8,7 @@
 
 #include "platform/arx/database/object_id.h"
 #include "platform/arx/editor/documents/document_input.h"
+#include "platform/arx/editor/documents/keywords.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/arx/geometry/geometry.h"
 
@@ -25,10 +26,12 @@ struct Question {
   host::WaitKind kind = host::WaitKind::kString;
   std::wstring prompt;
   Blanks blanks = Blanks::kAccept;
-  bool takesPoints = false;           ///< a click answers
-  bool takesEntities = false;         ///< a selection answers
-  std::optional<AcGePoint3d> base{};  ///< world point from which ORTHOMODE works
-  bool ortho = true;                  ///< false where ORTHOMODE has no effect
+  bool takesPoints = false;               ///< a click answers
+  bool takesEntities = false;             ///< a selection answers
+  host::NamesAsked names{};               ///< which names answer
+  const KeywordList* keywords = nullptr;  ///< which words answer; outlives the question
+  std::optional<AcGePoint3d> base{};      ///< world point from which ORTHOMODE works
+  bool ortho = true;                      ///< false where ORTHOMODE has no effect
   std::function<void(const AcGePoint3d&)> cursorMoved{};  ///< told in world coordinates
 };
 

@@ -23,9 +23,10 @@ bool isSnapOff(std::wstring_view typed) {
   return win::equalNoCase(typed, L"NON") || win::equalNoCase(typed, L"NONE");
 }
 
-Question questionFor(std::wstring prompt) {
+Question questionFor(std::wstring prompt, const KeywordList* keywords = nullptr) {
   Question question;
   question.prompt = std::move(prompt);
+  question.keywords = keywords;
   return question;
 }
 
@@ -50,7 +51,7 @@ std::optional<Reply> commonReply(const Answer& answer, const PromptControl& cont
 /// Asks for a number until `parse` and the control bits take it.
 Reply askNumber(std::wstring prompt, const PromptControl& control, const wchar_t* requirement,
                 const std::function<std::optional<double>(std::wstring_view)>& parse) {
-  const Question question = questionFor(std::move(prompt));
+  const Question question = questionFor(std::move(prompt), &control.keywords);
   for (;;) {
     const Answer answer = ask(question);
     if (std::optional<Reply> reply = commonReply(answer, control)) {
@@ -87,9 +88,10 @@ PromptControl takePromptControl() {
   return std::exchange(document->session().promptControl, PromptControl{});
 }
 
-Reply askText(std::wstring prompt, Blanks blanks) {
+Reply askText(std::wstring prompt, Blanks blanks, host::NamesAsked names) {
   Question question = questionFor(std::move(prompt));
   question.blanks = blanks;
+  question.names = names;
   const Answer answer = ask(question);
   if (answer.kind != AnswerKind::kText) return {RTCAN};
   Reply reply{RTNORM, answer.text, {}, 0, answer.fromTokens};
@@ -98,7 +100,7 @@ Reply askText(std::wstring prompt, Blanks blanks) {
 }
 
 Reply askKeyword(std::wstring prompt, const KeywordList& keywords) {
-  const Question question = questionFor(std::move(prompt));
+  const Question question = questionFor(std::move(prompt), &keywords);
   for (;;) {
     const Answer answer = ask(question);
     std::optional<Reply> reply = commonReply(answer, {0, keywords});
@@ -149,7 +151,7 @@ Reply askForPoint(std::wstring prompt, const PromptControl& control,
                   const std::optional<AcGePoint3d>& base, bool ortho) {
   AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr) return {RTCAN};
-  Question question = questionFor(std::move(prompt));
+  Question question = questionFor(std::move(prompt), &control.keywords);
   question.kind = host::WaitKind::kPoint;
   question.takesPoints = true;
   question.ortho = ortho;

@@ -33,7 +33,8 @@ struct Reply {
   Answer asAnswer() const;
 };
 
-Reply askText(std::wstring prompt, Blanks blanks);
+/// `names`: which names it is that are asked for.
+Reply askText(std::wstring prompt, Blanks blanks, host::NamesAsked names = {});
 /// One of the keywords; RTNORM with its global name.
 Reply askKeyword(std::wstring prompt, const KeywordList& keywords);
 Reply askInteger(std::wstring prompt, const PromptControl& control);

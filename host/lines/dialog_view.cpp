@@ -1,0 +1,86 @@
+#include "host/lines/dialog_view.h"
+
+#include <algorithm>
+
+#include "host/program/script_text.h"
+#include "platform/arx/geometry/east_asian_width.h"
+#include "platform/win/base/wide_text.h"
+#include "platform/win/desktop/dialog_outline.h"
+
+namespace kovra::host {
+namespace {
+
+constexpr size_t kLineWidth = 100;
+constexpr size_t kLongestValue = 60;
+
+std::wstring valueText(const win::ControlListing& field) {
+  std::wstring text = quotedText(std::wstring_view(field.text).substr(0, kLongestValue));
+  if (field.text.size() > kLongestValue) text += L"...";
+  if (!field.items.empty()) text += L" of " + std::to_wstring(field.items.size());
+  return text;
+}
+
+std::wstring checkMark(const win::ControlListing& control) {
+  const bool radio = control.kind == "radio";
+  const wchar_t mark = *control.check == 0   ? L' '
+                       : radio               ? L'*'
+                       : *control.check == 1 ? L'x'
+                                             : L'-';
+  return radio ? std::wstring{L'(', mark, L')'} : std::wstring{L'[', mark, L']'};
+}
+
+std::wstring partText(const win::OutlinePart& part) {
+  const win::ControlListing& control = *part.control;
+  if (control.kind == "label") return control.shown;
+  std::wstring text = std::to_wstring(control.id) + L' ';
+  if (control.check) {
+    text += checkMark(control) + L' ' + control.shown;
+  } else if (control.kind == "button") {
+    text += L'[' + control.shown + L']';
+  } else {
+    if (!part.caption.empty() && !part.captionIsPart) text += part.caption + L' ';
+    text += valueText(control);
+  }
+  return text;
+}
+
+bool isDisabled(const win::OutlinePart& part) {
+  return !part.control->enabled && part.control->kind != "label";
+}
+
+/// A row that is disabled as a whole says so once.
+std::wstring rowText(const win::OutlineRow& row) {
+  const bool allDisabled = std::all_of(row.parts.begin(), row.parts.end(),
+                                       [](const auto& part) { return !part.control->enabled; }) &&
+                           std::any_of(row.parts.begin(), row.parts.end(), isDisabled);
+  std::wstring text = allDisabled ? L"  disabled:" : L"";
+  size_t columns = text.size();
+  for (const win::OutlinePart& part : row.parts) {
+    std::wstring piece = L"  " + partText(part);
+    if (!allDisabled && isDisabled(part)) piece += L" (disabled)";
+    const size_t width = arx::columnsOf(piece);
+    if (columns > 0 && columns + width > kLineWidth) {
+      text += L"\n    ";
+      columns = 4;
+    }
+    text += piece;
+    columns += width;
+  }
+  return text + L'\n';
+}
+
+}  // namespace
+
+std::string dialogView(const win::DialogListing& dialog) {
+  std::wstring text = dialog.title + L" (" + std::to_wstring(dialog.templateId) + L")\n";
+  const std::vector<win::OutlineGroup> outline = win::outlineOf(dialog);
+  for (const win::OutlineGroup& group : outline) {
+    const bool below = &group != &outline.front();
+    if (!group.title.empty()) text += L"-- " + group.title + L'\n';
+    if (group.title.empty() && below) text += L"--\n";
+    for (const win::OutlineRow& row : group.rows) text += rowText(row);
+  }
+  return win::toUtf8(text);
+}
+
+}  // namespace kovra::host
