@@ -124,7 +124,7 @@ std::string settleOutput(const CLI::App& app, CommandLine& line) {
   const bool before = app.count("--output") != 0;
   if (before && !line.plot.output.empty()) return "-o is given twice";
   if (before) line.plot.output = line.run.output;
-  return line.plot.output.empty() ? "plot needs -o and the name of a picture" : "";
+  return line.plot.output.empty() ? "--output is required: the picture that plot draws" : "";
 }
 
 // Options of runs mean nothing to a subcommand, which a user should be told.

@@ -20,7 +20,7 @@ TEST_F(OptionsTest, WrongUsageIsStatusTwoAndSaysWhy) {
       {{"list"}, "DRAWING"},
       {{"list", "--format", "xml", "a.dxf"}, "xml"},
       {{"check"}, "DRAWING"},
-      {{"plot", "a.dxf"}, "-o"},
+      {{"plot", "a.dxf"}, "--output"},
       {{"-o", "a.svg", "plot", "a.dxf", "-o", "b.svg"}, "twice"},
       {{"plot", "a.dxf", "a.dxf", "-o", "a.svg"}, "one drawing"},
       {{"--save", "list", "a.dxf"}, "--save"},
