@@ -39,6 +39,7 @@ Reply runDrag(AcApDocument& document, const ACHAR* promptText, Drag& drag) {
   const PromptControl control = takePromptControl();
   Question question;
   question.kind = host::WaitKind::kDrag;
+  question.keywords = &control.keywords;
   question.prompt = promptText != nullptr ? promptText : L"";
   question.takesPoints = true;
   question.ortho = false;

@@ -46,6 +46,7 @@ PickReply askPick(AcApDocument& document, const ACHAR* prompt) {
   const PromptControl control = takePromptControl();
   Question question;
   question.kind = host::WaitKind::kPick;
+  question.keywords = &control.keywords;
   question.prompt = prompt != nullptr ? prompt : L"Select object: ";
   question.takesPoints = true;
   for (;;) {

@@ -45,12 +45,18 @@ class SelectionDialogue {
   std::vector<Ids> steps_;  ///< what each answer added
 };
 
+const KeywordList& selectionWords() {
+  static const KeywordList words(L"Window Last Crossing BOX ALL Add Remove Previous Undo");
+  return words;
+}
+
 Question SelectionDialogue::question() const {
   Question asked;
   asked.kind = host::WaitKind::kSelection;
   asked.prompt = removing_ ? request_.removePrompt : request_.addPrompt;
   asked.takesPoints = true;
   asked.takesEntities = true;
+  asked.keywords = &selectionWords();
   return asked;
 }
 
@@ -137,8 +143,7 @@ bool SelectionDialogue::box(const Answer& answer, std::optional<bool> crossing) 
 }
 
 bool SelectionDialogue::text(const Answer& answer) {
-  static const KeywordList kWords(L"Window Last Crossing BOX ALL Add Remove Previous Undo");
-  const std::optional<size_t> word = kWords.match(answer.text);
+  const std::optional<size_t> word = selectionWords().match(answer.text);
   if (!word) {
     Reply reply{RTNORM};
     const TextReading reading = readPointText(document_, answer.text, {}, std::nullopt, reply);
@@ -149,7 +154,7 @@ bool SelectionDialogue::text(const Answer& answer) {
                  L"Previous/Undo");
     return true;
   }
-  const std::wstring& name = kWords.globalName(*word);
+  const std::wstring& name = selectionWords().globalName(*word);
   if (name == L"Window") return box(answer, false);
   if (name == L"Crossing") return box(answer, true);
   if (name == L"BOX") return box(answer, std::nullopt);
