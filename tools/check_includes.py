@@ -32,7 +32,8 @@ ALLOWED = {
     "module/options": ["module/frame", "module/params", "module/grid"],
     "host": ["platform"],
     "host/terminal": [
-        "host/lines/completion.h", "host/program/line_source.h", "host/libraries/terminal_library.h", "platform",
+        "host/program/completion.h", "host/program/line_source.h",
+        "host/libraries/terminal_library.h", "platform",
     ],
     "host/picture": ["host/program/options.h", "host/libraries/picture_library.h", "platform"],
 }

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/lines/completion.h"
+#include "host/program/completion.h"
 #include "host/program/line_source.h"
 #include "platform/dxf/result.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/lines/completion.h"
 #include "host/lines/line_handlers.h"
+#include "host/program/completion.h"
 
 namespace kovra::host {
 

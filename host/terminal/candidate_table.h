@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/lines/completion.h"
+#include "host/program/completion.h"
 
 namespace kovra::host {
 

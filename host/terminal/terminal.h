@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/lines/completion.h"
+#include "host/program/completion.h"
 #include "host/program/line_source.h"
 
 namespace kovra::host {

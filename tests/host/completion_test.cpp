@@ -1,5 +1,5 @@
 // What Tab makes of a line, for what waits.
-#include "host/lines/completion.h"
+#include "host/program/completion.h"
 
 #include <gtest/gtest.h>
 

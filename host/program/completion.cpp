@@ -1,4 +1,4 @@
-#include "host/lines/completion.h"
+#include "host/program/completion.h"
 
 #include <algorithm>
 #include <optional>
