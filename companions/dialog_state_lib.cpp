@@ -5,13 +5,13 @@
 #include <utility>
 #include <variant>
 
-#include "companions/state_store.h"
 #include "platform/win/base/run_settings.h"
+#include "platform/win/base/state_store.h"
 #include "platform/win/base/wide_text.h"
 
-using kovra::companions::StateStore;
-using kovra::companions::StateValue;
 using kovra::win::fromUtf8;
+using kovra::win::StateStore;
+using kovra::win::StateValue;
 using kovra::win::toUtf8;
 
 struct DialogStateStore::Session {

@@ -1,10 +1,16 @@
 #include "module/frame/companions/ui_tools_lib.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "companions/project.h"
+#include "companions/sorted_points.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
+#include "platform/arx/editor/editor.h"
+#include "platform/arx/entities/mtext.h"
+#include "platform/arx/entities/text.h"
 #include "platform/arx/lists/entity_lists.h"
 #include "platform/dxf/record_store.h"
 #include "platform/win/base/interaction.h"
@@ -27,7 +33,63 @@ bool isOnExcludedLayer(const ads_name entity, const Project& project) {
   return excluded;
 }
 
+/// Where an entity stands to the eye: a text at its anchor, other entities at their first point.
+AcGePoint3d placeOf(AcDbObjectId id) {
+  AcDbEntity* opened = nullptr;
+  AcGePoint3d place;
+  if (acdbOpenObject(opened, id) != Acad::eOk) return place;
+  if (const AcDbText* text = AcDbText::cast(opened)) {
+    place = text->isDefaultAlignment() ? text->position() : text->alignmentPoint();
+  } else if (const AcDbMText* paragraph = AcDbMText::cast(opened)) {
+    place = paragraph->location();
+  }
+  opened->close();
+  return place;
+}
+
+AcDbObjectIdArray idsOf(const ads_name selection) {
+  AcDbObjectIdArray ids;
+  Adesk::Int32 length = 0;
+  if (acedSSLength(selection, &length) != RTNORM) return ids;
+  ids.setPhysicalLength(length);
+  for (Adesk::Int32 i = 0; i < length; ++i) {
+    ads_name entity;
+    AcDbObjectId id;
+    if (acedSSName(selection, i, entity) == RTNORM && acdbGetObjectId(id, entity) == Acad::eOk)
+      ids.append(id);
+  }
+  return ids;
+}
+
 }  // namespace
+
+int SelectObjectsSorted(const char* prompt, AcDbObjectIdArray& ids, const resbuf* filter,
+                        int sortCode) {
+  ids.removeAll();
+  const std::wstring text = kovra::win::fromUtf8(prompt ? prompt : "");
+  const ACHAR* prompts[] = {prompt ? text.c_str() : nullptr, nullptr};
+  ads_name selection;
+  const int status = acedSSGet(L":$", prompts, nullptr, filter, selection);
+  if (status != RTNORM) return status;
+  ids = idsOf(selection);
+  acedSSFree(selection);
+  AcGePoint3dArray points;
+  points.setPhysicalLength(ids.length());
+  for (const AcDbObjectId& id : ids) points.append(placeOf(id));
+  SortObjectsByPoints(sortCode, ids, points);
+  return ids.isEmpty() ? RTERROR : RTNORM;
+}
+
+void SortObjectsByPoints(int sortCode, AcDbObjectIdArray& ids, AcGePoint3dArray& points) {
+  const AcDbObjectIdArray formerIds = ids;
+  const AcGePoint3dArray formerPoints = points;
+  const int count = std::min(ids.length(), points.length());
+  const std::vector<int> order = kovra::companions::sortedPlaces(sortCode, points, count);
+  for (int i = 0; i < count; ++i) {
+    ids.setAt(i, formerIds.at(order[static_cast<std::size_t>(i)]));
+    points.setAt(i, formerPoints.at(order[static_cast<std::size_t>(i)]));
+  }
+}
 
 bool IsLayerExcluded(const char* layerName) {
   const auto project = currentProject();

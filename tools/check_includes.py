@@ -57,7 +57,7 @@ EXCEPTIONS = {
 # Headers of libraries, by the folder that may use them; the C++ standard library is open to all.
 LIBRARIES = {
     "platform/dxf": ["iconv.h"],
-    "companions": ["sqlite3.h"],
+    "platform/win": ["sqlite3.h"],
     "host": ["CLI/", "nlohmann/"],
     "host/terminal": ["histedit.h"],
     "host/picture": ["cairo.h", "pango/"],

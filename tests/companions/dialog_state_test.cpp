@@ -12,10 +12,11 @@
 #include <string>
 #include <thread>
 
-#include "companions/state_store.h"
 #include "module/frame/companions/dialog_state_lib.h"
+#include "platform/arx/editor/host/dialog_bases.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/run_settings.h"
+#include "platform/win/base/state_store.h"
 #include "tests/companions/temporary_folder.h"
 
 namespace {
@@ -159,7 +160,7 @@ TEST_F(DialogState, SurvivesAKillAtAnyMoment) {
 
 TEST_F(DialogState, WaitsForABusyStoreOnceAndThenFails) {
   ASSERT_TRUE(write(L"X", 1));
-  kovra::companions::StateStore busy(kovra::win::runSettings().stateStore);
+  kovra::win::StateStore busy(kovra::win::runSettings().stateStore);
   ASSERT_TRUE(busy.set("Dialog", "X", 2));
   const auto begun = Clock::now();
   {
@@ -266,6 +267,39 @@ TEST_F(DialogState, LiesWhereTheUserKeepsState) {
   EXPECT_TRUE(std::filesystem::exists(folder.path() / "xdg/kovra/dialogs.sqlite"));
   ::unsetenv("XDG_STATE_HOME");
   if (home) ::setenv("HOME", oldHome.c_str(), 1);
+}
+
+// What the platform's own dialog functions keep lies beside the sections of the same name.
+TEST_F(DialogState, DialogsKeepValuesUnderTheirName) {
+  ASSERT_TRUE(write(L"Radio", 5));
+  CString text = L"before";
+  DWORD number = 77;
+  {
+    CAcUiDialog dialog(1);
+    EXPECT_FALSE(dialog.SetDialogData(L"Radio", DWORD{1}));
+    dialog.SetDialogName(L"Dialog");
+    EXPECT_FALSE(dialog.GetDialogData(L"Radio", number));
+    EXPECT_TRUE(dialog.SetDialogData(L"Radio", static_cast<DWORD>(-1)));
+    EXPECT_TRUE(dialog.SetDialogData(L"Edit1", L"1.5 \u56f3"));
+    EXPECT_TRUE(dialog.GetDialogData(L"Edit1", text));
+    EXPECT_FALSE(dialog.StorePixelData());
+    // Nobody else sees them yet, and nobody is kept waiting.
+    EXPECT_TRUE(write(L"Other", 6));
+  }
+  EXPECT_EQ(readInt(L"Radio"), 5);
+  CAcUiDialog again(1);
+  CRect place;
+  again.SetDialogName(L"Dialog");
+  EXPECT_TRUE(again.GetDialogData(L"Radio", number));
+  EXPECT_EQ(number, static_cast<DWORD>(-1));
+  text.Empty();
+  EXPECT_FALSE(again.GetDialogData(L"Edit1", number));
+  EXPECT_FALSE(again.GetDialogData(L"Radio", text));
+  EXPECT_TRUE(again.GetDialogData(L"Edit1", text));
+  EXPECT_STREQ(text, L"1.5 \u56f3");
+  EXPECT_FALSE(again.GetPixelData(place));
+  again.SetDialogName(L"Another");
+  EXPECT_FALSE(again.GetDialogData(L"Radio", number));
 }
 
 }  // namespace

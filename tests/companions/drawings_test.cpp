@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <limits>
 #include <string>
+#include <vector>
 
 #include "module/frame/companions/drawing_tools_lib.h"
 #include "module/frame/companions/entity_attr_lib.h"
@@ -120,6 +122,74 @@ TEST_F(Drawings, EntitiesOnExcludedLayersLeaveASelection) {
   EXPECT_EQ(acedSSLength(set, &length), RTNORM);
   EXPECT_EQ(length, 2);
   acedSSFree(set);
+}
+
+// Texts by their anchors, from top to bottom; what is at one height from left to right.
+TEST_F(Drawings, ASortedSelectionFollowsTheAnchors) {
+  // Aligned to the right at the top, though its position is the lowest.
+  const std::string aligned =
+      "  0\nTEXT\n  5\n25\n  8\n0\n 10\n1.0\n 20\n-90.0\n 40\n2.5\n  1\nX\n 72\n2\n 11\n3.0\n"
+      " 21\n9.0\n";
+  const std::string line = "  0\nLINE\n  5\n26\n  8\n0\n 10\n0.0\n 20\n50.0\n 11\n1.0\n 21\n2.0\n";
+  std::string sheet = drawing();
+  sheet.insert(sheet.rfind("  0\nENDSEC"), aligned + line);
+  folder.write("c.dxf", sheet);
+  ASSERT_TRUE(host::openDrawing(folder.path() / "c.dxf"));
+  AcDbObjectIdArray ids;
+  int status = RTERROR;
+  host::bindCommand(L"SORTED", [&] {
+    resbuf* filter = acutBuildList(5020, L"TEXT", 0);
+    status = SelectObjectsSorted("図を: ", ids, filter, 6);
+    acutRelRb(filter);
+  });
+  ASSERT_TRUE(host::typeText(L"SORTED\nALL\n\n"));
+  host::runIdle();
+  EXPECT_EQ(status, RTNORM);
+  EXPECT_NE(shown.find("図を: "), std::string::npos);
+  std::vector<Adesk::UInt64> handles;
+  for (const AcDbObjectId& id : ids) handles.push_back(id.handle());
+  EXPECT_EQ(handles, (std::vector<Adesk::UInt64>{0x25, 0x21, 0x22, 0x23, 0x24}));
+  ASSERT_TRUE(host::typeText(L"SORTED\n\n"));
+  host::runIdle();
+  EXPECT_EQ(status, RTERROR);
+  EXPECT_TRUE(ids.isEmpty());
+  host::unbindCommand(L"SORTED");
+}
+
+TEST(SortObjectsByPoints, RowsByHeightFromLeftToRight) {
+  struct Case {
+    const char* name;
+    int code;
+    std::vector<AcGePoint3d> points;
+    std::vector<unsigned> order;
+  };
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const Case cases[] = {
+      {"top to bottom", 6, {{0, 1, 0}, {5, 3, 0}, {9, 2, 0}}, {1, 2, 0}},
+      {"one height", 6, {{3, 1, 0}, {1, 1, 9}, {2, 1.00009, 0}}, {1, 2, 0}},
+      {"measured from the row's first",
+       6,
+       {{3, 1, 0}, {2, 1.00008, 0}, {1, 0.99996, 0}},
+       {1, 0, 2}},
+      {"equal points", 6, {{2, 2, 0}, {1, 1, 0}, {1, 1, 0}, {2, 2, 0}}, {0, 3, 1, 2}},
+      {"no number", 6, {{0, nan, 0}, {0, nan, 0}}, {0, 1}},
+      {"an unknown code", 7, {{0, 1, 0}, {5, 3, 0}}, {0, 1}},
+  };
+  for (const Case& each : cases) {
+    AcDbObjectIdArray ids;
+    AcGePoint3dArray points;
+    for (const AcGePoint3d& point : each.points) {
+      ids.append(AcDbObjectId(1, static_cast<std::uint32_t>(ids.length())));
+      points.append(point);
+    }
+    SortObjectsByPoints(each.code, ids, points);
+    std::vector<unsigned> order;
+    for (int i = 0; i < ids.length(); ++i) {
+      order.push_back(ids.at(i).index());
+      EXPECT_EQ(points.at(i).x, each.points[ids.at(i).index()].x) << each.name;
+    }
+    EXPECT_EQ(order, each.order) << each.name;
+  }
 }
 
 TEST_F(Drawings, EditsOfAnotherDocumentAreAStepOfTheirOwn) {

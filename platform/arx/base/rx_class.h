@@ -1,6 +1,7 @@
 // Run-time classes.
 #pragma once
 #include "platform/arx/base/adesk.h"
+#include "platform/arx/base/heap.h"
 
 class AcRxObject;
 
@@ -29,8 +30,8 @@ class AcRxClass {
   AcRxClass* parent_;
 };
 
-/// Base of everything with a run-time class.
-class AcRxObject {
+/// Base of everything with a run-time class. Objects live on the platform's heap.
+class AcRxObject : public AcHeapOperators {
  public:
   virtual ~AcRxObject() = default;
   static AcRxClass* desc();

@@ -13,6 +13,7 @@
 #include "platform/arx/geometry/geometry.h"
 #include "platform/dxf/result.h"
 
+class AcDbIdMapping;
 class AcTransactionManager;
 namespace kovra::dxf {
 class RecordStore;
@@ -57,6 +58,16 @@ class AcDbDatabase {
   /// The object of this handle; eUnknownHandle. Nothing is created.
   Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
                                     const AcDbHandle& handle, Adesk::UInt32 xRefId = 0);
+
+  /// Copies entities to the end of a block or space of this database, each with all that it owns:
+  /// attributes or vertices, extension dictionaries and what hangs there, extended data. Clones
+  /// have handles of their own, and handles inside them that meant one of the copied objects mean
+  /// its clone; other references (reactors too) stay as they are. Nothing is copied unless all can
+  /// be: eNullObjectId, eWasErased, eInvalidOwnerObject (an owner that is no block, a part of an
+  /// entity), eInvalidInput (an object that is no entity). References are translated at once,
+  /// whatever `deferXlation` says. The pairs are added to the mapping.
+  Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& objectIds, const AcDbObjectId& owner,
+                                     AcDbIdMapping& mapping, bool deferXlation = false);
 
   /// The scale of dimensions, $DIMSCALE; 1 when the drawing doesn't say.
   double dimscale() const;

@@ -124,13 +124,20 @@ Acad::ErrorStatus AcDbEntity::setLinetypeScale(double scale, Adesk::Boolean /*do
 }
 
 AcDb::Visibility AcDbEntity::visibility() const {
-  return kovra::arx::readInteger(groups(), kInvisible, 0) != 0 ? AcDb::kInvisible : AcDb::kVisible;
+  kovra::arx::ObjectBody& body = ensureBody();
+  if (body.invisible < 0)
+    body.invisible = kovra::arx::readInteger(groups(), kInvisible, 0) != 0 ? 1 : 0;
+  return body.invisible != 0 ? AcDb::kInvisible : AcDb::kVisible;
 }
 
-Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility visibility,
-                                            Adesk::Boolean /*doSubents*/) {
-  if (visibility != AcDb::kVisible && visibility != AcDb::kInvisible) return Acad::eInvalidInput;
-  return apply([&](RecordEdit& edit) { return edit.setInteger(kInvisible, visibility, 0); });
+Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility wanted, Adesk::Boolean /*doSubents*/) {
+  if (wanted != AcDb::kVisible && wanted != AcDb::kInvisible) return Acad::eInvalidInput;
+  if (!canWrite()) return Acad::eNotOpenForWrite;
+  if (visibility() == wanted) return Acad::eOk;
+  const Acad::ErrorStatus status =
+      apply([&](RecordEdit& edit) { return edit.setInteger(kInvisible, wanted, 0); });
+  ensureBody().invisible = wanted == AcDb::kInvisible ? 1 : 0;
+  return status;
 }
 
 Acad::ErrorStatus AcDbEntity::setDatabaseDefaults(AcDbDatabase* given) {

@@ -29,6 +29,13 @@ bool isWritten(int code, const dxf::Dialect& dialect) {
   }
 }
 
+void markPaperSpace(const AcDbDatabase& database, dxf::BlockNumber block, dxf::RecordDraft& draft) {
+  const Property paper{kEntityPart, 67};
+  if (database.structure().block(block).space && block != dxf::kModelSpace &&
+      findProperty(draft, paper) == dxf::kNoGroup)
+    draft.insertInteger(placeOf(draft, paper), paper.code, 1);
+}
+
 AcDbObjectId appendRecord(AcDbDatabase& database, dxf::BlockNumber block, std::string_view type,
                           const std::function<void(dxf::RecordDraft&)>& fill) {
   dxf::RecordStore& store = database.store();
@@ -37,10 +44,7 @@ AcDbObjectId appendRecord(AcDbDatabase& database, dxf::BlockNumber block, std::s
   dxf::RecordDraft& draft = *scratch;
   draft.start(store.dialect(), type, store.newHandle(), structure.blockHandle(block));
   fill(draft);
-  const Property paper{kEntityPart, 67};
-  if (structure.block(block).space && block != dxf::kModelSpace &&
-      findProperty(draft, paper) == dxf::kNoGroup)
-    draft.insertInteger(placeOf(draft, paper), paper.code, 1);
+  markPaperSpace(database, block, draft);
   return database.idOf(store.insertBefore(structure.entityAnchor(block), draft));
 }
 

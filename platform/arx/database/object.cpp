@@ -74,6 +74,10 @@ kovra::arx::ObjectBody& AcDbObject::ensureBody() const {
 const kovra::dxf::RecordDraft& AcDbObject::groups() const {
   kovra::arx::ObjectBody& body = ensureBody();
   if (!body.decoded) database_->objects().decode(record_, body);
+  if (body.heldBack != 0) {
+    writeHeldBack(body);
+    body.heldBack = 0;
+  }
   return body.draft;
 }
 
@@ -125,10 +129,17 @@ Acad::ErrorStatus AcDbObject::apply(const std::function<bool(kovra::arx::RecordE
   const bool did = change(edit);
   if (did) {
     modified_ = true;
+    body_->numbersKnown = false;
+    body_->invisible = -1;
     if (touched != kovra::arx::Touched::kNumbers) body_->validTexts = 0;
   }
   if (changed != nullptr) *changed = did;
   return Acad::eOk;
+}
+
+void AcDbObject::holdBack(std::uint8_t bit) {
+  body_->heldBack = static_cast<std::uint8_t>(body_->heldBack | bit);
+  modified_ = true;
 }
 
 Acad::ErrorStatus AcDbObject::applyGroups(

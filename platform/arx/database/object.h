@@ -95,13 +95,18 @@ class AcDbObject : public AcGiDrawable {
   Acad::ErrorStatus apply(const std::function<bool(kovra::arx::RecordEdit&)>& change,
                           bool* changed = nullptr,
                           kovra::arx::Touched touched = kovra::arx::Touched::kAll);
+  /// Notes a change of this bit's value that goes to the groups only when somebody reads them; see
+  /// writeHeldBack.
+  void holdBack(std::uint8_t bit);
+  /// Brings the values that were held back into the groups.
+  virtual void writeHeldBack(kovra::arx::ObjectBody&) const {}
+  kovra::arx::ObjectBody& ensureBody() const;
   bool canWrite() const { return database_ == nullptr || writer_; }
   std::uint32_t recordIndex() const { return record_; }
   /// Last chance to bring groups in step before changes go to the record.
   virtual void subClose() {}
 
  private:
-  kovra::arx::ObjectBody& ensureBody() const;
   void decodeText(kovra::arx::Property property, std::wstring& text) const;
 
   mutable std::unique_ptr<kovra::arx::ObjectBody> body_;

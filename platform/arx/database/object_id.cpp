@@ -1,6 +1,5 @@
 #include "platform/arx/database/object_id.h"
 
-#include <algorithm>
 #include <cwchar>
 
 #include "platform/arx/database/database.h"
@@ -54,61 +53,4 @@ AcDbObjectId AcDbObjectId::ownerId() const {
 AcRxClass* AcDbObjectId::objectClass() const {
   const AcDbDatabase* owner = database();
   return owner != nullptr ? owner->objects().classOf(index_) : nullptr;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::append(const AcDbObjectIdArray& other) {
-  const std::vector<AcDbObjectId> added = other.ids_;
-  ids_.insert(ids_.end(), added.begin(), added.end());
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::insertAt(int i, const AcDbObjectId& id) {
-  ids_.insert(ids_.begin() + i, id);
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::removeAt(int i) {
-  ids_.erase(ids_.begin() + i);
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::removeLast() {
-  ids_.pop_back();
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::removeAll() {
-  ids_.clear();
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::setLogicalLength(int length) {
-  ids_.resize(static_cast<std::size_t>(std::max(0, length)));
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::setPhysicalLength(int length) {
-  ids_.reserve(static_cast<std::size_t>(std::max(0, length)));
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::setAt(int i, const AcDbObjectId& id) {
-  at(i) = id;
-  return *this;
-}
-
-AcDbObjectIdArray& AcDbObjectIdArray::reverse() {
-  std::reverse(ids_.begin(), ids_.end());
-  return *this;
-}
-
-int AcDbObjectIdArray::find(const AcDbObjectId& id, int start) const {
-  for (int i = std::max(0, start); i < length(); ++i)
-    if (at(i) == id) return i;
-  return -1;
-}
-
-bool AcDbObjectIdArray::find(const AcDbObjectId& id, int& index, int start) const {
-  index = find(id, start);
-  return index >= 0;
 }

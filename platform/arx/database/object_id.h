@@ -1,11 +1,12 @@
 // Identity of objects in a database.
 #pragma once
+#include <compare>
 #include <cstdint>
-#include <initializer_list>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "platform/arx/base/adesk.h"
+#include "platform/arx/base/array.h"
 
 class AcDbDatabase;
 class AcRxClass;
@@ -66,40 +67,4 @@ struct std::hash<AcDbObjectId> {
   }
 };
 
-/// A growing list of ids. New entries of setLogicalLength are null ids.
-class AcDbObjectIdArray {
- public:
-  AcDbObjectIdArray() = default;
-  AcDbObjectIdArray(std::initializer_list<AcDbObjectId> ids) : ids_(ids) {}
-  int length() const { return static_cast<int>(ids_.size()); }
-  int logicalLength() const { return length(); }
-  bool isEmpty() const { return ids_.empty(); }
-  const AcDbObjectId& at(int i) const { return ids_[static_cast<std::size_t>(i)]; }
-  AcDbObjectId& at(int i) { return ids_[static_cast<std::size_t>(i)]; }
-  const AcDbObjectId& operator[](int i) const { return at(i); }
-  AcDbObjectId& operator[](int i) { return at(i); }
-  const AcDbObjectId& first() const { return ids_.front(); }
-  const AcDbObjectId& last() const { return ids_.back(); }
-  int append(const AcDbObjectId& id) {
-    ids_.push_back(id);
-    return length() - 1;
-  }
-  AcDbObjectIdArray& append(const AcDbObjectIdArray& other);
-  AcDbObjectIdArray& insertAt(int i, const AcDbObjectId& id);
-  AcDbObjectIdArray& removeAt(int i);
-  AcDbObjectIdArray& removeLast();
-  AcDbObjectIdArray& removeAll();
-  AcDbObjectIdArray& setLogicalLength(int length);
-  AcDbObjectIdArray& setPhysicalLength(int length);
-  AcDbObjectIdArray& setAt(int i, const AcDbObjectId& id);
-  AcDbObjectIdArray& reverse();
-  /// Index of the first equal entry, or -1.
-  int find(const AcDbObjectId& id, int start = 0) const;
-  bool find(const AcDbObjectId& id, int& index, int start) const;
-  bool contains(const AcDbObjectId& id) const { return find(id) >= 0; }
-  auto begin() const { return ids_.begin(); }
-  auto end() const { return ids_.end(); }
-
- private:
-  std::vector<AcDbObjectId> ids_;
-};
+using AcDbObjectIdArray = AcArray<AcDbObjectId>;

@@ -180,20 +180,27 @@ void ObjectTable::eraseWithParts(dxf::RecordIndex index) {
   }
 }
 
-/// Erases the objects that a record names as its own, such as its extension dictionary and what
-/// that holds, and appends them.
-void ObjectTable::eraseOwned(dxf::RecordIndex owner, std::vector<dxf::RecordIndex>& parts) {
-  dxf::RecordStore& store = database_.store();
+std::vector<dxf::RecordIndex> ObjectTable::ownedObjects(dxf::RecordIndex owner) const {
+  const dxf::RecordStore& store = database_.store();
+  std::vector<dxf::RecordIndex> found;
   const ScratchDraft scratch(*this);
   store.load(owner, *scratch);
   const dxf::RecordDraft& draft = *scratch;
   for (std::size_t i = 0; i < draft.size(); ++i) {
     if (draft.code(i) != 350 && draft.code(i) != 360) continue;
     const dxf::RecordIndex owned = store.find(draft.handle(i));
-    if (owned == dxf::kNoRecord || store.section(owned) != dxf::SectionKind::kObjects ||
-        store.owner(owned) != store.handle(owner) || store.erased(owned))
-      continue;
-    store.setErased(owned, true);
+    if (owned != dxf::kNoRecord && store.section(owned) == dxf::SectionKind::kObjects &&
+        !store.erased(owned) &&
+        (!store.dialect().owners || store.owner(owned) == store.handle(owner)))
+      found.push_back(owned);
+  }
+  return found;
+}
+
+/// Erases what a record owns, and appends it.
+void ObjectTable::eraseOwned(dxf::RecordIndex owner, std::vector<dxf::RecordIndex>& parts) {
+  for (const dxf::RecordIndex owned : ownedObjects(owner)) {
+    database_.store().setErased(owned, true);
     parts.push_back(owned);
   }
 }
@@ -214,6 +221,9 @@ std::unique_ptr<ObjectBody> ObjectTable::takeBody() const {
   spareBodies_.pop_back();
   body->validTexts = 0;
   body->decoded = false;
+  body->numbersKnown = false;
+  body->invisible = -1;
+  body->heldBack = 0;
   return body;
 }
 

@@ -16,9 +16,24 @@
 
 namespace kovra::arx {
 
+/// What decides the place of a text, read from its groups once: a text that is dragged about is
+/// asked for it, and moved, again and again.
+struct TextNumbers {
+  TextShape shape;      ///< without the text, its size and the style
+  AcGeVector3d normal;  ///< of the plane that the shape's points are in
+  bool inWorldPlane = false;
+  bool hasPosition = false;  ///< a group 10, and so on
+  bool hasAlignment = false;
+  bool elevated = false;  ///< by group 38
+};
+
 /// The decoded part of an open object; reused from object to object.
 struct ObjectBody {
   dxf::RecordDraft draft;
+  TextNumbers numbers;
+  bool numbersKnown = false;
+  std::int8_t invisible = -1;  ///< of an entity, -1 when not known
+  std::uint8_t heldBack = 0;   ///< values of `numbers` that the draft doesn't have yet
   std::array<std::wstring, 6> texts;
   LineSize textSize;            ///< of the text in slot kText
   std::uint8_t validTexts = 0;  ///< bits by TextSlot, and one behind them for textSize
@@ -59,6 +74,9 @@ class ObjectTable {
   /// Erases or brings back a record with its parts and the objects that it owns, whoever has it
   /// open.
   void eraseRecord(dxf::RecordIndex index, bool erasing);
+  /// The objects that a record names as its own and that name it as their owner (where the release
+  /// has owners), such as its extension dictionary; none that is erased.
+  std::vector<dxf::RecordIndex> ownedObjects(dxf::RecordIndex owner) const;
 
   /// Makes a record of an entity that isn't in a database, behind the last entity of a block; it is
   /// then open for write. False for an index that is no block.

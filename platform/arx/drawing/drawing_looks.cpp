@@ -17,6 +17,23 @@ constexpr Property kInvisible{kEntityPart, 60};
 /// Where dimensions keep the points that they measure; never on paper.
 constexpr std::string_view kUnplottedLayer = "Defpoints";
 
+LayerLook readLayer(const AcDbDatabase& database, dxf::RecordIndex entry) {
+  dxf::RecordDraft draft;
+  database.store().load(entry, draft);
+  LayerLook layer;
+  layer.frozen = (readInteger(draft, {kLayerPart, 70}, 0) & 1) != 0;
+  layer.off = readInteger(draft, {kLayerPart, 62}, 7) < 0;
+  layer.color = recordColor(draft, kLayerPart);
+  return layer;
+}
+
+Look lookOn(const LayerLook& layer, const dxf::RecordDraft& draft, const Look& around) {
+  Look look{layer, recordColor(draft, kEntityPart)};
+  if (look.color.isByBlock()) look.color = around.color;
+  if (look.color.isByLayer()) look.color = look.layer.color;
+  return look;
+}
+
 }  // namespace
 
 Look spaceLook() {
@@ -37,6 +54,17 @@ AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subc
   return color;
 }
 
+std::optional<AcCmEntityColor> plottedColor(const AcDbDatabase& database,
+                                            const dxf::RecordDraft& draft) {
+  const std::string_view name = readBytes(draft, kLayerName);
+  if (name == kUnplottedLayer || readInteger(draft, kInvisible, 0) != 0) return std::nullopt;
+  const dxf::RecordIndex entry =
+      database.structure().findEntry(dxf::TableKind::kLayer, database.store().codec().decode(name));
+  const LayerLook layer = entry != dxf::kNoRecord ? readLayer(database, entry) : LayerLook{};
+  if (layer.frozen || layer.off) return std::nullopt;
+  return lookOn(layer, draft, spaceLook()).color;
+}
+
 DrawingLooks::DrawingLooks(const AcDbDatabase& database, Showing showing)
     : database_(database), showing_(showing) {
   readLayers();
@@ -44,16 +72,9 @@ DrawingLooks::DrawingLooks(const AcDbDatabase& database, Showing showing)
 
 void DrawingLooks::readLayers() {
   const dxf::Structure& structure = database_.structure();
-  dxf::RecordDraft draft;
   for (dxf::RecordIndex entry = structure.firstEntry(dxf::TableKind::kLayer);
-       entry != dxf::kNoRecord; entry = structure.nextEntry(entry)) {
-    database_.store().load(entry, draft);
-    LayerLook layer;
-    layer.frozen = (readInteger(draft, {kLayerPart, 70}, 0) & 1) != 0;
-    layer.off = readInteger(draft, {kLayerPart, 62}, 7) < 0;
-    layer.color = recordColor(draft, kLayerPart);
-    layers_.try_emplace(win::upperCase(structure.entryName(entry)), layer);
-  }
+       entry != dxf::kNoRecord; entry = structure.nextEntry(entry))
+    layers_.try_emplace(win::upperCase(structure.entryName(entry)), readLayer(database_, entry));
 }
 
 const LayerLook& DrawingLooks::layer(std::string_view nameBytes) const {
@@ -66,10 +87,7 @@ const LayerLook& DrawingLooks::layer(std::string_view nameBytes) const {
 
 Look DrawingLooks::of(const dxf::RecordDraft& draft, const Look& around, bool inBlock) const {
   const std::string_view name = readBytes(draft, kLayerName);
-  Look look{inBlock && name == "0" ? around.layer : layer(name), recordColor(draft, kEntityPart)};
-  if (look.color.isByBlock()) look.color = around.color;
-  if (look.color.isByLayer()) look.color = look.layer.color;
-  return look;
+  return lookOn(inBlock && name == "0" ? around.layer : layer(name), draft, around);
 }
 
 bool DrawingLooks::shows(const dxf::RecordDraft& draft, const Look& look) const {

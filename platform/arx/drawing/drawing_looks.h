@@ -1,5 +1,6 @@
 // The layer and the color that an entity shows with, and whether it shows.
 #pragma once
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -36,6 +37,11 @@ Look spaceLook();
 
 /// The color that a record's groups give: the true color (420) before the index (62).
 AcCmEntityColor recordColor(const dxf::RecordDraft& draft, std::string_view subclass);
+
+/// The color that an entity of a space is plotted with; nothing if it doesn't show on paper. For
+/// one entity: a walk over many has the layers at hand (DrawingLooks).
+std::optional<AcCmEntityColor> plottedColor(const AcDbDatabase& database,
+                                            const dxf::RecordDraft& draft);
 
 /// The layers of a drawing as they were when this was made. Reads records; opens no objects.
 class DrawingLooks {

@@ -2,6 +2,7 @@
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/text_styles.h"
+#include "platform/arx/drawing/drawing_looks.h"
 #include "platform/arx/entities/mtext_lines.h"
 #include "platform/arx/entities/text.h"
 #include "platform/arx/entities/text_groups.h"
@@ -11,6 +12,11 @@
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* context) {
   if (visibility() == AcDb::kInvisible) return true;
+  if (database() != nullptr) {
+    const auto color = kovra::arx::plottedColor(*database(), groups());
+    if (!color) return true;
+    context->subEntityTraits().setTrueColor(*color);
+  }
   AcGiGeometry& geometry = context->geometry();
   geometry.pushModelTransform(kovra::arx::ocsToWcs(normal()));
   kovra::arx::drawText(geometry, shape(nullptr));

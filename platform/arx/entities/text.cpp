@@ -28,14 +28,6 @@ bool isPositive(double value) {
   return std::isfinite(value) && value > 0;
 }
 
-bool isFinite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
-bool isSame(const AcGePoint3d& a, const AcGePoint3d& b) {
-  return a.x == b.x && a.y == b.y && a.z == b.z;
-}
-
 }  // namespace
 
 AcDbText::AcDbText(Stored stored) : AcDbEntity(stored) {}
@@ -80,41 +72,6 @@ Acad::ErrorStatus AcDbText::applyGroups(const std::function<bool(RecordEdit&)>& 
   return applyPlaced(change);
 }
 
-AcGeVector3d AcDbText::normal() const {
-  return textNormal(groups());
-}
-
-AcGePoint3d AcDbText::position() const {
-  return ocsToWcs(textPoint(groups(), kTextPosition), normal());
-}
-
-AcGePoint3d AcDbText::alignmentPoint() const {
-  return ocsToWcs(textPoint(groups(), kTextAlignment), normal());
-}
-
-Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
-  return setPoint(kTextPosition, point);
-}
-
-Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
-  return setPoint(kTextAlignment, point);
-}
-
-Acad::ErrorStatus AcDbText::setPoint(const Property& property, const AcGePoint3d& point) {
-  if (!isFinite(point)) return Acad::eInvalidInput;
-  const std::optional<AcGePoint3d> stored = readPoint(groups(), property);
-  const AcGeVector3d plane = normal();
-  if (isSame(ocsToWcs(textPoint(groups(), property), plane), point) &&
-      (stored || isDefaultAlignment()))
-    return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
-  AcGePoint3d inPlane = wcsToOcs(point, plane);
-  // Old drawings give z by the elevation alone.
-  if (stored && stored->z == 0 && inPlane.z == readReal(groups(), {kEntityPart, 38}, 0))
-    inPlane.z = 0;
-  return applyPlaced([&](RecordEdit& edit) { return edit.setPoint(property, inPlane); },
-                     Touched::kNumbers);
-}
-
 Adesk::Boolean AcDbText::isDefaultAlignment() const {
   return !usesAlignmentPoint(horizontalMode(), verticalMode());
 }
@@ -123,7 +80,7 @@ Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal) {
   if (!isFinite(normal.asPoint()) || normal.isZeroLength()) return Acad::eInvalidInput;
   if (!canWrite()) return Acad::eNotOpenForWrite;
   const AcGePoint3d unit = normal.normal().asPoint();
-  if (isSame(textNormal(groups()).asPoint(), unit)) return Acad::eOk;
+  if (samePoint(textNormal(groups()).asPoint(), unit)) return Acad::eOk;
   // The points stay where they are in the world.
   const AcGePoint3d place = wcsToOcs(position(), normal);
   const bool hasAlignment = findProperty(groups(), kTextAlignment) != dxf::kNoGroup;
@@ -157,15 +114,16 @@ Acad::ErrorStatus AcDbText::setOblique(double angle) {
   return applyPlaced([&](RecordEdit& edit) { return edit.setReal(kTextOblique, degrees, 0); });
 }
 
-double AcDbText::rotation() const {
-  return textRotation(groups());
-}
-
 Acad::ErrorStatus AcDbText::setRotation(double angle) {
   if (!std::isfinite(angle)) return Acad::eInvalidInput;
   if (normalizedAngle(angle) == rotation()) return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
-  return applyPlaced(
-      [&](RecordEdit& edit) { return edit.setReal(kTextRotation, degreesOf(angle), 0); });
+  return applyPlaced([&](RecordEdit& edit) {
+    // Turned back to what the file has it gets the file's degrees, to the last digit.
+    dxf::RecordDraft file;
+    const bool asInFile = edit.loadOriginal(file) && textRotation(file) == normalizedAngle(angle);
+    const double degrees = asInFile ? readReal(file, kTextRotation, 0) : degreesOf(angle);
+    return edit.setReal(kTextRotation, degrees, 0);
+  });
 }
 
 double AcDbText::height() const {
@@ -227,17 +185,9 @@ Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) {
   return applyPlaced([&](RecordEdit& edit) { return edit.setText(kTextStyle, name, codec()); });
 }
 
-AcDb::TextHorzMode AcDbText::horizontalMode() const {
-  return textHorizontalMode(groups());
-}
-
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
   if (mode < AcDb::kTextLeft || mode > AcDb::kTextFit) return Acad::eInvalidInput;
   return applyPlaced([&](RecordEdit& edit) { return edit.setInteger(kTextHorizontal, mode, 0); });
-}
-
-AcDb::TextVertMode AcDbText::verticalMode() const {
-  return textVerticalMode(groups());
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {

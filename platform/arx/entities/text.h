@@ -3,8 +3,9 @@
 #include "platform/arx/database/entity.h"
 
 namespace kovra::arx {
+struct TextNumbers;
 struct TextShape;
-}
+}  // namespace kovra::arx
 
 /// TEXT, and what attributes share with it. Heights and points in drawing units (points in world
 /// coordinates), angles in radians. Setters refuse with eInvalidInput and change nothing; an equal
@@ -82,7 +83,10 @@ class AcDbText : public AcDbEntity {
   /// As apply, for what the text's place follows from.
   Acad::ErrorStatus applyPlaced(const std::function<bool(kovra::arx::RecordEdit&)>& change,
                                 kovra::arx::Touched touched = kovra::arx::Touched::kAll);
+  void writeHeldBack(kovra::arx::ObjectBody& body) const override;
+  kovra::arx::TextNumbers& numbers() const;
   Acad::ErrorStatus setPoint(const kovra::arx::Property& property, const AcGePoint3d& point);
+  Acad::ErrorStatus putPoint(const kovra::arx::Property& property, const AcGePoint3d& inPlane);
   kovra::arx::TextShape shape(const AcDbDatabase* database) const;
   Acad::ErrorStatus setFlag(std::int64_t flag, bool on);
 

@@ -159,13 +159,13 @@ TextShape textShape(const dxf::RecordDraft& draft) {
   return shape;
 }
 
-namespace {
-
 bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b) {
   return a.x == b.x && a.y == b.y && a.z == b.z;
 }
 
-}  // namespace
+bool isFinite(const AcGePoint3d& point) {
+  return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
 
 bool samePlacement(const dxf::RecordDraft& a, const dxf::RecordDraft& b) {
   // What changes most often is compared first.

@@ -46,6 +46,10 @@ TextShape textShape(const dxf::RecordDraft& draft);
 /// Whether both records' groups put their texts in the same place, the style and value included.
 bool samePlacement(const dxf::RecordDraft& a, const dxf::RecordDraft& b);
 
+/// To the last bit.
+bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b);
+bool isFinite(const AcGePoint3d& point);
+
 /// Where a text stands and how: the alignment point where it uses one, else the position.
 struct TextAnchor {
   AcGePoint3d point;

@@ -1,7 +1,9 @@
 // Where a text is: its position from its alignment point, its extents, its transformation.
 #include <cmath>
+#include <optional>
 
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/object_table.h"
 #include "platform/arx/database/text_styles.h"
 #include "platform/arx/entities/text.h"
 #include "platform/arx/entities/text_align.h"
@@ -13,8 +15,125 @@
 namespace dxf = kovra::dxf;
 using namespace kovra::arx;
 
+namespace {
+
+constexpr std::uint8_t kHeldPosition = 1;
+constexpr std::uint8_t kHeldAlignment = 2;
+
+bool isPosition(const Property& property) {
+  return property.code == kTextPosition.code;
+}
+
+TextNumbers readNumbers(const dxf::RecordDraft& draft) {
+  TextNumbers numbers;
+  numbers.shape = textShape(draft);
+  numbers.normal = textNormal(draft);
+  numbers.inWorldPlane = samePoint(numbers.normal.asPoint(), {0, 0, 1});
+  numbers.hasPosition = findProperty(draft, kTextPosition) != dxf::kNoGroup;
+  numbers.hasAlignment = findProperty(draft, kTextAlignment) != dxf::kNoGroup;
+  numbers.elevated = readReal(draft, {kEntityPart, 38}, 0) != 0;
+  return numbers;
+}
+
+/// Old drawings give z by the elevation alone: there a 0 stands for it, so a z that is really 0
+/// ends it.
+bool setElevated(RecordEdit& edit, const Property& property, AcGePoint3d inPlane) {
+  const Property elevation{kEntityPart, 38};
+  const double height = readReal(edit.draft(), elevation, 0);
+  const std::optional<AcGePoint3d> stored = readPoint(edit.draft(), property);
+  bool changed = false;
+  if (height != 0 && inPlane.z == 0) changed = edit.setReal(elevation, 0);
+  if (height != 0 && inPlane.z == height && stored && stored->z == 0) inPlane.z = 0;
+  return edit.setPoint(property, inPlane) || changed;
+}
+
+AcGePoint3d toWorld(const TextNumbers& numbers, const AcGePoint3d& inPlane) {
+  return numbers.inWorldPlane ? inPlane : ocsToWcs(inPlane, numbers.normal);
+}
+
+}  // namespace
+
+TextNumbers& AcDbText::numbers() const {
+  ObjectBody& body = ensureBody();
+  if (!body.numbersKnown) {
+    body.numbers = readNumbers(groups());
+    body.numbersKnown = true;
+  }
+  return body.numbers;
+}
+
+void AcDbText::writeHeldBack(ObjectBody& body) const {
+  RecordEdit edit(body.draft, nullptr, recordIndex());
+  const TextShape& shape = body.numbers.shape;
+  if ((body.heldBack & kHeldPosition) != 0) edit.setPoint(kTextPosition, shape.position);
+  if ((body.heldBack & kHeldAlignment) != 0) edit.setPoint(kTextAlignment, shape.alignment);
+}
+
+AcGeVector3d AcDbText::normal() const {
+  return ensureBody().numbersKnown ? numbers().normal : textNormal(groups());
+}
+
+double AcDbText::rotation() const {
+  return ensureBody().numbersKnown ? numbers().shape.rotation : textRotation(groups());
+}
+
+AcDb::TextHorzMode AcDbText::horizontalMode() const {
+  return ensureBody().numbersKnown ? numbers().shape.horizontal : textHorizontalMode(groups());
+}
+
+AcDb::TextVertMode AcDbText::verticalMode() const {
+  return ensureBody().numbersKnown ? numbers().shape.verticalMode : textVerticalMode(groups());
+}
+
+AcGePoint3d AcDbText::position() const {
+  if (ensureBody().numbersKnown) return toWorld(numbers(), numbers().shape.position);
+  return ocsToWcs(textPoint(groups(), kTextPosition), normal());
+}
+
+AcGePoint3d AcDbText::alignmentPoint() const {
+  if (ensureBody().numbersKnown) return toWorld(numbers(), numbers().shape.alignment);
+  return ocsToWcs(textPoint(groups(), kTextAlignment), normal());
+}
+
+Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
+  return setPoint(kTextPosition, point);
+}
+
+Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
+  return setPoint(kTextAlignment, point);
+}
+
+Acad::ErrorStatus AcDbText::setPoint(const Property& property, const AcGePoint3d& point) {
+  if (!isFinite(point)) return Acad::eInvalidInput;
+  if (!canWrite()) return Acad::eNotOpenForWrite;
+  const TextNumbers& known = numbers();
+  const bool isStored = isPosition(property) ? known.hasPosition : known.hasAlignment;
+  const AcGePoint3d& present = isPosition(property) ? known.shape.position : known.shape.alignment;
+  if (samePoint(toWorld(known, present), point) && (isStored || isDefaultAlignment()))
+    return Acad::eOk;
+  return putPoint(property, known.inWorldPlane ? point : wcsToOcs(point, known.normal));
+}
+
+/// Where the record has the point already, the change is held back: a drag moves its texts far more
+/// often than anybody reads their groups.
+Acad::ErrorStatus AcDbText::putPoint(const Property& property, const AcGePoint3d& inPlane) {
+  TextNumbers& known = numbers();
+  const bool isStored = isPosition(property) ? known.hasPosition : known.hasAlignment;
+  // A missing alignment point that is used is the position.
+  const bool isShared = !known.hasAlignment && !isDefaultAlignment();
+  if (!isStored || isShared || known.elevated)
+    return applyPlaced([&](RecordEdit& edit) { return setElevated(edit, property, inPlane); },
+                       Touched::kNumbers);
+  AcGePoint3d& present = isPosition(property) ? known.shape.position : known.shape.alignment;
+  if (samePoint(present, inPlane)) return Acad::eOk;
+  present = inPlane;
+  placeChanged_ = true;
+  holdBack(isPosition(property) ? kHeldPosition : kHeldAlignment);
+  return Acad::eOk;
+}
+
 TextShape AcDbText::shape(const AcDbDatabase* given) const {
-  TextShape result = textShape(groups());
+  TextShape result = numbers().shape;
   result.text = cachedText(TextSlot::kText, kTextValue);
   result.size = textSize();
   const AcDbDatabase* names = given != nullptr ? given : databaseForNames();
@@ -28,16 +147,14 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* given) {
   const TextShape line = shape(given);
   if (!usesAlignmentPoint(line.horizontal, line.verticalMode)) return Acad::eOk;
   const TextPlacement place = placeText(line);
+  if (!isBetweenPoints(line)) return putPoint(kTextPosition, place.position);
   return applyPlaced(
       [&](RecordEdit& edit) {
-        if (line.horizontal == AcDb::kTextAlign || line.horizontal == AcDb::kTextFit) {
-          bool changed = edit.setReal(kTextHeight, place.height);
-          changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
-          if (place.rotation != textRotation(edit.draft()))
-            changed |= edit.setReal(kTextRotation, degreesOf(place.rotation), 0);
-          return changed;
-        }
-        return edit.setPoint(kTextPosition, place.position);
+        bool changed = edit.setReal(kTextHeight, place.height);
+        changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
+        if (place.rotation != textRotation(edit.draft()))
+          changed |= edit.setReal(kTextRotation, degreesOf(place.rotation), 0);
+        return changed;
       },
       Touched::kNumbers);
 }

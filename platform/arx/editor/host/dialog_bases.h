@@ -1,7 +1,12 @@
 #pragma once
 
+#include <map>
+#include <optional>
+#include <string>
+
 #include "platform/mfc/dialog.h"
 #include "platform/mfc/frame.h"
+#include "platform/win/base/state_value.h"
 
 /// The program's main window.
 CMDIFrameWnd* acedGetAcadFrame();
@@ -33,14 +38,42 @@ class CAdUiBaseDialog : public CDialog {
   bool drawingWasBlocked_ = false;
 };
 
+/// A dialog that remembers values under its name in the user's dialog store.
 class CAdUiDialog : public CAdUiBaseDialog {
   DECLARE_DYNAMIC(CAdUiDialog)
  public:
   using CAdUiBaseDialog::CAdUiBaseDialog;
+  ~CAdUiDialog() override;
+
+  /// The name that values are kept under; without one nothing is kept or found.
+  void SetDialogName(LPCTSTR name);
+  void GetDialogName(CString& name) const { name = name_; }
+
+  /// A value of this dialog; false, with the argument left alone, when there is none or one of the
+  /// other type.
+  BOOL GetDialogData(LPCTSTR key, CString& text) const;
+  BOOL GetDialogData(LPCTSTR key, DWORD& number) const;
+  /// Values go to the store together, when the window ends (without a window, when the object
+  /// does); a store that can't be written is said on the command line. False without a name.
+  BOOL SetDialogData(LPCTSTR key, LPCTSTR text);
+  BOOL SetDialogData(LPCTSTR key, DWORD number);
+  /// The dialog's place on the screen, in pixels, kept as values of the dialog. False when none was
+  /// kept, or without a name or a window.
+  BOOL StorePixelData();
+  BOOL GetPixelData(CRect& place) const;
 
  protected:
   DECLARE_MESSAGE_MAP()
   afx_msg void OnShowWindow(BOOL show, UINT status);
+  void PostNcDestroy() override;
+
+ private:
+  kovra::win::StateValue* newValue(LPCTSTR key);
+  std::optional<kovra::win::StateValue> value(LPCTSTR key) const;
+  void writeData();
+
+  CString name_;
+  std::map<std::string, kovra::win::StateValue> unwritten_;
 };
 
 class CAcUiDialog : public CAdUiDialog {

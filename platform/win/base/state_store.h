@@ -1,26 +1,27 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <variant>
 
-namespace kovra::companions {
+#include "platform/win/base/state_value.h"
 
-/// What a key of the store holds: an integer isn't a text.
-using StateValue = std::variant<int, std::string>;
+struct sqlite3;
 
-/// One connection to the dialog store, an SQLite file that several programs may use at once. All
-/// its writes are one transaction, begun at the first and committed by the destructor. A busy store
-/// is waited for, 5 s at most. A file that is no database, or a damaged one, is put aside under
-/// another name, which the command line tells, and a new one begun.
+namespace kovra::win {
+
+/// The tables of the dialog store: of the product's dialogs, and of the platform's own functions.
+inline constexpr const char* kProductTable = "dialog_state";
+inline constexpr const char* kPlatformTable = "dialog_data";
+
+/// One connection to a table of the dialog store, an SQLite file that several programs may use at
+/// once. All its writes are one transaction, begun at the first and committed by the destructor. A
+/// busy store is waited for, 5 s at most. A file that is no database, or a damaged one, is put
+/// aside under another name, which the command line tells, and a new one begun.
 class StateStore {
  public:
-  explicit StateStore(std::filesystem::path file);
+  explicit StateStore(std::filesystem::path file, const char* table = kProductTable);
   ~StateStore();
   StateStore(const StateStore&) = delete;
   StateStore& operator=(const StateStore&) = delete;
@@ -32,7 +33,7 @@ class StateStore {
 
  private:
   struct Close {
-    void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+    void operator()(sqlite3* connection) const;
   };
   using Connection = std::unique_ptr<sqlite3, Close>;
   enum class Health { good, damaged, unusable };
@@ -46,9 +47,10 @@ class StateStore {
   void abandonWriting();
 
   std::filesystem::path file_;
+  std::string table_;
   Connection connection_;
   std::string fault_;  // the library's words for the last opening
   Phase phase_ = Phase::reading;
 };
 
-}  // namespace kovra::companions
+}  // namespace kovra::win

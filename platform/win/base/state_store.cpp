@@ -1,6 +1,7 @@
-#include "companions/state_store.h"
+#include "platform/win/base/state_store.h"
 
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -9,17 +10,17 @@
 
 #include "platform/win/base/interaction.h"
 
-namespace kovra::companions {
+namespace kovra::win {
 namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
-// The platform's own dialog store keeps another table in the same file.
-constexpr const char* kCreateTable =
-    "CREATE TABLE IF NOT EXISTS dialog_state ("
-    " section TEXT NOT NULL, key TEXT NOT NULL,"
-    " value NOT NULL CHECK (typeof(value) IN ('integer', 'text')),"
-    " PRIMARY KEY (section, key)) WITHOUT ROWID";
+std::string createTable(const std::string& table) {
+  return "CREATE TABLE IF NOT EXISTS " + table +
+         " (section TEXT NOT NULL, key TEXT NOT NULL,"
+         " value NOT NULL CHECK (typeof(value) IN ('integer', 'text')),"
+         " PRIMARY KEY (section, key)) WITHOUT ROWID";
+}
 
 bool isDamage(int code) {
   return (code & 0xFF) == SQLITE_NOTADB || (code & 0xFF) == SQLITE_CORRUPT;
@@ -30,9 +31,9 @@ struct Finalize {
 };
 using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
 
-Statement prepare(sqlite3* connection, const char* sql) {
+Statement prepare(sqlite3* connection, const std::string& sql) {
   sqlite3_stmt* statement = nullptr;
-  sqlite3_prepare_v2(connection, sql, -1, &statement, nullptr);
+  sqlite3_prepare_v2(connection, sql.c_str(), -1, &statement, nullptr);
   return Statement(statement);
 }
 
@@ -40,14 +41,14 @@ void bindText(sqlite3_stmt* statement, int position, const std::string& text) {
   sqlite3_bind_text64(statement, position, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-bool run(sqlite3* connection, const char* sql) {
-  return sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+bool run(sqlite3* connection, const std::string& sql) {
+  return sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 void tell(std::string_view text) {
-  win::interaction().freshLine();
-  win::interaction().print(text);
-  win::interaction().freshLine();
+  interaction().freshLine();
+  interaction().print(text);
+  interaction().freshLine();
 }
 
 // Keeps two programs from putting a store aside at the same time: the second one would move the new
@@ -97,7 +98,12 @@ bool moveDatabase(const std::filesystem::path& from, const std::filesystem::path
 
 }  // namespace
 
-StateStore::StateStore(std::filesystem::path file) : file_(std::move(file)) {
+void StateStore::Close::operator()(sqlite3* connection) const {
+  sqlite3_close_v2(connection);
+}
+
+StateStore::StateStore(std::filesystem::path file, const char* table)
+    : file_(std::move(file)), table_(table) {
   if (file_.empty()) return;
   std::error_code error;
   file_ = std::filesystem::absolute(file_, error);
@@ -158,7 +164,7 @@ void StateStore::tellUnusable() const {
 std::optional<StateValue> StateStore::get(const std::string& section,
                                           const std::string& key) const {
   const Statement query =
-      prepare(connection_.get(), "SELECT value FROM dialog_state WHERE section = ? AND key = ?");
+      prepare(connection_.get(), "SELECT value FROM " + table_ + " WHERE section = ? AND key = ?");
   if (!query) return std::nullopt;
   bindText(query.get(), 1, section);
   bindText(query.get(), 2, key);
@@ -173,7 +179,7 @@ std::optional<StateValue> StateStore::get(const std::string& section,
 bool StateStore::set(const std::string& section, const std::string& key, const StateValue& value) {
   if (!isOpen() || !beginWriting()) return false;
   const Statement statement =
-      prepare(connection_.get(), "INSERT OR REPLACE INTO dialog_state VALUES (?, ?, ?)");
+      prepare(connection_.get(), "INSERT OR REPLACE INTO " + table_ + " VALUES (?, ?, ?)");
   if (!statement) return false;
   bindText(statement.get(), 1, section);
   bindText(statement.get(), 2, key);
@@ -187,7 +193,7 @@ bool StateStore::set(const std::string& section, const std::string& key, const S
 bool StateStore::beginWriting() {
   if (phase_ == Phase::reading) {
     const bool begun =
-        run(connection_.get(), "BEGIN IMMEDIATE") && run(connection_.get(), kCreateTable);
+        run(connection_.get(), "BEGIN IMMEDIATE") && run(connection_.get(), createTable(table_));
     if (!begun) abandonWriting();
     phase_ = begun ? Phase::writing : Phase::failed;
   }
@@ -201,4 +207,4 @@ void StateStore::abandonWriting() {
   run(connection_.get(), "ROLLBACK");
 }
 
-}  // namespace kovra::companions
+}  // namespace kovra::win
