@@ -16,9 +16,10 @@ build: setup
 demo: build
 	tools/demo.sh $(BUILD)
 
-# The pictures in docs/: every dialog in both languages, a sheet of the demo.
+# The pictures in docs/: every dialog in both languages, columns of texts, a sheet of the demo.
 pictures: demo
 	tools/make_pictures.py $(BUILD)/bin/kovra docs/dialogs
+	tools/make_align_pictures.py $(BUILD)/bin/kovra docs/aligning
 	cp build/demo/pictures/terminals-after.svg docs/terminals.svg
 
 test: build

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """The benchmark of the program: run.py BUILD [OPTIONS]
 
-Three tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
+Four tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
 of every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
-The third: arrays of texts that follow the cursor.
+The third: arrays of texts that follow the cursor. The fourth: columns of aligned texts.
 Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench; a
 folder in memory (--folder /dev/shm/bench) leaves a busy disk out of all of them.
 """
@@ -13,6 +13,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+from align_column import column_rows
 from count_up import count_up_rows
 from drag_array import drag_rows
 from measuring import Result, better, measured, print_table
@@ -30,6 +31,7 @@ def options():
     parser.add_argument("--ezdxf-up-to", type=float, default=50, help="megabytes; one run, it takes its time")
     parser.add_argument("--patterns", default="50,100,200", help="rows, and as many columns; over ten texts")
     parser.add_argument("--arrays", default="10,30,100", help="rows, and as many columns")
+    parser.add_argument("--columns", default="1000,10000,100000", help="texts")
     parser.add_argument("--folder", type=Path, default=HERE.parent / "build" / "bench")
     return parser.parse_args()
 
@@ -92,8 +94,8 @@ def rows_of_size(arguments, size):
     source.unlink()
 
 
-def sides_of(option):
-    return [int(side) for side in option.split(",") if side]
+def sizes_of(option):
+    return [int(size) for size in option.split(",") if size]
 
 
 def main():
@@ -103,9 +105,11 @@ def main():
     sizes = [float(size) for size in arguments.sizes.split(",") if size]
     print_table(HEAD, [row for size in sizes for row in rows_of_size(arguments, size)])
     print()
-    print_table(*count_up_rows(arguments.build, arguments.folder, sides_of(arguments.patterns)))
+    print_table(*count_up_rows(arguments.build, arguments.folder, sizes_of(arguments.patterns)))
     print()
-    print_table(*drag_rows(arguments.build, arguments.folder, sides_of(arguments.arrays)))
+    print_table(*drag_rows(arguments.build, arguments.folder, sizes_of(arguments.arrays)))
+    print()
+    print_table(*column_rows(arguments.build, arguments.folder, sizes_of(arguments.columns)))
 
 
 if __name__ == "__main__":

@@ -94,8 +94,21 @@ def pick_distance():
     return canvas
 
 
-def icon_file(canvas):
-    """An icon file with one image: 32 bits a pixel, rows from the bottom, and a mask of one bit a pixel."""
+def measure_distance(scale):
+    """A line between the marks of its ends, as dimensions have it; for 16 pixels and multiples."""
+    canvas = Canvas(16 * scale)
+    left, right, middle = 2 * scale, 16 * scale - 1 - 2 * scale, 8 * scale
+    for x in (left, right):
+        canvas.line(x, 3 * scale, x, 13 * scale, CELL)
+    canvas.line(left, middle, right, middle, PATH)
+    for i in range(1, 3 * scale + 1):
+        canvas.line(left + i, middle - i, left + i, middle + i, PATH)
+        canvas.line(right - i, middle - i, right - i, middle + i, PATH)
+    return canvas
+
+
+def image(canvas):
+    """32 bits a pixel, rows from the bottom, and a mask of one bit a pixel."""
     size = canvas.size
     rows = list(reversed(canvas.pixels))
     colours = b"".join(struct.pack("BBBB", b, g, r, a) for row in rows for r, g, b, a in row)
@@ -104,25 +117,36 @@ def icon_file(canvas):
         bits = "".join("1" if pixel == CLEAR else "0" for pixel in row).ljust((size + 31) // 32 * 32, "0")
         mask += int(bits, 2).to_bytes(len(bits) // 8, "big")
     header = struct.pack("<IiiHHIIiiII", 40, size, size * 2, 1, 32, 0, len(colours) + len(mask), 0, 0, 0, 0)
-    image = header + colours + mask
-    return struct.pack("<HHH", 0, 1, 1) + struct.pack("<BBBBHHII", size, size, 0, 0, 1, 32, len(image), 22) + image
+    return header + colours + mask
+
+
+def icon_file(canvases):
+    """An icon file with an image for each canvas."""
+    images = [image(canvas) for canvas in canvases]
+    place = 6 + 16 * len(images)
+    entries = b""
+    for canvas, data in zip(canvases, images):
+        entries += struct.pack("<BBBBHHII", canvas.size, canvas.size, 0, 0, 1, 32, len(data), place)
+        place += len(data)
+    return struct.pack("<HHH", 0, 1, len(images)) + entries + b"".join(images)
 
 
 ICONS = {
-    "direction_column": column_down(),
-    "direction_row": column_down().transposed(),
-    "direction_columns_first": columns_then_right(),
-    "direction_rows_first": columns_then_right().transposed(),
-    "pick_both_distances": pick_both_distances(),
-    "pick_distance": pick_distance(),
+    "direction_column": [column_down()],
+    "direction_row": [column_down().transposed()],
+    "direction_columns_first": [columns_then_right()],
+    "direction_rows_first": [columns_then_right().transposed()],
+    "pick_both_distances": [pick_both_distances()],
+    "pick_distance": [pick_distance()],
+    "measure_distance": [measure_distance(1), measure_distance(2)],
 }
 
 
 def main():
     folder = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).parent.parent / "resources" / "icons"
     folder.mkdir(parents=True, exist_ok=True)
-    for name, canvas in ICONS.items():
-        (folder / f"{name}.ico").write_bytes(icon_file(canvas))
+    for name, canvases in ICONS.items():
+        (folder / f"{name}.ico").write_bytes(icon_file(canvases))
 
 
 if __name__ == "__main__":

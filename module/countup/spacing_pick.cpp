@@ -2,6 +2,7 @@
 
 #include "module/drawing/auto_var.h"
 #include "module/drawing/number_text.h"
+#include "module/frame/editor_turn.h"
 #include "module/frame/reporting.h"
 
 namespace kovra {
@@ -23,31 +24,6 @@ constexpr Pick kPicks[] = {
     {0, 2788, 2789, acedGetCorner, true, true},
     {1, 2792, 2793, acedGetPoint, true, false},
     {1, 2790, 2791, acedGetPoint, false, true},
-};
-
-/// Gives the drawing to the user and hides the dialog until the end of the scope.
-class EditorTurn {
- public:
-  explicit EditorTurn(CAcUiDialog& dialog) : window_(dialog.GetSafeHwnd()) {
-    dialog.BeginEditorCommand();
-    dialog.ShowWindow(SW_HIDE);
-  }
-  ~EditorTurn() {
-    CAcUiDialog* dialog = openDialog();
-    if (dialog == nullptr) return;
-    dialog->CompleteEditorCommand(TRUE);
-    dialog->ShowWindow(SW_SHOW);
-  }
-  EditorTurn(const EditorTurn&) = delete;
-  EditorTurn& operator=(const EditorTurn&) = delete;
-
-  /// Null once the dialog ended, which a modeless one may do at any wait.
-  CAcUiDialog* openDialog() const {
-    return dynamic_cast<CAcUiDialog*>(CWnd::FromHandlePermanent(window_));
-  }
-
- private:
-  HWND window_;
 };
 
 bool askPoints(const Pick& pick, ads_point first, ads_point second) {
@@ -72,7 +48,7 @@ void PickDistances(CAcUiDialog& dialog, Spacing spacing, const SpacingFields& fi
   const EditorTurn turn(dialog);
   ads_point first = {};
   ads_point second = {};
-  if (!askPoints(pick, first, second) || turn.openDialog() == nullptr) return;
+  if (!askPoints(pick, first, second) || !turn.dialogIsOpen()) return;
   if (pick.setsRowHeight) {
     fields.rowHeight = first[Y] - second[Y];
     showDistance(dialog, fields.rowHeightField, fields.rowHeight / fields.scale);

@@ -39,6 +39,16 @@ int AttachIndexToModes(int index, int& horizontal, int& vertical) {
   return 0;
 }
 
+int ModesToAttachIndex(int horizontal, int vertical) {
+  for (int index = 0; index < kAttachments; ++index) {
+    int indexHorizontal = 0;
+    int indexVertical = 0;
+    AttachIndexToModes(index, indexHorizontal, indexVertical);
+    if (indexHorizontal == horizontal && indexVertical == vertical) return index;
+  }
+  return -1;
+}
+
 int ModesToAttachCode(int horizontal, int vertical) {
   if (horizontal < 0 || horizontal > kFitMode) return -1;
   if (vertical < 0 || vertical > kTopMode) return -2;
@@ -46,6 +56,10 @@ int ModesToAttachCode(int horizontal, int vertical) {
   if (horizontal < kAlignedMode) return horizontal - 3 * vertical + kFirstBaseLineCode;
   // A middle text in a row of the box counts as the center of that row.
   return vertical == 0 ? kMiddleCode : kBottomCenterCode + 3 - 3 * vertical;
+}
+
+bool IsPlacedByPosition(int horizontal, int vertical) {
+  return vertical == 0 && (horizontal == 0 || horizontal == kAlignedMode || horizontal == kFitMode);
 }
 
 }  // namespace kovra

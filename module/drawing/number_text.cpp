@@ -8,12 +8,16 @@ void TrimNumberTail(std::wstring& text) {
   while (text.ends_with(L'.')) text.pop_back();
 }
 
-CString FormatDistance(double distance) {
+CString DecimalText(double number) {
   constexpr int kDecimal = 2;
   constexpr int kPrecisionOfTheDrawing = -1;
   ACHAR buffer[128] = {};
-  acdbRToS(distance, kDecimal, kPrecisionOfTheDrawing, buffer);
-  std::wstring text = buffer;
+  acdbRToS(number, kDecimal, kPrecisionOfTheDrawing, buffer);
+  return buffer;
+}
+
+CString FormatDistance(double distance) {
+  std::wstring text = DecimalText(distance).GetString();
   TrimNumberTail(text);
   return CString(text.c_str());
 }

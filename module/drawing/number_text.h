@@ -10,8 +10,10 @@ namespace kovra {
 /// and "2.000" gives "2". A text without a "." stays.
 void TrimNumberTail(std::wstring& text);
 
-/// A decimal number as the fields of the dialogs show it: as many places as the drawing's LUPREC
-/// has, less the needless end.
+/// A decimal number with as many places as the drawing's LUPREC has.
+CString DecimalText(double number);
+
+/// The same as the fields of the dialogs show it: without the needless end.
 CString FormatDistance(double distance);
 
 }  // namespace kovra

@@ -5,19 +5,13 @@
 #include "module/frame/reporting.h"
 
 namespace kovra {
-namespace {
-
-constexpr UINT kFirstJustification = 2809;
-
-}  // namespace
-
 void FillCombo(CWnd& dialog, int comboId, const TextList& texts) {
   for (const auto& text : texts) AddComboItem(dialog, comboId, text.get());
 }
 
-void FillJustifications(CWnd& dialog, int comboId) {
+void FillJustifications(CWnd& dialog, int comboId, UINT firstString) {
   for (int i = 0; i < kAttachments; ++i) {
-    const CString name = ResourceText(kFirstJustification + static_cast<UINT>(i));
+    const CString name = ResourceText(firstString + static_cast<UINT>(i));
     AddComboItem(dialog, comboId, name.GetString());
   }
 }

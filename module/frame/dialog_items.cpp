@@ -86,6 +86,11 @@ void AddComboItem(CWnd& dialog, int comboId, const ACHAR* text, int data) {
   comboMessage(dialog, comboId, CB_SETITEMDATA, static_cast<WPARAM>(index), data);
 }
 
+int ComboItemData(const CWnd& dialog, int comboId, int index) {
+  const LRESULT data = comboMessage(dialog, comboId, CB_GETITEMDATA, asIndex(index));
+  return data == CB_ERR ? 0 : static_cast<int>(data);
+}
+
 int ComboItemCount(const CWnd& dialog, int comboId) {
   const LRESULT count = comboMessage(dialog, comboId, CB_GETCOUNT);
   return count > 0 ? static_cast<int>(count) : 0;
@@ -125,6 +130,10 @@ bool SelectComboItem(CWnd& dialog, int comboId, const ACHAR* text) {
   if (index < 0) return false;
   SelectIndex(dialog, comboId, index);
   return true;
+}
+
+bool SelectComboBeginning(CWnd& dialog, int comboId, const ACHAR* text) {
+  return comboMessage(dialog, comboId, CB_SELECTSTRING, asIndex(-1), asText(text)) != CB_ERR;
 }
 
 void SelectOrType(CWnd& dialog, int comboId, const ACHAR* text) {

@@ -32,6 +32,8 @@ void SelectIndex(CWnd& dialog, int comboId, int index);
 void AddComboItem(CWnd& dialog, int comboId, const ACHAR* text);
 /// The same, with the item's data.
 void AddComboItem(CWnd& dialog, int comboId, const ACHAR* text, int data);
+/// 0 for an index that the combo box doesn't have.
+int ComboItemData(const CWnd& dialog, int comboId, int index);
 int ComboItemCount(const CWnd& dialog, int comboId);
 /// Empty for an index that the combo box doesn't have.
 CString ComboItemText(const CWnd& dialog, int comboId, int index);
@@ -46,7 +48,11 @@ int FindNumberItem(const CWnd& dialog, int comboId, double number, double tolera
 /// Selects the first item that equals the text without regard to case. False, with the selection as
 /// it was, when there is none.
 bool SelectComboItem(CWnd& dialog, int comboId, const ACHAR* text);
-/// Selects that item, and without one writes the text into the field of the combo box.
+/// Selects the first item that begins with the text, without regard to case. False, with the
+/// selection as it was, when there is none.
+bool SelectComboBeginning(CWnd& dialog, int comboId, const ACHAR* text);
+/// Selects the first item that equals the text, and without one writes the text into the field of
+/// the combo box.
 void SelectOrType(CWnd& dialog, int comboId, const ACHAR* text);
 
 }  // namespace kovra

@@ -21,9 +21,6 @@ void PropertyCopyCommand(int /*mode*/) {
 void EditTextPropertyCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-void TextAlignCommand() {
-  ProjectMessage(kCommandNotBuilt);
-}
 
 // No command of the user's: the host calls it at each start, so there is nothing to say.
 void OptionEntry(int /*add*/) {}

@@ -5,11 +5,14 @@
 /// more.
 
 #include "platform/arx/base/ads.h"
+#include "platform/arx/base/heap.h"
 #include "platform/arx/base/wildcard.h"
 #include "platform/arx/database/block_table_record.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
+#include "platform/arx/database/id_mapping.h"
 #include "platform/arx/database/symbol_table.h"
+#include "platform/arx/database/transaction_manager.h"
 #include "platform/arx/editor/documents/documents.h"
 #include "platform/arx/editor/editor.h"
 #include "platform/arx/editor/host/dialog_bases.h"
@@ -19,6 +22,7 @@
 #include "platform/arx/entities/text.h"
 #include "platform/arx/geometry/geometry.h"
 #include "platform/arx/geometry/gi.h"
+#include "platform/arx/geometry/point_arrays.h"
 #include "platform/arx/geometry/units.h"
 #include "platform/arx/lists/entity_lists.h"
 #include "platform/mfc/mfc.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "module/drawing/attachment.h"
 #include "module/propcopy/letter_case.h"
 
 namespace kovra {
@@ -10,7 +11,7 @@ namespace {
 
 struct CodeRow {
   std::wstring_view code;
-  AlignmentModes modes;
+  TextModes modes;
 };
 
 constexpr CodeRow kCodes[] = {
@@ -30,25 +31,19 @@ constexpr CodeRow kCodes[] = {
     {L"F", {0, kKeepHorizontal}},
 };
 
-constexpr AlignmentModes kLeft = {0, 0};
+constexpr TextModes kLeft = {0, 0};
 
 }  // namespace
 
-AlignmentModes alignmentModes(std::wstring_view code) {
+TextModes alignmentModes(std::wstring_view code) {
   const auto row = std::find_if(std::begin(kCodes), std::end(kCodes), [code](const CodeRow& each) {
     return equalIgnoringCase(code, each.code);
   });
   return row != std::end(kCodes) ? row->modes : kLeft;
 }
 
-Anchor anchorOf(const AlignmentModes& modes) {
-  constexpr int kLeftMode = 0;
-  constexpr int kAlignedMode = 3;
-  constexpr int kFitMode = 5;
-  const bool stretches = modes.horizontal == kAlignedMode || modes.horizontal == kFitMode;
-  const bool onBaseLine = modes.vertical == 0;
-  return onBaseLine && (modes.horizontal == kLeftMode || stretches) ? Anchor::position
-                                                                    : Anchor::point;
+Anchor anchorOf(const TextModes& modes) {
+  return IsPlacedByPosition(modes.horizontal, modes.vertical) ? Anchor::position : Anchor::point;
 }
 
 }  // namespace kovra

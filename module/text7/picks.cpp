@@ -125,9 +125,10 @@ int JustificationIndex(resbuf* list, Kind kind) {
   const int horizontal = numberOf(list, kHorizontalGroup);
   const int vertical =
       numberOf(list, kind == Kind::text ? kTextVerticalGroup : kAttributeVerticalGroup);
-  if (vertical != 0) return horizontal - 3 * vertical + kAttachments;
-  if (horizontal >= 0 && horizontal <= 2) return horizontal;
-  return horizontal == 4 ? 3 : 0;
+  const int index = ModesToAttachIndex(horizontal, vertical);
+  if (index >= 0 || vertical == 0) return index >= 0 ? index : 0;
+  // A middle text in a row of the box counts as if the rows went on.
+  return horizontal - 3 * vertical + kAttachments;
 }
 
 /// Puts the value in the place of the selection, or at the caret.

@@ -2,20 +2,10 @@
 
 #include <algorithm>
 
+#include "module/drawing/attachment.h"
 #include "module/drawing/current_database.h"
 
 namespace kovra {
-namespace {
-
-/// Whether the position decides where a text is: left on the base line, aligned and fitted texts.
-bool isPlacedByPosition(const AcDbText& text) {
-  if (text.verticalMode() != AcDb::kTextBase) return false;
-  const AcDb::TextHorzMode mode = text.horizontalMode();
-  return mode == AcDb::kTextLeft || mode == AcDb::kTextAlign || mode == AcDb::kTextFit;
-}
-
-}  // namespace
-
 TextJigEnt::TextJigEnt(std::span<AcDbText* const> texts, std::span<const AcGeVector3d> offsets) {
   const std::size_t count = std::min(texts.size(), offsets.size());
   for (std::size_t i = 0; i < count; ++i) {
@@ -30,7 +20,7 @@ void TextJigEnt::moveTo(const AcGePoint3d& cursor) {
     AcDbText* const text = texts_[i];
     if (text == nullptr) continue;
     const AcGePoint3d place = cursor + offsets_[i];
-    if (isPlacedByPosition(*text)) {
+    if (IsPlacedByPosition(text->horizontalMode(), text->verticalMode())) {
       text->setPosition(place);
     } else {
       text->setAlignmentPoint(place);

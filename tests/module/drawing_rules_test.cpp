@@ -23,6 +23,7 @@ TEST(Attachment, IndexModesAndCodeAgree) {
     EXPECT_EQ(AttachIndexToModes(index, horizontal, vertical), 0) << index;
     EXPECT_EQ(horizontal, row.horizontal) << index;
     EXPECT_EQ(vertical, row.vertical) << index;
+    EXPECT_EQ(ModesToAttachIndex(row.horizontal, row.vertical), index);
     EXPECT_EQ(ModesToAttachCode(row.horizontal, row.vertical), row.code) << index;
     EXPECT_EQ(AttachCodes[static_cast<std::size_t>(index)], row.code) << index;
   }
@@ -38,6 +39,8 @@ TEST(Attachment, OtherNumbers) {
   for (int vertical = 0; vertical <= 3; ++vertical) {
     EXPECT_EQ(ModesToAttachCode(3, vertical), 13);
     EXPECT_EQ(ModesToAttachCode(5, vertical), 15);
+    EXPECT_EQ(ModesToAttachIndex(3, vertical), -1);
+    EXPECT_EQ(ModesToAttachIndex(4, vertical), vertical == 0 ? 3 : -1);
   }
   EXPECT_EQ(ModesToAttachCode(4, 1), 8);
   EXPECT_EQ(ModesToAttachCode(4, 2), 5);

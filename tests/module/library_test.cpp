@@ -128,7 +128,7 @@ TEST(Library, RegistrySwitchOrVersion15AdoptsTextStyles) {
 
 TEST(Library, CommandsThatAreMissingSaySo) {
   ModuleRun run;
-  run.exported(1008)();
+  run.exported(1007)();
   EXPECT_EQ(run.takeTranscript(), "This command isn't available in this version.");
 }
 

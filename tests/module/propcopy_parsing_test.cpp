@@ -119,8 +119,7 @@ TEST(AlignmentCodes, SetModes) {
       {L"f", 0, kKeepHorizontal},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(alignmentModes(each.code), (AlignmentModes{each.vertical, each.horizontal}))
-        << each.code;
+    EXPECT_EQ(alignmentModes(each.code), (TextModes{each.vertical, each.horizontal})) << each.code;
   }
 }
 

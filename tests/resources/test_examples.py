@@ -56,7 +56,7 @@ class ExampleTest(unittest.TestCase):
     def test_scripts_do_what_they_say(self):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
-        self.assertEqual(scripts, {"attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
+        self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
                                    "place_texts_one_by_one.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
@@ -75,6 +75,10 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual([(text["value"], text["layer"], float(text["height"])) for text in older["motor-1"][0]],
                                  [("SPARE A", "ECMNT", 2.5), ("SPARE B", "ECMNT", 2.5),
                                   ("MC1A", "SYMBOL", 4), ("No.1", "SYMBOL", 2)])
+                aligned = self.run_on_copy("align_texts.kovra", language, folder)
+                self.assertEqual((aligned["motor-1"], aligned["motor-2"]), (([], 7), ([], 0)))
+                self.assertEqual([(float(text["x"]), float(text["y"])) for text in aligned["terminals"][0]],
+                                 [(604, 330 - 10 * row) for row in range(7)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 

@@ -28,7 +28,7 @@ PROMPTS = [2722, 2723, *range(2724, 2731), 2754, 2755, 2767, 2768, 2771, 2774, *
            *range(2788, 2794), 2828, 7353, 7710, 7718, 7723, 7725, 8189]
 OWN_LINE_BREAK = {2774, 8189, 2786}
 COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900, 3910, 3913]
-USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830))
+USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830), (4635, 4665))
 LABELS = {"text dialogs": range(2809, 2822), "align": range(2119, 2132), "radix": range(2795, 2802)}
 
 COUNT_UP = {
@@ -46,6 +46,10 @@ TEXT_529 = {
 }
 TEXT_532 = {"edit": [1936], "radio": [1977, 2003]}
 TEXT_534 = {"edit lines": [1937], "combo edit": [2002], "frame": [2004], "static": [2005, 2009]}
+ALIGN = {
+    "button": [1, 2, *range(4641, 4648), 4663, 4664], "check": range(4635, 4641), "radio": [4656, 4657, 4658, 4659, 4662],
+    "combo list": [4648, 4649, 4653], "combo edit": [4650, 4651, 4652], "edit": [4654, 4655], "static": [4665],
+}
 
 
 def joined(*parts):
@@ -64,15 +68,16 @@ CONTROLS = {
     532: joined(TEXT_529, TEXT_532),
     534: joined(TEXT_529, TEXT_532, TEXT_534),
     1641: joined(TEXT_529, TEXT_532, TEXT_534, {"check": [4514]}),
+    1739: ALIGN,
 }
-MODAL = (526, 531)
-ICON_SIZES = {536: 32, 537: 32, 538: 32, 539: 32, 541: 16, 542: 16}
+MODAL = (526, 531, 1739)
+ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.
 ONE_LINE = {1931, *range(1943, 1948), *range(1932, 1937), 1977, 1978, 2003}
 MANY_LINES = {1937, 2002, 2009}
 # Icon buttons whose caption serves as their tool tip: it needn't fit, and has no access key.
-TOOL_TIPS = {526: {1957, 1958, 1959}, 531: {1957, 1958, 1959}}
+TOOL_TIPS = {526: {1957, 1958, 1959}, 531: {1957, 1958, 1959}, 1739: {4663, 4664}}
 TOOL_TIPS.update({template: {1964, 1965, 1966} for template in (529, 532, 534, 1641)})
 TOOL_TIP_LIMIT = 160
 # In dialog units: a line of text, and the close box with its margins in a dialog's title bar.
@@ -265,7 +270,7 @@ class DialogTest(unittest.TestCase):
 class IconTest(unittest.TestCase):
     def test_sizes(self):
         for language in LANGUAGES:
-            self.assertEqual(ICONS[language], {id: [(size, size)] for id, size in ICON_SIZES.items()})
+            self.assertEqual(ICONS[language], {id: [(size, size) for size in sizes] for id, sizes in ICON_SIZES.items()})
 
 
 if __name__ == "__main__":

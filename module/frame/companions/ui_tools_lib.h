@@ -2,6 +2,17 @@
 
 #include "module/frame/seam.h"
 
+/// Asks for entities that pass the filter (null: all), with a prompt in the thread's code page
+/// (UTF-8), and fills the ids in the order of the sort code; see SortObjectsByPoints. RTNORM when
+/// something was selected, else RTCAN or RTERROR and an empty array.
+int SelectObjectsSorted(const char* prompt, AcDbObjectIdArray& ids, const resbuf* filter,
+                        int sortCode);
+
+/// Sorts ids and their points together, as far as there are both. Sort code 6: from top to bottom,
+/// and from left to right what is at one height, within 0.0001 of the row's first. Points that are
+/// equal keep their order, and so does everything under any other code.
+void SortObjectsByPoints(int sortCode, AcDbObjectIdArray& ids, AcGePoint3dArray& points);
+
 /// True when entities of this layer are not to be edited, by the current project's list. The name
 /// is in the thread's code page (UTF-8); case doesn't matter. False without a project.
 bool IsLayerExcluded(const char* layerName);
