@@ -49,13 +49,11 @@ RecordIndex Structure::endOfSection(RecordIndex section) const {
 /// Makes an empty section in front of the first section of kind `before` or one that comes later in
 /// the usual order. Returns its SECTION record.
 RecordIndex Structure::addSection(std::string_view name, SectionKind before) {
-  RecordIndex anchor = kNoRecord;
-  for (const RecordIndex record : store_.structural()) {
-    if (store_.kind(record) == RecordKind::kSection && store_.section(record) >= before) {
-      anchor = record;
-      break;
-    }
-  }
+  // In file order: sections that were added are listed behind those of the file.
+  RecordIndex anchor = store_.first();
+  while (anchor != kNoRecord &&
+         (store_.kind(anchor) != RecordKind::kSection || store_.section(anchor) < before))
+    anchor = store_.next(anchor);
   const RecordIndex last = store_.previous(kNoRecord);
   const bool hasEof = last != kNoRecord && store_.kind(last) == RecordKind::kEof;
   if (anchor == kNoRecord && hasEof) anchor = last;

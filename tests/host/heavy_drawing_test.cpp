@@ -84,6 +84,18 @@ TEST_F(HeavyDrawingTest, EndsSoonAndSaysWhatIsLeftOut) {
   }
 }
 
+// Where there is more than can be drawn, what lies under the pointer is found all the same.
+TEST_F(HeavyDrawingTest, APickInOneOfThousandLargePartsFindsItsLines) {
+  std::string lines;
+  for (int i = 0; i < 2000; ++i) lines += lineAt(i * 0.005, "8\n0\n");
+  std::string parts;
+  for (int i = 0; i < 3000; ++i) parts += insert("PART", i * 20.0);
+  write("a.dxf", drawing(parts, blockOf("PART", lines)));
+  const ProgramRun picks = runScript("MOVE\n@select 20009,12 20008,-2\n@esc\n", {"a.dxf"});
+  EXPECT_NE(picks.out.find("1 found"), std::string::npos) << picks.out;
+  EXPECT_EQ(picks.out.find("in part"), std::string::npos) << picks.out;
+}
+
 // The copies of an array are looked for where the pointer is, its box follows from its corners.
 TEST_F(HeavyDrawingTest, TheFarCornerOfAnArrayIsFoundAndShown) {
   write("a.dxf", drawing(array("LINE", 32767, 32767), blockOf("LINE", lineAt(0, "8\n0\n"))));

@@ -17,9 +17,13 @@ namespace {
 /// Blocks nest a few levels deep; what lies deeper is left out.
 constexpr std::size_t kDeepestNesting = 100;
 /// What a walk may cost, measured as recordWork() does: so many bytes in any drawing, and so many
-/// for each byte of a larger one. Drawings that people make stay far below.
+/// for each byte of a larger one. Drawings that people make stay below, also where a part of
+/// hundreds of lines stands in a thousand places; what blocks of blocks multiply lies far above.
 constexpr double kFreeWork = 64e6;
-constexpr double kWorkPerByte = 50;
+constexpr double kWorkPerByte = 500;
+/// Larger drawings get this, unless even 50 for each byte is more.
+constexpr double kMuchWork = 4e9;
+constexpr double kLeastWorkPerByte = 50;
 
 /// Collects the work of the references of a space.
 class Planner : public PartTaker {
@@ -50,6 +54,10 @@ double fileSize(const dxf::RecordStore& store) {
   return size;
 }
 
+double mostWork(double size) {
+  return std::max({kFreeWork, std::min(kWorkPerByte * size, kMuchWork), kLeastWorkPerByte * size});
+}
+
 std::string hexadecimal(std::uint64_t handle) {
   std::array<char, 16> digits;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), handle, 16);
@@ -72,11 +80,14 @@ DrawingWalk::DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, S
       parts_(database, showing),
       blocks_(database, parts_),
       reader_(database),
-      share_(fairShare()) {}
+      share_(std::numeric_limits<double>::infinity()) {
+  shareOut();
+}
 
-/// No limit if all references together cost little enough. Else those that stay below the average
-/// are done as a whole, and the others get equal parts.
-double DrawingWalk::fairShare() {
+/// No limit if all references together cost little enough. Else half of what there is goes to them
+/// beforehand: those that stay below the average are done as a whole, and the others get equal
+/// parts. The other half is for those that turn out to matter, such as the one under a pick.
+void DrawingWalk::shareOut() {
   Planner planner(blocks_);
   const dxf::Structure& structure = database_.structure();
   for (dxf::RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
@@ -87,23 +98,28 @@ double DrawingWalk::fairShare() {
   }
   double sum = 0;
   for (const double work : planner.works) sum += work;
-  double most = kFreeWork;
-  if (sum > most) most = std::max(most, kWorkPerByte * fileSize(database_.store()));
-  if (sum <= most) return std::numeric_limits<double>::infinity();
-  const double average = most / static_cast<double>(planner.works.size());
+  const double most = sum > kFreeWork ? mostWork(fileSize(database_.store())) : kFreeWork;
+  if (sum <= most) return;
+  const double shared = most / 2;
+  const double average = shared / static_cast<double>(planner.works.size());
   const auto large = std::ranges::count_if(planner.works, [&](double w) { return w > average; });
-  return most / static_cast<double>(large);
+  share_ = shared / static_cast<double>(large);
+  common_ = most - shared;
+  // One entity takes a part of what is common, so that others find some, too.
+  takers_ = std::min(static_cast<double>(large), 4.0);
 }
 
 bool DrawingWalk::entity(dxf::RecordIndex record, const Visitor& visit, const Approach& approach) {
   visit_ = &visit;
   approach_ = approach ? &approach : nullptr;
-  workLeft_ = share_;
+  const double granted = share_ + common_ / takers_;
+  workLeft_ = granted;
   whole_ = true;
   toWorld_.setToIdentity();
   containers_.clear();
   within_.clear();
   parts_.ofEntity(record, spaceLook(), false, *this);
+  if (const double spent = granted - workLeft_; spent > share_) common_ -= spent - share_;
   if (!whole_) unfinished_.push_back(record);
   return whole_;
 }

@@ -69,7 +69,7 @@ class DrawingWalk : private PartTaker {
   bool copies(const BlockUse& use, const BlockWhole& whole, const CopyRange& range);
   bool copy(const BlockUse& use, const AcGeMatrix3d& place);
   bool spend(double work);
-  double fairShare();
+  void shareOut();
 
   const AcDbDatabase& database_;
   dxf::BlockNumber space_;
@@ -77,7 +77,9 @@ class DrawingWalk : private PartTaker {
   DrawnBlocks blocks_;
   ShapeReader reader_;
   std::vector<DrawnShape> shapes_;
-  double share_;  ///< the most work that an entity gets
+  double share_;       ///< work that every entity gets
+  double common_ = 0;  ///< what they may use beyond that, altogether
+  double takers_ = 1;  ///< one entity may use this part of it
 
   // The entity in progress.
   const Visitor* visit_ = nullptr;
