@@ -158,8 +158,8 @@ TEST_F(AlignCommand, ACancelLeavesEveryByte) {
       "@check 4635 on\n@choose 4648 KEPT\n@check 4637 on\n@type 4650 9\n"
       "@check 4640 on\n@choose 4653 Center\n";
   for (const char* way : {"@click 4658\n", "@click 4662\n"}) {
-    for (const char* end :
-         {"@esc", "@enter", "@move 5,5\n@move 60,70\n@esc", "@move 9,9\n@enter"}) {
+    for (const char* end : {"@esc", "@enter", "@move 5,5\n@move 60,70\n@esc", "@move 9,9\n@enter",
+                            "@move 9,9\n@refused @save half.dxf\n@esc"}) {
       alignAll(kColumn, all + way + "@click 1\n" + end);
       EXPECT_TRUE(isUnchanged()) << way << end;
     }

@@ -39,6 +39,7 @@ Result<DrawingId> openDrawing(const std::filesystem::path& file);
 /// A new empty drawing, activated.
 Result<DrawingId> newDrawing();
 /// To its own file without `file`; a copy elsewhere doesn't change what the drawing is called.
+/// Refused while a transaction is open: what it changed may still be taken back.
 Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullptr,
                          SaveOptions options = {});
 /// Cancels the drawing's commands until it is idle, tells the reactors, and drops what wasn't

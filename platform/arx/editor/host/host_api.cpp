@@ -1,6 +1,7 @@
 #include "platform/arx/editor/host_api.h"
 
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/transaction_manager.h"
 #include "platform/arx/editor/commands/command_processor.h"
 #include "platform/arx/editor/commands/document_switch.h"
 #include "platform/arx/editor/commands/idle_host.h"
@@ -84,6 +85,9 @@ Result<void> saveDrawing(DrawingId id, const fs::path* file, SaveOptions options
   AcDbDatabase& database = *document->database();
   if (file == nullptr && database.path().empty())
     return refused("the drawing has no file yet: say where to save it");
+  // What a command may still take back is no state of the drawing.
+  if (database.transactionManager()->numActiveTransactions() > 0)
+    return refused("a command is changing the drawing: end or cancel it first");
   std::error_code ignored;
   const bool own =
       file == nullptr || database.path().empty() || fs::equivalent(database.path(), *file, ignored);
