@@ -1,5 +1,7 @@
 // Small drawings that stand for more than anybody can draw: what is done with them ends soon, what
 // is beside them stays complete, and what was left out is said.
+// Not under the sanitizers, which make a bounded run of a second one of minutes.
+#ifndef __SANITIZE_ADDRESS__
 #include "tests/host/drawings.h"
 #include "tests/host/program.h"
 
@@ -111,3 +113,4 @@ TEST_F(HeavyDrawingTest, TheFarCornerOfAnArrayIsFoundAndShown) {
 
 }  // namespace
 }  // namespace kovra::test
+#endif
