@@ -19,6 +19,7 @@
 #include "platform/arx/editor/host/message_hooks.h"
 #include "platform/arx/editor/picks/jig.h"
 #include "platform/arx/entities/block_reference.h"
+#include "platform/arx/entities/mtext.h"
 #include "platform/arx/entities/text.h"
 #include "platform/arx/geometry/geometry.h"
 #include "platform/arx/geometry/gi.h"
