@@ -11,6 +11,7 @@ namespace kovra {
 namespace {
 
 constexpr UINT kDistancePrompt = 7725;
+
 /// Reads the values if the entity is a text.
 PickAnswer readText(const ads_name entity, TextValues& values) {
   AcDbObjectId id;
