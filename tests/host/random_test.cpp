@@ -57,7 +57,11 @@ const Scene kCountUpCopy = {
      "@click 1974\n@click 1\n@point 0,0\n@move 5,5\n@open b.dxf",
      // entries that OK refuses
      "@check 1967 off\n@click 1975\n@click 1953\n@type 1932 0\n@click 1\n@esc",
-     "@check 1967 off\n@click 1975\n@click 1954\n@type 1934 0\n@click 1\n@close"},
+     "@check 1967 off\n@click 1975\n@click 1954\n@type 1934 0\n@click 1\n@close",
+     // below the first number
+     "@check 1967 on\n@choose 1978 #1\n@type 1931 -99999\n@click 1974\n@click 1\n@point "
+     "0,0\n@point "
+     "9,0\n@esc"},
 };
 
 const Scene kTextDialog = {
@@ -124,7 +128,26 @@ const Scene kTextAlign = {
      "@click 4659\n@click 1"},
 };
 
-const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog, &kTextsOneByOne, &kTextAlign};
+const Scene kChangeProperties = {
+    {"@preselect all\nKOVRA_TEXT_PROPERTIES", "KOVRA_TEXT_PROPERTIES\n@select all\n@enter",
+     "KOVRA_TEXT_PROPERTIES\n@select 60 61\n@enter", "KOVRA_TEXT_PROPERTIES"},
+    {"@check 1967 on", "@check 1967 off", "@check 1968 on", "@check 1969 on", "@check 1970 on",
+     "@check 1971 on", "@check 1972 on", "@check 1972 off", "@choose 1978 WIRENO",
+     "@choose 1978 LOCKED", "@type 1978 NEW", "@type 1978 \"a<b\"", "@choose 1979 #0",
+     "@type 1979 NOSUCH", "@type 1980 3", "@type 1980 0", "@type 1980 x", "@type 1980 \"\"",
+     "@choose 1981 #2", "@type 1982 -1e9", "@choose 1982 #1", "@choose 1983 #0", "@choose 1983 #8",
+     "@focus 1980", "@key 1981 Tab", "@place 30 40", "@dialog",
+     // picks, ended, cancelled and left waiting
+     "@click 1959\n@pick 61", "@click 1953\n@pick 60", "@click 1955\n@pick 100\n@esc",
+     "@click 1957\n@enter", "@click 1959\n@point 900,900", "@click 1959\n@closedrawing",
+     "@click 1958"},
+    {"@click 1", "@click 1", "@click 1\nU", "@click 2", "@esc", "@close",
+     "@check 1969 on\n@type 1980 4\n@check 1972 on\n@choose 1983 #5\n@click 1",
+     "@check 1969 on\n@type 1980 -4\n@click 1"},
+};
+
+const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog, &kTextsOneByOne, &kTextAlign,
+                                &kChangeProperties};
 
 /// What must have been seen, so that the random users aren't kept out by a closed door.
 const Pieces kSeen = {"The number of rows must be",
@@ -146,7 +169,11 @@ const Pieces kSeen = {"The number of rows must be",
                       "take all properties from",
                       "distance by two points",
                       "Select base text:",
-                      "Specify point for the texts:"};
+                      "Specify point for the texts:",
+                      "Select texts:",
+                      "take the rotation from",
+                      "couldn't be changed",
+                      "Regenerating"};
 
 class RandomTest : public ProgramTest {
  protected:
