@@ -58,6 +58,7 @@ const Scene kCountUpCopy = {
      // entries that OK refuses
      "@check 1967 off\n@click 1975\n@click 1953\n@type 1932 0\n@click 1\n@esc",
      "@check 1967 off\n@click 1975\n@click 1954\n@type 1934 0\n@click 1\n@close",
+     "@check 1967 off\n@click 1975\n@click 1955\n@type 1932 0\n@click 1\n@esc",
      // below the first number
      "@check 1967 on\n@choose 1978 #1\n@type 1931 -99999\n@click 1974\n@click 1\n@point "
      "0,0\n@point "
