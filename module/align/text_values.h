@@ -22,10 +22,10 @@ inline constexpr std::size_t kTextProperties = 6;
 using TextValues = std::array<CString, kTextProperties>;
 
 /// The properties that are to be changed.
-using TextPropertySet = std::array<bool, kTextProperties>;
+using TextPropertyFlags = std::array<bool, kTextProperties>;
 
 /// Reads a set of properties from their digits, "0" to "5"; other characters are passed over.
-TextPropertySet ReadApplySet(const ACHAR* digits);
+TextPropertyFlags ReadApplySet(const ACHAR* digits);
 
 /// The angle that the dialog shows for a rotation, in degrees; both from radians in 0 to a full
 /// turn. Angles above a half turn are shown as negative ones.

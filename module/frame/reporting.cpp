@@ -12,6 +12,19 @@ CString ResourceText(UINT id, int limit) {
   return CString(buffer.data());
 }
 
+CString FormatResourceText(UINT id, const ACHAR* argument) {
+  const CString format = ResourceText(id, kCommandLineLength);
+  CString text;
+  text.FormatMessage(format, argument);
+  const int surplus = text.GetLength() - (kCommandLineLength - 1);
+  if (surplus <= 0) return text;
+  const CString dots = L"...";
+  const CString whole = argument;
+  const CString cut = whole.Left(whole.GetLength() - surplus - dots.GetLength()) + dots;
+  text.FormatMessage(format, cut.GetString());
+  return text;
+}
+
 int ShowMessage(UINT id) {
   const CString text = ResourceText(id, kMessageBoxLength);
   return MessageBoxW(nullptr, text.GetString(), L"AutoCAD", MB_TASKMODAL | MB_ICONEXCLAMATION);

@@ -50,6 +50,10 @@ ALIGN = {
     "button": [1, 2, *range(4641, 4648), 4663, 4664], "check": range(4635, 4641), "radio": [4656, 4657, 4658, 4659, 4662],
     "combo list": [4648, 4649, 4653], "combo edit": [4650, 4651, 4652], "edit": [4654, 4655], "static": [4665],
 }
+EDIT_PROPERTY = {
+    "button": [1, 2, *range(1953, 1959), 1960, 1961, 1962], "check": [*range(1967, 1972), 2014], "combo list": [1978, 1982],
+    "combo edit": [4440], "edit": [1932, 1933, 1934], "frame": [4438, 4439],
+}
 
 
 def joined(*parts):
@@ -69,8 +73,9 @@ CONTROLS = {
     534: joined(TEXT_529, TEXT_532, TEXT_534),
     1641: joined(TEXT_529, TEXT_532, TEXT_534, {"check": [4514]}),
     1739: ALIGN,
+    1596: EDIT_PROPERTY,
 }
-MODAL = (526, 531, 1739)
+MODAL = (526, 531, 1739, 1596)
 ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.
