@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "tests/host/program.h"
+#include "tests/module/command_test.h"
 #include "tests/module/sheet.h"
 
 namespace kovra::test {
@@ -18,51 +18,15 @@ std::string at(int x, int y, const std::string& modes) {
   return "11 " + std::to_string(x) + ".0|21 " + std::to_string(y) + ".0|31 0.0|" + modes;
 }
 
-class AlignCommand : public ProgramTest {
+class AlignCommand : public CommandTest {
  protected:
   /// Runs the command on a drawing with these entities; `lines` begin with the selection.
   void align(const std::string& entities, const std::string& lines) {
-    write("in.dxf", sheet(entities));
-    std::error_code ignored;
-    std::filesystem::remove(path("out.dxf"), ignored);
-    result = runScript(lines, {"-o", "out.dxf", "in.dxf"});
-    EXPECT_EQ(result.status, 0) << lines << result.err;
+    runOn(sheet(entities), lines);
   }
   void alignAll(const std::string& entities, const std::string& lines) {
     align(entities, "@preselect all\nKOVRA_TEXT_ALIGN\n" + lines);
   }
-
-  /// "VALUE@X,Y" of every text in the order of the drawing, or other columns of the list.
-  std::string texts(std::vector<std::size_t> columns = {}) const {
-    std::istringstream rows(run({"list", "--format", "csv", "out.dxf"}).out);
-    std::string all;
-    std::string row;
-    for (std::getline(rows, row); std::getline(rows, row);) {
-      std::vector<std::string> fields;
-      std::istringstream line(row);
-      for (std::string field; std::getline(line, field, ',');) fields.push_back(field);
-      if (!all.empty()) all += ' ';
-      if (columns.empty()) all += fields[4] + '@' + fields[11] + ',' + fields[12];
-      for (const std::size_t column : columns)
-        all += (column == columns[0] ? "" : ",") + fields[column];
-    }
-    return all;
-  }
-
-  bool isUnchanged() const { return read("in.dxf") == read("out.dxf"); }
-
-  /// The line of the last @dialog about a control.
-  std::string control(int id) const {
-    const std::string name = "\n  " + std::to_string(id) + ' ';
-    const std::size_t start = result.out.rfind(name);
-    if (start == std::string::npos) return "none";
-    return result.out.substr(start + 1, result.out.find('\n', start + 1) - start - 1);
-  }
-  bool shows(int id, const std::string& part) const {
-    return control(id).find(part) != std::string::npos;
-  }
-
-  ProgramRun result;
 };
 
 TEST_F(AlignCommand, TheThreeWaysInBothSpacings) {
