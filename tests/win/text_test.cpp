@@ -37,7 +37,7 @@ std::wstring numbered(const wchar_t* format, ...) {
 }
 
 TEST(WideFormat, NumberedArgumentsComeInAnyOrder) {
-  EXPECT_EQ(numbered(L"%2!d! of %1, %1%n100%%", L"text", 7), L"7 of text, text\n100%");
+  EXPECT_EQ(numbered(L"%2!d! of %1, %1%n100%%", L"text", 7), L"7 of text, text\r\n100%");
   EXPECT_EQ(numbered(L"%1!04X!", 255), L"00FF");
   EXPECT_EQ(numbered(L"a%0b"), L"a");
 }
