@@ -18,6 +18,7 @@ LANGUAGES = {"ja": "Japanese", "en": "English"}
 COUNT_UP = ("@preselect 120,67 162,73", "KOVRA_TEXT_COUNTUP", "@check 1967 on", "@click 1975")
 COUNTED = ("KOVRA_TEXT", "@click 1976", "@check 1967 on", "@type 1932 X", "@type 1933 004")
 ALIGN = ("@preselect 18,80 100,45", "KOVRA_TEXT_ALIGN", "@check 4637 on", "@type 4650 2.5")
+EDIT_PROPERTY = ("KOVRA_TEXT_EDITPROP", "@choose 4440 #0", "@click 1960")
 LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
 
 
@@ -44,6 +45,7 @@ PICTURES = (
     Picture(526, "9.0", COUNT_UP, "Counted copies below data version 10.0", "@click 2"),
     Picture(531, "12.0", COUNT_UP, "Counted copies from 10.0 on", "@click 2"),
     Picture(1739, "12.0", ALIGN, "Texts aligned into a column", "@click 2"),
+    Picture(1596, "12.0", EDIT_PROPERTY, "Properties given to texts, and the project's sets of them", "@click 2"),
 )
 
 

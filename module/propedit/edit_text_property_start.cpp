@@ -1,5 +1,7 @@
 // What the dialog of text properties shows at its start, and what it remembers.
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 #include "module/drawing/attachment.h"
 #include "module/drawing/layers.h"
@@ -27,6 +29,21 @@ struct StoredText {
   const ACHAR* key;
 };
 
+// What follows the width of the window.
+constexpr DialogItemResize stretching(int id) {
+  return {id, 0, 0, 100, 0};
+}
+constexpr DialogItemResize movingRight(int id) {
+  return {id, 100, 0, 100, 0};
+}
+constexpr DialogItemResize kLayout[] = {
+    stretching(kPropertiesFrame), stretching(kLayer),          stretching(kHeight),
+    stretching(kWidthFactor),     stretching(kRotation),       stretching(kAlignment),
+    stretching(kSetsFrame),       stretching(kSetName),        movingRight(kFirstPick),
+    movingRight(kFirstPick + 1),  movingRight(kFirstPick + 2), movingRight(kFirstPick + 3),
+    movingRight(kFirstPick + 4),  movingRight(kPickAll),       movingRight(IDOK),
+    movingRight(IDCANCEL)};
+
 constexpr StoredText kLists[] = {{kLayer, L"Layer"}, {kAlignment, L"Alignment"}};
 constexpr StoredText kFields[] = {
     {kHeight, L"Height"}, {kWidthFactor, L"WidthFactor"}, {kRotation, L"Rotation"}};
@@ -51,6 +68,7 @@ BOOL CEditTextPropertyDialog::OnInitDialog() {
   }
   CAcUiDialog::OnInitDialog();
   SetDialogName(kDialogName);
+  SetItemResizing(kLayout, static_cast<int>(std::size(kLayout)));
   FillLists();
   ShowPropertySet();
   restoreState();

@@ -277,7 +277,7 @@ TEST_F(EditTextProperty, SelectionAfterSelection) {
        "@check 1968 on\n@type 1932 5\n@click 1\n@select -1,-1 9,9\n@enter\n@select 99,-1 120,9\n"
        "@enter\n@esc");
   EXPECT_EQ(texts({4, 7}), "A,5 B,2 C,5");
-  edit(text("A", 0, 0), "@click 1953\n@closedrawing\n@open in.dxf\n" + kCommand +
+  edit(text("A", 0, 0), "@click 1958\n@closedrawing\n@open in.dxf\n" + kCommand +
                             "@check 1968 on\n@click 1\n@select all\n@closedrawing\n@open in.dxf");
   EXPECT_TRUE(isUnchanged());
 }
@@ -331,7 +331,6 @@ TEST_F(EditTextProperty, WhatTheDialogRemembers) {
       "@check 1968 on\n@type 1932 7\n@check 1967 on\n@choose 1978 KEPT\n@check 2014 off\n"
       "@type 4440 note\n@place 40 50 700 900\n");
   EXPECT_NE(result.out.find("at 40 50 size 700 414"), std::string::npos) << result.out;
-  const std::string wide = control(1932);
   inDialog("");
   EXPECT_NE(result.out.find("at 40 50 size 700 414"), std::string::npos) << result.out;
   EXPECT_TRUE(shows(1932, "\"7\"") && shows(1978, "\"KEPT\"") && shows(4440, "\"note\""));

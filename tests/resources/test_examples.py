@@ -56,7 +56,7 @@ class ExampleTest(unittest.TestCase):
     def test_scripts_do_what_they_say(self):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
-        self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
+        self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "count_up.kovra", "edit_properties.kovra", "place_texts.kovra",
                                    "place_texts_one_by_one.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
