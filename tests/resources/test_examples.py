@@ -79,6 +79,8 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual((aligned["motor-1"], aligned["motor-2"]), (([], 7), ([], 0)))
                 self.assertEqual([(float(text["x"]), float(text["y"])) for text in aligned["terminals"][0]],
                                  [(604, 330 - 10 * row) for row in range(7)])
+                sets = self.run_on_copy("edit_properties.kovra", language, folder)
+                self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 
