@@ -8,7 +8,7 @@
 namespace kovra::test {
 namespace {
 
-constexpr int kRuns = 50;
+constexpr int kRuns = 60;
 constexpr int kPiecesPerRun = 30;
 
 using Pieces = std::vector<const char*>;
