@@ -8,8 +8,7 @@
 
 namespace {
 
-std::optional<std::wstring> formatted(DWORD flags, const wchar_t* format,
-                                      std::va_list* arguments) {
+std::optional<std::wstring> formatted(DWORD flags, const wchar_t* format, std::va_list* arguments) {
   if (flags == (FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY)) {
     return kovra::win::formatNumbered(format, reinterpret_cast<const DWORD_PTR*>(arguments));
   }

@@ -92,8 +92,8 @@ Spec readSpec(const wchar_t*& at) {
   return spec;
 }
 
-/// The arguments of a format: `slots` if there are some, of a word each, else `list`. A va_list can't
-/// be handed on by reference where it is an array, so it travels inside an object.
+/// The arguments of a format: `slots` if there are some, of a word each, else `list`. A va_list
+/// can't be handed on by reference where it is an array, so it travels inside an object.
 struct Arguments {
   std::va_list list;
   const std::uintptr_t* slots = nullptr;
@@ -393,8 +393,7 @@ std::wstring formatNumberedV(const wchar_t* format, std::va_list arguments) {
   return result;
 }
 
-std::optional<std::wstring> formatNumbered(const wchar_t* format,
-                                           const std::uintptr_t* arguments) {
+std::optional<std::wstring> formatNumbered(const wchar_t* format, const std::uintptr_t* arguments) {
   if (format == nullptr) return std::nullopt;
   const std::vector<Piece> pieces = readPieces(format);
   const bool hasInserts = std::any_of(pieces.begin(), pieces.end(),
