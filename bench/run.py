@@ -3,7 +3,8 @@
 
 Five tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
 of every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
-The third: arrays of texts that follow the cursor. The fourth: columns of aligned texts. The fifth: properties of many texts changed at once.
+The third: arrays of texts that follow the cursor. The fourth: columns of aligned texts.
+The fifth: properties given to all texts of a drawing.
 Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench; a
 folder in memory (--folder /dev/shm/bench) leaves a busy disk out of all of them.
 """
@@ -14,10 +15,10 @@ import sys
 from pathlib import Path
 
 from align_column import column_rows
-from change_properties import property_rows
 from count_up import count_up_rows
 from drag_array import drag_rows
 from measuring import Result, better, measured, print_table
+from text_properties import property_rows
 
 HERE = Path(__file__).resolve().parent
 HEIGHT = "3"

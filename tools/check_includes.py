@@ -52,6 +52,7 @@ EXCEPTIONS = {
     "module/frame/seam.h": ["platform"],
     "platform/arx/editor/host/dialog_bases.h": ["platform/mfc"],
     "platform/arx/editor/host/dialog_bases.cpp": ["platform/mfc"],
+    "platform/arx/editor/host/dialog_resize.h": ["platform/mfc"],
 }
 
 # Headers of libraries, by the folder that may use them; the C++ standard library is open to all.

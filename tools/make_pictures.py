@@ -20,6 +20,7 @@ COUNTED = ("KOVRA_TEXT", "@click 1976", "@check 1967 on", "@type 1932 X", "@type
 ALIGN = ("@preselect 18,80 100,45", "KOVRA_TEXT_ALIGN", "@check 4637 on", "@type 4650 2.5")
 PROPERTIES = ("@preselect 18,80 100,45", "KOVRA_TEXT_PROPERTIES", "@check 1967 on", "@choose 1978 CMNT", "@check 1969 on",
               "@type 1980 2.5")
+EDIT_PROPERTY = ("KOVRA_TEXT_EDITPROP", "@choose 4440 #0", "@click 1960")
 LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
 
 
@@ -47,6 +48,7 @@ PICTURES = (
     Picture(531, "12.0", COUNT_UP, "Counted copies from 10.0 on", "@click 2"),
     Picture(1739, "12.0", ALIGN, "Texts aligned into a column", "@click 2"),
     Picture(525, "12.0", PROPERTIES, "Properties of many texts at once", "@click 2"),
+    Picture(1596, "12.0", EDIT_PROPERTY, "Properties given to texts, and the project's sets of them", "@click 2"),
 )
 
 

@@ -10,6 +10,7 @@
 #include "module/align/place_on_base.h"
 #include "module/align/select_texts.h"
 #include "module/align/text_align_form_dlg.h"
+#include "module/drawing/layers.h"
 #include "module/frame/attach.h"
 #include "module/frame/commands.h"
 #include "module/frame/resource_scope.h"
@@ -45,7 +46,7 @@ std::optional<AlignSettings> askHow(const AcDbObjectIdArray& ids) {
   TextList layers;
   TextList styles;
   std::vector<UINT> lockedFlags;
-  CollectLayers(layers, lockedFlags);
+  CollectLayers(layers, &lockedFlags);
   CollectTextStyles(styles);
   const ResourceScope resources;
   CTextAlignFormDlg dialog(acedGetAcadFrame(), ResourceModule);

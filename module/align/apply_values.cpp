@@ -15,7 +15,7 @@ namespace {
 
 /// What a set of properties means in the drawing.
 struct Change {
-  TextPropertySet flags = {};
+  TextPropertyFlags flags = {};
   CString layer;
   AcDbObjectId style;  ///< null: the drawing has no style of the name
   double height = 0;

@@ -102,20 +102,6 @@ bool SelectAlignTexts(AcDbObjectIdArray& ids) {
   return true;
 }
 
-void CollectLayers(TextList& names, std::vector<UINT>& lockedFlags) {
-  const LayerTable table;
-  CTableIterator<AcDbLayerTableIterator, AcDbLayerTableRecord> layers;
-  if (!table.newIterator(layers)) return;
-  for (layers->start(); !layers->done(); layers->step()) {
-    CRecord<AcDbLayerTableRecord> layer;
-    if (!layers.openRecord(layer)) continue;
-    const ACHAR* name = nullptr;
-    if (layer->getName(name) != Acad::eOk) continue;
-    TextListAdd(names, name);
-    lockedFlags.push_back(layer->isLocked() ? 1 : 0);
-  }
-}
-
 void CollectTextStyles(TextList& names) {
   GTxtStyL(names);
 }

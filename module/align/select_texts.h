@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "module/drawing/text_list.h"
 #include "module/frame/seam.h"
 
@@ -12,10 +10,6 @@ namespace kovra {
 /// again when no other remains.
 /// @return false when nothing is selected
 bool SelectAlignTexts(AcDbObjectIdArray& ids);
-
-/// All layers of the current drawing in table order.
-/// @param lockedFlags 1 for a locked layer, in the order of the names
-void CollectLayers(TextList& names, std::vector<UINT>& lockedFlags);
 
 /// All text styles of the working database that have a name, in table order.
 void CollectTextStyles(TextList& names);

@@ -16,8 +16,8 @@ bool isNear(double number, const CString& text) {
 
 }  // namespace
 
-TextPropertySet ReadApplySet(const ACHAR* digits) {
-  TextPropertySet set = {};
+TextPropertyFlags ReadApplySet(const ACHAR* digits) {
+  TextPropertyFlags set = {};
   for (; *digits != ACHAR{}; ++digits) {
     if (*digits < L'0' || *digits > L'5') continue;
     set[static_cast<std::size_t>(*digits - L'0')] = true;

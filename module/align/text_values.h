@@ -9,7 +9,7 @@
 namespace kovra {
 
 /// Reads a set of properties from their digits, "0" to "5"; other characters are passed over.
-TextPropertySet ReadApplySet(const ACHAR* digits);
+TextPropertyFlags ReadApplySet(const ACHAR* digits);
 
 /// The angle that the dialog shows for a rotation, in degrees; both from radians in 0 to a full
 /// turn. Angles above a half turn are shown as negative ones.

@@ -75,4 +75,18 @@ bool IsLayerLocked(const ACHAR* name) {
   return flags != nullptr && (flags->resval.rint & kLockedFlag) != 0;
 }
 
+void CollectLayers(TextList& names, std::vector<UINT>* lockedFlags) {
+  const LayerTable table;
+  CTableIterator<AcDbLayerTableIterator, AcDbLayerTableRecord> layers;
+  if (!table.newIterator(layers)) return;
+  for (layers->start(); !layers->done(); layers->step()) {
+    CRecord<AcDbLayerTableRecord> layer;
+    if (!layers.openRecord(layer)) continue;
+    const ACHAR* name = nullptr;
+    if (layer->getName(name) != Acad::eOk) continue;
+    TextListAdd(names, name);
+    if (lockedFlags != nullptr) lockedFlags->push_back(layer->isLocked() ? 1 : 0);
+  }
+}
+
 }  // namespace kovra

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <vector>
+
+#include "module/drawing/text_list.h"
 #include "module/frame/seam.h"
 
-/// Look-ups in the layer table of the current database. Failure is a result; nothing is shown.
+/// The layer table of the current database. Failure is a result; nothing is shown.
 namespace kovra {
 
 /// @return 0, or -1 when the table can't be opened or lacks the name
@@ -21,5 +24,9 @@ bool CanBeLayer(const ACHAR* name);
 /// Whether a layer is locked; null or an empty name stands for the current layer. False for a
 /// layer that isn't there.
 bool IsLayerLocked(const ACHAR* name);
+
+/// Appends the names of all layers in table order; layers that can't be opened are left out.
+/// @param lockedFlags null, or gets 1 for a locked layer and else 0, in the order of the names
+void CollectLayers(TextList& names, std::vector<UINT>* lockedFlags = nullptr);
 
 }  // namespace kovra

@@ -22,6 +22,6 @@ inline constexpr std::size_t kTextProperties = 6;
 using TextValues = std::array<CString, kTextProperties>;
 
 /// The properties that are to be changed.
-using TextPropertySet = std::array<bool, kTextProperties>;
+using TextPropertyFlags = std::array<bool, kTextProperties>;
 
 }  // namespace kovra

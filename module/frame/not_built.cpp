@@ -15,9 +15,6 @@ void ResizeTextCommand() {
 void PropertyCopyCommand(int /*mode*/) {
   ProjectMessage(kCommandNotBuilt);
 }
-void EditTextPropertyCommand() {
-  ProjectMessage(kCommandNotBuilt);
-}
 
 // No command of the user's: the host calls it at each start, so there is nothing to say.
 void OptionEntry(int /*add*/) {}

@@ -11,6 +11,11 @@ inline constexpr int kCommandLineLength = 256;
 /// String `id` of ResourceModule, cut to `limit` - 1 characters; empty when there is none.
 CString ResourceText(UINT id, int limit = kMessageBoxLength);
 
+/// String `id`, a FormatMessage form, with the argument in place of %1. The text has room for one
+/// of kCommandLineLength with the character that ends it; a longer argument is cut and ends with
+/// "...".
+CString FormatResourceText(UINT id, const ACHAR* argument);
+
 /// Shows string `id` in a task-modal box with the exclamation icon.
 /// @return what the box gave; the box has one button, so nobody needs it.
 int ShowMessage(UINT id);

@@ -7,7 +7,7 @@ namespace kovra {
 
 /// What a text is given, in the form of its groups.
 struct TextChange {
-  TextPropertySet checks = {};  ///< the properties that are to be changed
+  TextPropertyFlags checks = {};  ///< the properties that are to be changed
   CString layer;
   CString style;
   double height = 0;       ///< drawing units
@@ -18,7 +18,7 @@ struct TextChange {
 
 /// @param values what the fields hold: rotation in degrees; a text that is no number counts as 0
 /// @param attachIndex -1 stands for the first alignment
-TextChange TextChangeOf(const TextPropertySet& checks, const TextValues& values, int attachIndex);
+TextChange TextChangeOf(const TextPropertyFlags& checks, const TextValues& values, int attachIndex);
 
 enum class ChangeResult {
   unchanged,  ///< the text is so already

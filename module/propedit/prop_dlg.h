@@ -21,7 +21,7 @@ class CPropDlg : public CAcUiDialog {
   void InitPropValues(const GrowingList<AcDbObjectId>& ids);
 
   GrowingList<AcDbObjectId> EntityIds;
-  TextPropertySet PropChecks = {};  ///< the properties that are to be set
+  TextPropertyFlags PropChecks = {};  ///< the properties that are to be set
   TextValues PropValues;
 
  protected:

@@ -21,7 +21,7 @@ void readNumber(resbuf* list, int group, CString& value) {
 }
 
 /// Keeps of `common` what agrees with the values of one entity more.
-void compare(const TextValues& values, TextValues& common, TextPropertySet& same) {
+void compare(const TextValues& values, TextValues& common, TextPropertyFlags& same) {
   for (std::size_t property = 0; property < kTextProperties; ++property) {
     const CString& value = values[property];
     if (!same[property] || value.IsEmpty()) continue;
@@ -54,7 +54,7 @@ TextValues CommonPropValues(const GrowingList<AcDbObjectId>& ids) {
   const AttachNames names = LoadAttachNames();
   const TextValues start = {L"0", L"STANDARD", L"", L"1", L"0", names[0]};
   TextValues common;
-  TextPropertySet same;
+  TextPropertyFlags same;
   same.fill(true);
   for (const AcDbObjectId& id : ids) {
     ads_name entity = {};

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "module/frame/dialog_items.h"
+#include "module/frame/size_grip.h"
 #include "module/text7/text7_dlg.h"
 #include "module/text7/text7_ids.h"
 
@@ -9,9 +10,6 @@ namespace kovra {
 using namespace text7;
 
 namespace {
-
-constexpr int kSmallestSide = 51;
-constexpr int kGripSide = 16;
 
 /// Place of a control in its dialog's client area; empty if there is none.
 CRect placeOf(const CWnd& dialog, int id) {
@@ -141,23 +139,15 @@ void CText7Dlg::OnGetMinMaxInfo(MINMAXINFO* limits) {
 void CText7Dlg::OnSize(UINT type, int width, int height) {
   if (!offersLines()) return;
   CAcUiDialog::OnSize(type, width, height);
-  if (CompactHeight == 0 || width < kSmallestSide || height < kSmallestSide) return;
-  LayoutControls();
-  InvalidateRect(GripRect);
-  GripRect = CRect(width - kGripSide, height - kGripSide, width, height);
-  InvalidateRect(GripRect);
+  if (CompactHeight != 0 && MoveSizeGrip(*this, GripRect, width, height)) LayoutControls();
 }
 
 void CText7Dlg::OnPaint() {
-  PAINTSTRUCT paint;
-  const HDC context = BeginPaint(GetSafeHwnd(), &paint);
-  if (Radio == kSingle) DrawFrameControl(context, GripRect, DFC_SCROLL, DFCS_SCROLLSIZEGRIP);
-  EndPaint(GetSafeHwnd(), &paint);
+  PaintSizeGrip(*this, GripRect, Radio == kSingle);
 }
 
 LRESULT CText7Dlg::OnNcHitTest(CPoint point) {
-  ScreenToClient(&point);
-  return GripRect.PtInRect(point) ? HTBOTTOMRIGHT : CAcUiDialog::OnNcHitTest(point);
+  return IsOnSizeGrip(*this, GripRect, point) ? HTBOTTOMRIGHT : CAcUiDialog::OnNcHitTest(point);
 }
 
 }  // namespace kovra

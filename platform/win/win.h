@@ -1,6 +1,7 @@
 #pragma once
 
 /// All of the windowing platform's names that programs written for it use.
+#include "platform/win/base/message_format.h"
 #include "platform/win/base/messages.h"
 #include "platform/win/base/registry.h"
 #include "platform/win/base/wide_text.h"

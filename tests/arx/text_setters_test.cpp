@@ -8,6 +8,7 @@
 #include <numbers>
 
 #include "platform/arx/database/block_table_record.h"
+#include "platform/arx/entities/mtext.h"
 #include "platform/arx/entities/text.h"
 #include "tests/arx/test_drawing.h"
 
@@ -203,6 +204,65 @@ TEST(Text, TransformsWithItsAlignmentPoint) {
   EXPECT_NEAR(text->height(), 5, 1e-12);
   EXPECT_EQ(text->widthFactor(), 1);
   text->close();
+}
+
+// A text that gets another alignment and goes back to its place: only its alignment point moves.
+TEST(Text, KeepsItsPositionWhenItsModesChange) {
+  const std::vector<Group> points[] = {{}, {{11, "7.3"}, {21, "0.0"}, {31, "0.0"}}};
+  for (const auto& point : points) {
+    for (const auto horizontal :
+         {AcDb::kTextLeft, AcDb::kTextCenter, AcDb::kTextRight, AcDb::kTextMid}) {
+      for (const auto vertical :
+           {AcDb::kTextBase, AcDb::kTextBottom, AcDb::kTextVertMid, AcDb::kTextTop}) {
+        SCOPED_TRACE(testing::Message() << point.size() << " " << horizontal << " " << vertical);
+        std::vector<Group> groups = {{50, "33.3"}, {210, "0.0"}, {220, "0.0"}, {230, "-1.0"}};
+        groups.insert(groups.begin(), point.begin(), point.end());
+        const std::string bytes =
+            TestDrawing{1015, textEntity(TextKind::kText, 1015, kHandle, groups)}.bytes();
+        OpenDrawing drawing(bytes);
+        AcDbText* text = nullptr;
+        ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+        const AcGePoint3d place = text->position();
+        text->setHorizontalMode(horizontal);
+        text->setVerticalMode(vertical);
+        text->adjustAlignment(&*drawing);
+        text->transformBy(AcGeMatrix3d::translation(place - text->position()));
+        text->close();
+        for (const std::string& line : groupDiff(bytes, drawing.bytes()))
+          EXPECT_EQ(std::string("72 73 11 21 31").find(line.substr(1, 2)) % 3, 0U) << line;
+        AcDbText* again = nullptr;
+        ASSERT_EQ(acdbOpenObject(again, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+        again->adjustAlignment(&*drawing);
+        EXPECT_TRUE(again->position().isEqualTo(place));
+        again->close();
+      }
+    }
+  }
+}
+
+// Other programs go by the embedded object of a text with columns: it says the same as the text.
+TEST(MText, EmbeddedColumnsFollow) {
+  const std::string bytes =
+      TestDrawing{1032, groupLines({{0, "MTEXT"},        {5, "101"},   {330, "1F"},
+                                    {100, "AcDbEntity"}, {8, "WIRES"}, {100, "AcDbMText"},
+                                    {10, "5.0"},         {20, "6.0"},  {30, "0.0"},
+                                    {40, "2.5"},         {41, "20.0"}, {71, "1"},
+                                    {72, "5"},           {1, "K1"},    {101, "Embedded Object"},
+                                    {70, "1"},           {10, "1.0"},  {20, "0.0"},
+                                    {30, "0.0"},         {11, "5.0"},  {21, "6.0"},
+                                    {31, "0.0"},         {40, "20.0"}, {71, "2"}})}
+          .bytes();
+  OpenDrawing drawing(bytes);
+  AcDbMText* text = nullptr;
+  ASSERT_EQ(acdbOpenObject(text, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+  EXPECT_EQ(text->setAttachment(AcDbMText::kBottomRight), Acad::eOk);
+  EXPECT_EQ(text->setLocation({7.7, 6, 0}), Acad::eOk);
+  EXPECT_EQ(text->setRotation(kPi / 2), Acad::eOk);
+  text->close();
+  using Lines = std::vector<std::string>;
+  EXPECT_EQ(groupDiff(bytes, drawing.bytes()),
+            (Lines{"-10=5.0", "+10=7.7", "-71=1", "+71=9", "+50=90.0", "-70=1", "-10=1.0",
+                   "-20=0.0", "+70=9", "+10=0.0", "+20=1.0", "-11=5.0", "+11=7.7"}));
 }
 
 TEST(Text, MultiLineAttributeKeepsItsCopies) {

@@ -8,7 +8,7 @@
 namespace kovra::test {
 namespace {
 
-constexpr int kRuns = 50;
+constexpr int kRuns = 60;
 constexpr int kPiecesPerRun = 30;
 
 using Pieces = std::vector<const char*>;
@@ -147,8 +147,28 @@ const Scene kChangeProperties = {
      "@check 1969 on\n@type 1980 -4\n@click 1"},
 };
 
-const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog, &kTextsOneByOne, &kTextAlign,
-                                &kChangeProperties};
+const Scene kEditProperty = {
+    {"KOVRA_TEXT_EDITPROP", "KOVRA_TEXT_EDITPROP", "@project p\nKOVRA_TEXT_EDITPROP",
+     "KOVRA_TEXT_EDITPROP\n@check 1968 on\n@type 1932 4"},
+    {"@check 1967 on", "@check 1968 on", "@check 1968 off", "@check 1969 on", "@check 1970 on",
+     "@check 1971 on", "@check 2014 off", "@choose 1978 WIRENO", "@choose 1978 LOCKED",
+     "@choose 1982 #3", "@choose 1982 #8", "@type 1932 0", "@type 1932 -1e3", "@type 1933 x",
+     "@type 1934 123.4", "@place 30 40 800 90", "@dialog", "@focus 1934", "@key 1932 Tab",
+     // named sets
+     "@type 4440 \"set [1\"", "@type 4440 a]b", "@choose 4440 #0", "@click 1960", "@click 1961",
+     "@answer yes\n@click 1961", "@answer yes\n@click 1962", "@answer no\n@click 1962",
+     // picks, ended, cancelled and left waiting
+     "@click 1958\n@pick 61", "@click 1953\n@pick 60", "@click 1957\n@pick 100\n@esc",
+     "@click 1954\n@enter", "@click 1955\n@point 900,900", "@click 1958\n@activate b.dxf"},
+    {"@click 2", "@esc", "@close", "@check 1967 on\n@click 1\n@select all\n@enter\n@enter",
+     "@check 1968 on\n@click 1\n@select 60 61\n@enter\n@select 60\n@enter\n@esc",
+     "@check 1971 on\n@click 1\n@select all\n@enter\n@closedrawing",
+     "@check 1970 on\n@click 1\n@select 61\n@enter\n@open b.dxf",
+     "@check 1969 on\n@click 1\n@select 60", "@click 1958\n@closedrawing"},
+};
+
+const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog,       &kTextsOneByOne,
+                                &kTextAlign,   &kChangeProperties, &kEditProperty};
 
 /// What must have been seen, so that the random users aren't kept out by a closed door.
 const Pieces kSeen = {"The number of rows must be",
@@ -170,11 +190,15 @@ const Pieces kSeen = {"The number of rows must be",
                       "take all properties from",
                       "distance by two points",
                       "Select base text:",
-                      "Specify point for the texts:",
                       "Select texts:",
                       "take the rotation from",
                       "couldn't be changed",
-                      "Regenerating"};
+                      "Regenerating",
+                      "Select texts, multi-line texts or attributes:",
+                      "attribute to take the justification from",
+                      "Replace them?",
+                      "couldn't be saved",
+                      "Specify point for the texts:"};
 
 class RandomTest : public ProgramTest {
  protected:

@@ -4,7 +4,8 @@
 
 #include <sstream>
 
-#include "tests/module/sheet_run.h"
+#include "tests/module/command_test.h"
+#include "tests/module/sheet.h"
 
 namespace kovra::test {
 namespace {
@@ -17,7 +18,7 @@ std::string at(int x, int y, const std::string& modes) {
   return "11 " + std::to_string(x) + ".0|21 " + std::to_string(y) + ".0|31 0.0|" + modes;
 }
 
-class AlignCommand : public SheetRun {
+class AlignCommand : public CommandTest {
  protected:
   /// Runs the command on a drawing with these entities; `lines` begin with the selection.
   void align(const std::string& entities, const std::string& lines) {

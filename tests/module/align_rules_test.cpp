@@ -73,7 +73,7 @@ TEST(ColumnLayout, DirectionsAndOrderByRotation) {
 }
 
 TEST(TextValues, SetsOfProperties) {
-  const auto digits = [](const TextPropertySet& set) {
+  const auto digits = [](const TextPropertyFlags& set) {
     std::string text;
     for (std::size_t i = 0; i < set.size(); ++i) text += set[i] ? static_cast<char>('0' + i) : '-';
     return text;

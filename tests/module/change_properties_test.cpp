@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "tests/module/sheet_run.h"
+#include "tests/module/command_test.h"
+#include "tests/module/sheet.h"
 
 namespace kovra::test {
 namespace {
@@ -26,7 +27,7 @@ std::string onLayer(std::string entity, const std::string& layer) {
   return entity.replace(entity.find("\n0\n", 3) + 1, 1, layer);
 }
 
-class ChangeProperties : public SheetRun {
+class ChangeProperties : public CommandTest {
  protected:
   ChangeProperties() { project("12.0"); }
   void project(const std::string& version) const {

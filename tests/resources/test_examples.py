@@ -57,7 +57,7 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "change_properties.kovra", "count_up.kovra",
-                                   "place_texts.kovra", "place_texts_one_by_one.kovra"})
+                                   "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -81,6 +81,8 @@ class ExampleTest(unittest.TestCase):
                                  [(604, 330 - 10 * row) for row in range(7)])
                 changed = self.run_on_copy("change_properties.kovra", language, folder)
                 self.assertEqual([changed[sheet] for sheet in ("motor-1", "motor-2", "terminals")], [([], 7), ([], 0), ([], 0)])
+                sets = self.run_on_copy("edit_properties.kovra", language, folder)
+                self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 

@@ -53,6 +53,10 @@ ALIGN = {
 PROPERTIES = {
     "button": [1, 2, *range(1953, 1960)], "check": range(1967, 1973), "combo edit": range(1978, 1983), "combo list": [1983],
 }
+EDIT_PROPERTY = {
+    "button": [1, 2, *range(1953, 1959), 1960, 1961, 1962], "check": [*range(1967, 1972), 2014], "combo list": [1978, 1982],
+    "combo edit": [4440], "edit": [1932, 1933, 1934], "frame": [4438, 4439],
+}
 
 
 def joined(*parts):
@@ -73,8 +77,9 @@ CONTROLS = {
     1641: joined(TEXT_529, TEXT_532, TEXT_534, {"check": [4514]}),
     1739: ALIGN,
     525: PROPERTIES,
+    1596: EDIT_PROPERTY,
 }
-MODAL = (526, 531, 1739, 525)
+MODAL = (526, 531, 1739, 525, 1596)
 ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.

@@ -3,6 +3,7 @@
 #include <climits>
 #include <cmath>
 
+#include "platform/win/base/message_format.h"
 #include "platform/win/base/wide_format.h"
 #include "platform/win/base/wide_text.h"
 
@@ -37,9 +38,36 @@ std::wstring numbered(const wchar_t* format, ...) {
 }
 
 TEST(WideFormat, NumberedArgumentsComeInAnyOrder) {
-  EXPECT_EQ(numbered(L"%2!d! of %1, %1%n100%%", L"text", 7), L"7 of text, text\n100%");
+  EXPECT_EQ(numbered(L"%2!d! of %1, %1%n100%%", L"text", 7), L"7 of text, text\r\n100%");
   EXPECT_EQ(numbered(L"%1!04X!", 255), L"00FF");
   EXPECT_EQ(numbered(L"a%0b"), L"a");
+}
+
+TEST(WideFormat, MessagesFitTheirBufferOrFail) {
+  constexpr DWORD kArray = FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ARGUMENT_ARRAY;
+  DWORD_PTR inserts[] = {reinterpret_cast<DWORD_PTR>(L"図%1\n"), 7, 0,
+                         reinterpret_cast<DWORD_PTR>(L"D")};
+  const struct {
+    const wchar_t* format;
+    DWORD_PTR* inserts;
+    DWORD capacity;
+    const wchar_t* text;  ///< null: it fails
+  } cases[] = {
+      {L"\"%1\"%2!02d! 100%%%n%t%r%.%! %4!-3s!|%", inserts, 99,
+       L"\"図%1\n\"07 100%\r\n\t\r.! D  |%"},
+      {L"a\nb\r\nc%0d", nullptr, 99, L"a\r\nb\r\nc"},
+      {L"%4%4", inserts, 3, L"DD"},
+      {L"%4%4", inserts, 2, nullptr},
+      {L"%1", nullptr, 99, nullptr},
+      {nullptr, inserts, 99, nullptr},
+  };
+  for (const auto& c : cases) {
+    wchar_t buffer[99] = L"before";
+    const DWORD length = FormatMessageW(kArray, c.format, 0, 0, buffer, c.capacity,
+                                        reinterpret_cast<std::va_list*>(c.inserts));
+    EXPECT_STREQ(buffer, c.text != nullptr ? c.text : L"before");
+    EXPECT_EQ(length, c.text != nullptr ? std::wcslen(c.text) : 0);
+  }
 }
 
 TEST(WideFormat, IntoABufferCutsAndEndsTheText) {

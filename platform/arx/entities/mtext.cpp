@@ -66,13 +66,18 @@ AcGeVector3d normalOf(const dxf::RecordDraft& draft) {
   return normal && !normal->asVector().isZeroLength() ? normal->asVector() : AcGeVector3d(0, 0, 1);
 }
 
+/// The unit vector at an angle; right angles give whole numbers.
+AcGeVector3d unitAt(double angle) {
+  const auto whole = [](double value) { return std::fabs(value) < 1e-15 ? 0 : value; };
+  return AcGeVector3d(whole(std::cos(angle)), whole(std::sin(angle)), 0);
+}
+
 // The direction outranks the rotation, whichever stands last.
 AcGeVector3d directionOf(const dxf::RecordDraft& draft) {
   const std::optional<AcGePoint3d> direction = readPoint(draft, kDirection);
   if (direction && !direction->asVector().isZeroLength()) return direction->asVector().normal();
   const double angle = readReal(draft, kRotation, 0) * std::numbers::pi / 180;
-  return AcGeVector3d(std::cos(angle), std::sin(angle), 0)
-      .transformBy(AcGeMatrix3d::planeToWorld(normalOf(draft)));
+  return unitAt(angle).transformBy(AcGeMatrix3d::planeToWorld(normalOf(draft)));
 }
 
 AcDbMText::AttachmentPoint attachmentOf(const dxf::RecordDraft& draft) {
@@ -134,10 +139,10 @@ AcGePoint3d AcDbMText::location() const {
 
 Acad::ErrorStatus AcDbMText::setLocation(const AcGePoint3d& point) {
   if (!isFinite(point)) return Acad::eInvalidInput;
-  const AcGeVector3d moved = point - location();
+  const AcGePoint3d former = location();
   return apply([&](RecordEdit& edit) {
     if (!edit.setPoint(kLocation, point)) return false;
-    moveEmbeddedColumns(edit.draft(), moved);
+    moveEmbedded(edit.draft(), former, point);
     return true;
   });
 }
@@ -163,6 +168,7 @@ Acad::ErrorStatus AcDbMText::setDirection(const AcGeVector3d& given) {
     // A rotation that stays behind would say something else to readers that take the last one.
     const std::size_t rotation = findProperty(edit.draft(), kRotation);
     if (changed && rotation != dxf::kNoGroup) edit.draft().erase(rotation);
+    if (changed) turnEmbedded(edit.draft(), directionOf(edit.draft()));
     return changed;
   });
 }
@@ -178,9 +184,12 @@ Acad::ErrorStatus AcDbMText::setRotation(double angle) {
   if (std::fabs(normalizedAngle(angle) - rotation()) < 1e-12)
     return canWrite() ? Acad::eOk : Acad::eNotOpenForWrite;
   if (findProperty(groups(), kDirection) == dxf::kNoGroup)
-    return apply([&](RecordEdit& edit) { return edit.setReal(kRotation, degreesOf(angle), 0); });
-  return setDirection(AcGeVector3d(std::cos(angle), std::sin(angle), 0)
-                          .transformBy(AcGeMatrix3d::planeToWorld(normal())));
+    return apply([&](RecordEdit& edit) {
+      if (!edit.setReal(kRotation, degreesOf(angle), 0)) return false;
+      turnEmbedded(edit.draft(), directionOf(edit.draft()));
+      return true;
+    });
+  return setDirection(unitAt(angle).transformBy(AcGeMatrix3d::planeToWorld(normal())));
 }
 
 double AcDbMText::textHeight() const {
@@ -202,8 +211,11 @@ AcDbMText::AttachmentPoint AcDbMText::attachment() const {
 
 Acad::ErrorStatus AcDbMText::setAttachment(AttachmentPoint attachment) {
   if (attachment < kTopLeft || attachment > kBottomRight) return Acad::eInvalidInput;
-  return apply(
-      [&](RecordEdit& edit) { return edit.setInteger(kAttachment, attachment, kTopLeft); });
+  return apply([&](RecordEdit& edit) {
+    if (!edit.setInteger(kAttachment, attachment, kTopLeft)) return false;
+    attachEmbedded(edit.draft(), attachment);
+    return true;
+  });
 }
 
 ACHAR* AcDbMText::contents() const {

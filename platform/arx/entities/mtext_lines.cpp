@@ -197,12 +197,26 @@ void placeLines(MTextLayout& layout, const std::optional<MTextColumns>& columns,
   if (count > 1) takeInOverhang(layout);
 }
 
-void moveEmbeddedColumns(dxf::RecordDraft& draft, const AcGeVector3d& by) {
-  for (int i = 0; i < 3; ++i) {
-    const std::size_t group = draft.findIn(draft.embedded(), 11 + 10 * i);
-    if (group != dxf::kNoGroup)
-      draft.setReal(group, draft.real(group) + by[static_cast<unsigned>(i)]);
+void moveEmbedded(dxf::RecordDraft& draft, const AcGePoint3d& from, const AcGePoint3d& to) {
+  for (unsigned i = 0; i < 3; ++i) {
+    const std::size_t group = draft.findIn(draft.embedded(), 11 + 10 * static_cast<int>(i));
+    if (group == dxf::kNoGroup) continue;
+    // An equal place stays equal to the last digit.
+    const double present = draft.real(group);
+    draft.setReal(group, present == from[i] ? to[i] : present + (to[i] - from[i]));
   }
+}
+
+void turnEmbedded(dxf::RecordDraft& draft, const AcGeVector3d& along) {
+  for (unsigned i = 0; i < 3; ++i) {
+    const std::size_t group = draft.findIn(draft.embedded(), 10 + 10 * static_cast<int>(i));
+    if (group != dxf::kNoGroup) draft.setReal(group, along[i]);
+  }
+}
+
+void attachEmbedded(dxf::RecordDraft& draft, int attachment) {
+  const std::size_t group = draft.findIn(draft.embedded(), 70);
+  if (group != dxf::kNoGroup) draft.setInteger(group, attachment);
 }
 
 }  // namespace kovra::arx

@@ -49,7 +49,12 @@ MTextLayout layOutMText(const dxf::RecordDraft& draft, const dxf::TextCodec& cod
 void placeLines(MTextLayout& layout, const std::optional<MTextColumns>& columns, double lineStep,
                 double leftShare, double belowShare);
 
-/// Moves the place that an embedded object for columns keeps beside the text's own.
-void moveEmbeddedColumns(dxf::RecordDraft& draft, const AcGeVector3d& by);
+// An embedded object for columns repeats the text's place, its direction and its attachment; other
+// programs go by that. These bring it in step; texts without one stay as they are.
+
+void moveEmbedded(dxf::RecordDraft& draft, const AcGePoint3d& from, const AcGePoint3d& to);
+void turnEmbedded(dxf::RecordDraft& draft, const AcGeVector3d& along);
+/// `attachment` as in group 71.
+void attachEmbedded(dxf::RecordDraft& draft, int attachment);
 
 }  // namespace kovra::arx

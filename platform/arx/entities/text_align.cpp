@@ -1,5 +1,8 @@
 #include "platform/arx/entities/text_align.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/text_styles.h"
 #include "platform/arx/entities/text_groups.h"
@@ -18,6 +21,16 @@ AcGePoint3d positionOf(const dxf::RecordDraft& draft, const AcDbDatabase& databa
   return placeText(shape).position;
 }
 
+/// Points that differ by what computing one from the other leaves.
+bool sameButForRounding(const AcGePoint3d& a, const AcGePoint3d& b) {
+  constexpr double kRelative = 1e-14;
+  for (unsigned i = 0; i < 3; ++i) {
+    const double size = std::max({1.0, std::fabs(a[i]), std::fabs(b[i])});
+    if (!(std::fabs(a[i] - b[i]) <= kRelative * size)) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
@@ -28,8 +41,11 @@ bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
   if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return changed;
   AcGePoint3d position = positionOf(edit.draft(), database);
   dxf::RecordDraft file;
-  if (edit.loadOriginal(file) && samePlacement(file, edit.draft()))
-    position = textPoint(file, kTextPosition);
+  if (edit.loadOriginal(file)) {
+    const AcGePoint3d stored = textPoint(file, kTextPosition);
+    if (samePlacement(file, edit.draft()) || sameButForRounding(position, stored))
+      position = stored;
+  }
   // Old drawings give z by the elevation alone.
   if (position.z == readReal(edit.draft(), {kEntityPart, 38}, 0)) position.z = 0;
   changed |= edit.setPoint(kTextPosition, position);

@@ -146,6 +146,8 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* given) {
   if (!canWrite()) return Acad::eNotOpenForWrite;
   const TextShape line = shape(given);
   if (!usesAlignmentPoint(line.horizontal, line.verticalMode)) return Acad::eOk;
+  // Until now the position stood for it, which is about to become another point.
+  if (!numbers().hasAlignment) putPoint(kTextAlignment, line.alignment);
   const TextPlacement place = placeText(line);
   if (!isBetweenPoints(line)) return putPoint(kTextPosition, place.position);
   return applyPlaced(

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <cwchar>
 #include <string_view>
 #include <utility>
@@ -91,12 +92,21 @@ Spec readSpec(const wchar_t*& at) {
   return spec;
 }
 
-/// The arguments of a format. A va_list can't be handed on by reference where it is an array, so it
-/// travels inside an object.
+/// The arguments of a format: `slots` if there are some, of a word each, else `list`. A va_list
+/// can't be handed on by reference where it is an array, so it travels inside an object.
 struct Arguments {
   std::va_list list;
+  const std::uintptr_t* slots = nullptr;
 
-  int integer() { return va_arg(list, int); }
+  template <typename Value>
+  Value next() {
+    if (slots == nullptr) return va_arg(list, Value);
+    static_assert(sizeof(Value) <= sizeof *slots);
+    Value value;
+    std::memcpy(&value, slots++, sizeof value);
+    return value;
+  }
+  int integer() { return next<int>(); }
 };
 
 void readStars(Spec& spec, Arguments& arguments) {
@@ -155,7 +165,7 @@ std::wstring formatSigned(const Spec& spec, Arguments& arguments) {
   switch (spec.length) {
     case Length::wide64:
     case Length::size:
-      number = va_arg(arguments.list, long long);
+      number = arguments.next<long long>();
       break;
     case Length::narrow:
       number = static_cast<short>(arguments.integer());
@@ -174,7 +184,7 @@ std::wstring formatUnsigned(const Spec& spec, Arguments& arguments) {
   switch (spec.length) {
     case Length::wide64:
     case Length::size:
-      number = va_arg(arguments.list, unsigned long long);
+      number = arguments.next<unsigned long long>();
       break;
     case Length::narrow:
       number = static_cast<unsigned short>(arguments.integer());
@@ -193,10 +203,10 @@ std::wstring formatText(const Spec& spec, Arguments& arguments) {
   const bool narrow =
       spec.length == Length::narrow || (spec.type == L'S' && spec.length != Length::wide);
   if (narrow) {
-    const char* text = va_arg(arguments.list, const char*);
+    const char* text = arguments.next<const char*>();
     return cutText(fromUtf8(text != nullptr ? text : "(null)"), spec);
   }
-  const wchar_t* text = va_arg(arguments.list, const wchar_t*);
+  const wchar_t* text = arguments.next<const wchar_t*>();
   if (text == nullptr) return cutText(L"(null)", spec);
   // With a precision the text needs no null within it.
   std::size_t length = 0;
@@ -232,7 +242,7 @@ std::wstring formatOne(Spec spec, Arguments& arguments) {
     case L'a':
     case L'A': {
       const char type[] = {static_cast<char>(spec.type), '\0'};
-      return printNumber(narrowFormat(spec, type), va_arg(arguments.list, double));
+      return printNumber(narrowFormat(spec, type), arguments.next<double>());
     }
     case L'p':
       spec.precision = 16;
@@ -240,7 +250,7 @@ std::wstring formatOne(Spec spec, Arguments& arguments) {
       spec.length = Length::wide64;
       return formatUnsigned(spec, arguments);
     case L'n':
-      va_arg(arguments.list, void*);
+      arguments.next<void*>();
       return {};
     default:
       return spec.type != 0 ? std::wstring(1, spec.type) : std::wstring();
@@ -308,56 +318,90 @@ std::wstring readPieceFormat(const wchar_t*& at) {
   return format;
 }
 
+/// What an escape other than an insert stands for.
+std::wstring readEscape(const wchar_t*& at) {
+  const wchar_t letter = *at++;
+  if (letter == L'n') return L"\r\n";
+  if (letter == L'r') return L"\r";
+  if (letter == L't') return L"\t";
+  return std::wstring(1, letter);
+}
+
+/// One line end of the format, whichever way it is written.
+bool skipLineEnd(const wchar_t*& at) {
+  return skip(at, L"\r\n") || skip(at, L"\n") || skip(at, L"\r");
+}
+
 std::vector<Piece> readPieces(const wchar_t* at) {
   std::vector<Piece> pieces;
   std::wstring literal;
   while (*at != 0) {
+    if (skipLineEnd(at)) {
+      literal += L"\r\n";
+      continue;
+    }
     if (*at != L'%' || at[1] == 0) {
       literal += *at++;
       continue;
     }
     ++at;
-    if (*at >= L'1' && *at <= L'9') {
-      int number = (*at++ - L'0');
-      if (*at >= L'0' && *at <= L'9') number = number * 10 + (*at++ - L'0');
-      pieces.push_back({std::exchange(literal, {}), number, readPieceFormat(at)});
-    } else if (*at == L'0') {
-      break;
-    } else {
-      literal += *at == L'n' ? L'\n' : *at;
-      ++at;
+    if (*at == L'0') break;
+    if (*at < L'1' || *at > L'9') {
+      literal += readEscape(at);
+      continue;
     }
+    int number = (*at++ - L'0');
+    if (*at >= L'0' && *at <= L'9') number = number * 10 + (*at++ - L'0');
+    pieces.push_back({std::exchange(literal, {}), number, readPieceFormat(at)});
   }
   pieces.push_back({literal, 0, {}});
   return pieces;
 }
 
-}  // namespace
-
-std::wstring formatNumberedV(const wchar_t* format, std::va_list arguments) {
-  if (format == nullptr) return {};
-  const std::vector<Piece> pieces = readPieces(format);
+std::wstring formatPieces(const std::vector<Piece>& pieces, Arguments& arguments) {
   int last = 0;
   for (const Piece& piece : pieces) last = std::max(last, piece.number);
 
   // An argument's type is known from its first use only, and each is to be fetched once, in order.
   std::vector<std::wstring> texts(static_cast<std::size_t>(last) + 1);
-  Arguments own;
-  va_copy(own.list, arguments);
   for (int number = 1; number <= last; ++number) {
     const auto use = std::find_if(pieces.begin(), pieces.end(),
                                   [number](const Piece& p) { return p.number == number; });
-    const std::wstring form = use != pieces.end() ? use->format : L"s";
-    const wchar_t* at = form.c_str();
-    texts[static_cast<std::size_t>(number)] = formatOne(readSpec(at), own);
+    if (use == pieces.end()) {
+      arguments.next<void*>();
+      continue;
+    }
+    const wchar_t* at = use->format.c_str();
+    texts[static_cast<std::size_t>(number)] = formatOne(readSpec(at), arguments);
   }
-  va_end(own.list);
 
   std::wstring result;
   for (const Piece& piece : pieces) {
     result += piece.literal + texts[static_cast<std::size_t>(piece.number)];
   }
   return result;
+}
+
+}  // namespace
+
+std::wstring formatNumberedV(const wchar_t* format, std::va_list arguments) {
+  if (format == nullptr) return {};
+  Arguments own;
+  va_copy(own.list, arguments);
+  std::wstring result = formatPieces(readPieces(format), own);
+  va_end(own.list);
+  return result;
+}
+
+std::optional<std::wstring> formatNumbered(const wchar_t* format, const std::uintptr_t* arguments) {
+  if (format == nullptr) return std::nullopt;
+  const std::vector<Piece> pieces = readPieces(format);
+  const bool hasInserts = std::any_of(pieces.begin(), pieces.end(),
+                                      [](const Piece& piece) { return piece.number != 0; });
+  if (hasInserts && arguments == nullptr) return std::nullopt;
+  Arguments own{};
+  own.slots = arguments;
+  return formatPieces(pieces, own);
 }
 
 }  // namespace kovra::win

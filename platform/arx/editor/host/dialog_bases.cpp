@@ -50,6 +50,7 @@ LRESULT CAdUiBaseDialog::OnKeepFocus(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 
 BEGIN_MESSAGE_MAP(CAdUiDialog, CAdUiBaseDialog)
 ON_WM_SHOWWINDOW()
+ON_WM_SIZE()
 END_MESSAGE_MAP()
 
 using kovra::win::StateValue;
@@ -146,4 +147,13 @@ BOOL CAdUiDialog::GetPixelData(CRect& place) const {
 
 void CAdUiDialog::OnShowWindow(BOOL show, UINT status) {
   CAdUiBaseDialog::OnShowWindow(show, status);
+}
+
+void CAdUiDialog::SetItemResizing(const DialogItemResize* items, int count) {
+  layout_.start(*this, items, count);
+}
+
+void CAdUiDialog::OnSize(UINT type, int width, int height) {
+  CAdUiBaseDialog::OnSize(type, width, height);
+  if (type != SIZE_MINIMIZED) layout_.apply(*this, width, height);
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/arx/editor/host/dialog_resize.h"
 #include "platform/mfc/dialog.h"
 #include "platform/mfc/frame.h"
 #include "platform/win/base/state_value.h"
@@ -38,7 +39,8 @@ class CAdUiBaseDialog : public CDialog {
   bool drawingWasBlocked_ = false;
 };
 
-/// A dialog that remembers values under its name in the user's dialog store.
+/// A dialog that remembers values under its name in the user's dialog store, and whose controls can
+/// follow its size.
 class CAdUiDialog : public CAdUiBaseDialog {
   DECLARE_DYNAMIC(CAdUiDialog)
  public:
@@ -62,9 +64,15 @@ class CAdUiDialog : public CAdUiBaseDialog {
   BOOL StorePixelData();
   BOOL GetPixelData(CRect& place) const;
 
+  /// From now on the controls of the table follow the window at each change of its size. To be
+  /// called while the window has the size that the present places belong to (in OnInitDialog: the
+  /// template's); the table is copied and replaces the former one.
+  void SetItemResizing(const DialogItemResize* items, int count);
+
  protected:
   DECLARE_MESSAGE_MAP()
   afx_msg void OnShowWindow(BOOL show, UINT status);
+  afx_msg void OnSize(UINT type, int width, int height);
   void PostNcDestroy() override;
 
  private:
@@ -74,6 +82,7 @@ class CAdUiDialog : public CAdUiBaseDialog {
 
   CString name_;
   std::map<std::string, kovra::win::StateValue> unwritten_;
+  kovra::arx::DialogLayout layout_;
 };
 
 class CAcUiDialog : public CAdUiDialog {
