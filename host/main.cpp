@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "host/program/options.h"
+#include "host/subcommands/diff_command.h"
 #include "host/subcommands/list_command.h"
 #include "host/subcommands/plot_command.h"
 #include "host/subcommands/run_command.h"
@@ -18,6 +19,8 @@ int run(const kovra::host::CommandLine& line) {
       return kovra::host::checkDrawings(line.check);
     case kovra::host::Mode::kPlot:
       return kovra::host::plotDrawing(line.plot);
+    case kovra::host::Mode::kDiff:
+      return kovra::host::diffDrawings(line.diff);
     default:
       return kovra::host::runDrawings(line.run);
   }

@@ -119,6 +119,21 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   return command;
 }
 
+CLI::App* addDiff(CLI::App& app, DiffOptions& diff) {
+  const std::map<std::string, DiffFormat> formats = {{"text", DiffFormat::kText},
+                                                     {"json", DiffFormat::kJson}};
+  CLI::App* command = app.add_subcommand("diff", "Print the groups in which two drawings differ");
+  command->add_option("A", diff.before, "The one drawing")->required()->option_text(" ");
+  command->add_option("B", diff.after, "The other")->required()->option_text(" ");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&diff, formats](const std::string& name) { diff.format = formats.at(name); },
+          "Form of the output (default: text)")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->option_text("text|json");
+  return command;
+}
+
 // The picture's name may stand before "plot" too, where the parser takes it for a run's.
 std::string settleOutput(const CLI::App& app, CommandLine& line) {
   const bool before = app.count("--output") != 0;
@@ -168,6 +183,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   const CLI::App* list = addList(app, line.list);
   const CLI::App* check = addCheck(app, line.check);
   const CLI::App* plot = addPlot(app, line.plot);
+  const CLI::App* diff = addDiff(app, line.diff);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -177,6 +193,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   line.mode = list->parsed()    ? Mode::kList
               : check->parsed() ? Mode::kCheck
               : plot->parsed()  ? Mode::kPlot
+              : diff->parsed()  ? Mode::kDiff
                                 : Mode::kRun;
   if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
     std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";

@@ -12,7 +12,7 @@ namespace kovra::host {
 /// What the program ends with.
 enum ExitStatus {
   kExitDone = 0,
-  kExitRefused = 1,  ///< a line could not be carried out
+  kExitRefused = 1,  ///< a line could not be carried out; drawings differ
   kExitUsage = 2,
   kExitFile = 3  ///< a file can't be read or written
 };
@@ -48,6 +48,15 @@ struct CheckOptions {
   std::vector<std::filesystem::path> drawings;
 };
 
+enum class DiffFormat { kText, kJson };
+
+/// Options of `kovra diff`.
+struct DiffOptions {
+  std::filesystem::path before;
+  std::filesystem::path after;
+  DiffFormat format = DiffFormat::kText;
+};
+
 /// Colors that a picture is drawn on.
 enum class Ground { kWhite, kDark };
 
@@ -64,7 +73,7 @@ struct PlotOptions {
   int size = 1600;  ///< pixels of the longer side
 };
 
-enum class Mode { kRun, kList, kCheck, kPlot };
+enum class Mode { kRun, kList, kCheck, kPlot, kDiff };
 
 struct CommandLine {
   Mode mode = Mode::kRun;
@@ -72,6 +81,7 @@ struct CommandLine {
   ListOptions list;
   CheckOptions check;
   PlotOptions plot;
+  DiffOptions diff;
   /// Set when there is nothing to run: help was printed, or wrong usage reported.
   std::optional<int> exitStatus;
 };

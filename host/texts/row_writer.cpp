@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <clocale>
-#include <nlohmann/json.hpp>
 #include <vector>
 
+#include "host/texts/json_text.h"
+#include "host/texts/number_text.h"
 #include "platform/dxf/values.h"
 #include "platform/win/base/wide_text.h"
 
@@ -21,14 +21,6 @@ struct Column {
   bool number;
   std::string (*text)(const TextRow&);
 };
-
-// Reads back as the same double; whole numbers without a point.
-std::string shortestNumber(double value) {
-  if (value == 0) return "0";  // also for a zero with a sign
-  std::array<char, 32> buffer{};
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
-}
 
 std::string handleText(const TextRow& row) {
   return row.handle == 0 ? std::string() : dxf::formatHandle(row.handle);
@@ -149,18 +141,6 @@ void writeCsv(std::ostream& out, const std::string& drawing, bool head, const Ro
     }
     out << line;
   });
-}
-
-// Most texts need no escapes; the others are the library's.
-void appendJson(std::string& out, const std::string& text) {
-  const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
-    return c >= ' ' && c < '\x7f' && c != '"' && c != '\\';
-  });
-  if (plain) {
-    out.append(1, '"').append(text).append(1, '"');
-  } else {
-    out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-  }
 }
 
 void writeJson(std::ostream& out, const std::string& drawing, const RowSource& rows) {
