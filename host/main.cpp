@@ -4,6 +4,7 @@
 
 #include "host/program/options.h"
 #include "host/subcommands/diff_command.h"
+#include "host/subcommands/each_command.h"
 #include "host/subcommands/list_command.h"
 #include "host/subcommands/plot_command.h"
 #include "host/subcommands/run_command.h"
@@ -21,6 +22,8 @@ int run(const kovra::host::CommandLine& line) {
       return kovra::host::plotDrawing(line.plot);
     case kovra::host::Mode::kDiff:
       return kovra::host::diffDrawings(line.diff);
+    case kovra::host::Mode::kEach:
+      return kovra::host::runOnEach(line.each);
     default:
       return kovra::host::runDrawings(line.run);
   }

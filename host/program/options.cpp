@@ -29,24 +29,32 @@ int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
   return kExitUsage;
 }
 
-void addRunOptions(CLI::App& app, RunOptions& run) {
-  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
-      ->option_text("...");
-  app.add_option("-p,--project", run.project, "The current project (default: none)")
-      ->option_text("DIR");
+void addLineOptions(CLI::App& app, RunOptions& run) {
   app.add_option("-s,--script", run.script, "Input, line by line; - is standard input")
       ->option_text("FILE");
   app.add_option("-c,--command", run.commands,
                  "One input line; may be repeated; runs before the script")
       ->allow_extra_args(false)
       ->option_text("LINE");
+}
+
+void addSafetyOptions(CLI::App& app, RunOptions& run) {
+  app.add_flag_callback(
+      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
+  app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
+}
+
+void addRunOptions(CLI::App& app, RunOptions& run) {
+  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
+      ->option_text("...");
+  app.add_option("-p,--project", run.project, "The current project (default: none)")
+      ->option_text("DIR");
+  addLineOptions(app, run);
   app.add_option("-o,--output", run.output,
                  "Save the current drawing there at the end; not one that was opened")
       ->option_text("FILE");
   app.add_flag("--save", run.saveAll, "Save every changed drawing in its own place at the end");
-  app.add_flag_callback(
-      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
-  app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
+  addSafetyOptions(app, run);
   app.add_option("--state", run.stateStore, "The user's dialog store (default: per user)")
       ->option_text("FILE");
   app.add_option("--registry", run.registry, "Stands for HKEY_LOCAL_MACHINE")->option_text("FILE");
@@ -134,12 +142,51 @@ CLI::App* addDiff(CLI::App& app, DiffOptions& diff) {
   return command;
 }
 
+CLI::App* addEach(CLI::App& app, EachOptions& each) {
+  CLI::App* command =
+      app.add_subcommand("each", "Run the same lines on each of many drawings, several at once");
+  command->add_option("DRAWING|FOLDER|PATTERN", each.names, "Drawings to change; of a folder all")
+      ->option_text("...");
+  command->add_option("--list", each.listFile, "More of them, one a line; - is standard input")
+      ->option_text("FILE");
+  addLineOptions(*command, each.run);
+  addSafetyOptions(*command, each.run);
+  command->add_option("--jobs", each.jobs, "Drawings at once (default: one a processor)")
+      ->check(CLI::Range(1, 1024))
+      ->option_text("N");
+  command
+      ->add_option("--output-dir", each.outputFolder,
+                   "Save there, in the same folders, instead of in place")
+      ->option_text("DIR");
+  command->add_option("--report", each.report, "Append a JSON line for each drawing")
+      ->option_text("FILE");
+  command->add_option("--resume", each.resume, "Leave out what this report says is done")
+      ->option_text("REPORT");
+  command->add_flag("--dry-run", each.dryRun, "Write no drawing; say what would change");
+  return command;
+}
+
 // The picture's name may stand before "plot" too, where the parser takes it for a run's.
 std::string settleOutput(const CLI::App& app, CommandLine& line) {
   const bool before = app.count("--output") != 0;
   if (before && !line.plot.output.empty()) return "-o is given twice";
   if (before) line.plot.output = line.run.output;
   return line.plot.output.empty() ? "--output is required: the picture that plot draws" : "";
+}
+
+// The settings of a run count for the run of each drawing.
+std::string settleEach(CommandLine& line) {
+  EachOptions& each = line.each;
+  RunOptions run = line.run;
+  run.script = each.run.script;
+  run.commands = each.run.commands;
+  run.backup = each.run.backup;
+  run.keepGoing = each.run.keepGoing;
+  each.run = run;
+  if (each.names.empty() && each.listFile.empty()) return "each needs drawings";
+  if (run.script == "-") return "each reads its script from a file: every drawing has it anew";
+  if (run.script.empty() && run.commands.empty()) return "each needs lines: -c or -s";
+  return {};
 }
 
 // Options of runs mean nothing to a subcommand, which a user should be told.
@@ -166,6 +213,9 @@ std::string findMisuse(const CLI::App& app, CommandLine& line) {
   if (app.count("--script") != 0 && run.script.empty()) return "-s needs the name of a file";
   if (app.count("--output") != 0 && run.output.empty()) return "-o needs the name of a file";
   if (line.mode == Mode::kRun) return {};
+  if (line.mode == Mode::kEach) {
+    if (const std::string misuse = settleEach(line); !misuse.empty()) return misuse;
+  }
   const std::string foreign = findForeignOption(app, *app.get_subcommands().front());
   return foreign.empty() && line.mode == Mode::kPlot ? settleOutput(app, line) : foreign;
 }
@@ -184,6 +234,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   const CLI::App* check = addCheck(app, line.check);
   const CLI::App* plot = addPlot(app, line.plot);
   const CLI::App* diff = addDiff(app, line.diff);
+  const CLI::App* each = addEach(app, line.each);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -194,6 +245,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
               : check->parsed() ? Mode::kCheck
               : plot->parsed()  ? Mode::kPlot
               : diff->parsed()  ? Mode::kDiff
+              : each->parsed()  ? Mode::kEach
                                 : Mode::kRun;
   if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
     std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";

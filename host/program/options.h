@@ -48,6 +48,21 @@ struct CheckOptions {
   std::vector<std::filesystem::path> drawings;
 };
 
+/// Options of `kovra each`.
+struct EachOptions {
+  std::vector<std::string> names;      ///< drawings, folders, patterns
+  std::string listFile;                ///< further names, one a line; "-" is standard input
+  RunOptions run;                      ///< the lines and settings; drawings and output stay empty
+  unsigned jobs = 0;                   ///< drawings at once; 0: as many as there are processors
+  std::filesystem::path outputFolder;  ///< empty: each in its own place
+  std::filesystem::path report;        ///< empty: none
+  std::filesystem::path resume;        ///< a report whose finished drawings are left out
+  bool dryRun = false;
+
+  /// Whether what changed is to be found out, and not only if.
+  bool tellsChanges() const { return dryRun || !report.empty(); }
+};
+
 enum class DiffFormat { kText, kJson };
 
 /// Options of `kovra diff`.
@@ -73,7 +88,7 @@ struct PlotOptions {
   int size = 1600;  ///< pixels of the longer side
 };
 
-enum class Mode { kRun, kList, kCheck, kPlot, kDiff };
+enum class Mode { kRun, kList, kCheck, kPlot, kDiff, kEach };
 
 struct CommandLine {
   Mode mode = Mode::kRun;
@@ -82,6 +97,7 @@ struct CommandLine {
   CheckOptions check;
   PlotOptions plot;
   DiffOptions diff;
+  EachOptions each;
   /// Set when there is nothing to run: help was printed, or wrong usage reported.
   std::optional<int> exitStatus;
 };
