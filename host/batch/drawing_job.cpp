@@ -1,15 +1,11 @@
 #include "host/batch/drawing_job.h"
 
 #include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstring>
-#include <iostream>
 
 #include "host/batch/change_counts.h"
 #include "platform/dxf/atomic_file.h"
@@ -82,69 +78,31 @@ void writeAll(int file, std::string_view text) {
 
 }  // namespace
 
-DrawingJob::Sheet::~Sheet() {
-  if (file_ >= 0) close(file_);
-}
-
-bool DrawingJob::Sheet::make(const char* name) {
-  file_ = memfd_create(name, MFD_CLOEXEC);
-  return file_ >= 0;
-}
-
-std::string DrawingJob::Sheet::text() const {
-  struct stat state = {};
-  if (file_ < 0 || fstat(file_, &state) != 0) return {};
-  std::string text(static_cast<std::size_t>(state.st_size), '\0');
-  const ssize_t got = pread(file_, text.data(), text.size(), 0);
-  text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
-  return text;
-}
-
-bool DrawingJob::start(const EachOptions& options, const Run& run) {
-  if (!output_.make("output") || !errors_.make("errors") || !facts_.make("facts")) return false;
-  begin_ = std::chrono::steady_clock::now();
-  process_ = fork();
-  if (process_ == 0) carryOut(options, run);
-  return process_ > 0;
-}
-
-void DrawingJob::carryOut(const EachOptions& options, const Run& run) {
-  // Ctrl+C is for the batch: what runs is finished. Without the batch nobody would wait for it.
-  setpgid(0, 0);
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  std::signal(SIGINT, SIG_DFL);
-  std::signal(SIGTERM, SIG_DFL);
-  const int nothing = open("/dev/null", O_RDONLY);
-  dup2(nothing, STDIN_FILENO);
-  dup2(output_.file(), STDOUT_FILENO);
-  dup2(errors_.file(), STDERR_FILENO);
-  const int former = open(drawing_.file.c_str(), O_RDONLY | O_CLOEXEC);
-  const RunOptions own = runOptionsFor(options, drawing_);
+int carryOutJob(const EachOptions& options, const BatchDrawing& drawing,
+                const std::function<int(const RunOptions&)>& run, int facts) {
+  const int former = open(drawing.file.c_str(), O_RDONLY | O_CLOEXEC);
+  const RunOptions own = runOptionsFor(options, drawing);
   if (!options.dryRun) makeFolderOf(own.output);
   dxf::holdWritesBack(options.dryRun);
   const int status = run(own);
-  std::cout.flush();
-  if (former >= 0) writeAll(facts_.file(), factsOf(former, options, own));
-  _exit(status);
+  if (former >= 0) writeAll(facts, factsOf(former, options, own));
+  return status;
 }
 
-JobOutcome DrawingJob::finish(int waitStatus) {
+JobOutcome outcomeOf(const ProcessResult& result) {
   JobOutcome outcome;
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin_;
-  outcome.seconds = taken.count();
-  outcome.output = output_.text();
-  const std::string facts = facts_.text();
-  const bool changed = facts.starts_with(kChanged);
-  if (changed) outcome.changes = facts.substr(kChanged.size());
-  if (WIFEXITED(waitStatus) && WEXITSTATUS(waitStatus) == kExitDone) {
+  outcome.seconds = result.seconds;
+  outcome.output = result.output;
+  const bool changed = result.facts.starts_with(kChanged);
+  if (changed) outcome.changes = result.facts.substr(kChanged.size());
+  if (result.exitStatus() == kExitDone) {
     outcome.status = changed ? "done" : "unchanged";
     return outcome;
   }
   outcome.status = "failed";
-  readError(errors_.text(), outcome);
-  if (WIFSIGNALED(waitStatus)) {
-    outcome.error = std::string("its process was ended: ") + strsignal(WTERMSIG(waitStatus));
-  }
+  readError(result.errors, outcome);
+  if (WIFSIGNALED(result.waitStatus))
+    outcome.error = std::string("its process was ended: ") + strsignal(WTERMSIG(result.waitStatus));
   return outcome;
 }
 

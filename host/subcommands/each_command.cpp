@@ -1,14 +1,6 @@
 #include "host/subcommands/each_command.h"
 
-#include <sys/wait.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <iostream>
-#include <list>
 #include <map>
-#include <thread>
 
 #include "host/batch/batch_progress.h"
 #include "host/batch/batch_report.h"
@@ -18,109 +10,6 @@
 
 namespace kovra::host {
 namespace {
-
-volatile std::sig_atomic_t interruptions = 0;
-
-void countInterruption(int /*signal*/) {
-  interruptions = interruptions + 1;
-}
-
-/// While it lives Ctrl+C is counted, and ends a wait, instead of ending the program.
-class InterruptionGuard {
- public:
-  InterruptionGuard() {
-    struct sigaction action = {};
-    action.sa_handler = countInterruption;
-    for (std::size_t i = 0; i < kSignals; ++i) sigaction(kSignal[i], &action, &former_[i]);
-  }
-  ~InterruptionGuard() {
-    for (std::size_t i = 0; i < kSignals; ++i) sigaction(kSignal[i], &former_[i], nullptr);
-  }
-  InterruptionGuard(const InterruptionGuard&) = delete;
-  InterruptionGuard& operator=(const InterruptionGuard&) = delete;
-
- private:
-  static constexpr std::size_t kSignals = 2;
-  static constexpr int kSignal[kSignals] = {SIGINT, SIGTERM};
-  struct sigaction former_[kSignals] = {};
-};
-
-/// The jobs that run, and what is told of those that ended.
-class Batch {
- public:
-  Batch(const EachOptions& options, const std::vector<BatchDrawing>& drawings, BatchReport& report,
-        BatchProgress& progress, ProgramErrors& errors)
-      : options_(options),
-        drawings_(drawings),
-        report_(report),
-        progress_(progress),
-        errors_(errors) {}
-
-  void run() {
-    const InterruptionGuard guard;
-    const std::size_t most = options_.jobs > 0 ? options_.jobs : processors();
-    while (true) {
-      while (!stopped() && running_.size() < most && next_ < drawings_.size()) startNext();
-      if (running_.empty()) return;
-      waitForOne();
-    }
-  }
-
- private:
-  static std::size_t processors() { return std::max(1U, std::thread::hardware_concurrency()); }
-  bool stopped() const { return interruptions > 0 || errors_.status() != kExitDone; }
-
-  void startNext() {
-    running_.emplace_back(drawings_[next_++]);
-    if (running_.back().start(options_, runDrawings)) return;
-    running_.pop_back();
-    errors_.report(kExitFile, {}, "no process can be had for a drawing");
-  }
-
-  void waitForOne() {
-    int status = 0;
-    const pid_t ended = waitpid(-1, &status, 0);
-    if (ended < 0) {
-      heedInterruption();
-      return;
-    }
-    const auto job = std::find_if(running_.begin(), running_.end(), [&](const DrawingJob& running) {
-      return running.process() == ended;
-    });
-    if (job == running_.end()) return;
-    const bool dropped = interruptions > 1 && WIFSIGNALED(status);
-    if (!dropped) tell(*job, job->finish(status));
-    running_.erase(job);
-  }
-
-  /// The first Ctrl+C lets what runs be finished; the second ends it. A drawing is saved whole or
-  /// not at all, so nothing is lost by it.
-  void heedInterruption() {
-    if (interruptions == 1 && !told_) {
-      told_ = true;
-      std::cerr << "\nkovra: " << running_.size()
-                << " drawings are being finished; Ctrl+C again drops them\n";
-    }
-    if (interruptions < 2) return;
-    for (const DrawingJob& job : running_) kill(job.process(), SIGKILL);
-  }
-
-  void tell(const DrawingJob& job, const JobOutcome& outcome) {
-    progress_.add(job.drawing(), outcome);
-    const Result<void> added = report_.add(job.drawing(), outcome, options_.dryRun);
-    if (!added && errors_.status() == kExitDone)
-      errors_.report(kExitFile, {}, added.error().message);
-  }
-
-  const EachOptions& options_;
-  const std::vector<BatchDrawing>& drawings_;
-  BatchReport& report_;
-  BatchProgress& progress_;
-  ProgramErrors& errors_;
-  std::list<DrawingJob> running_;
-  std::size_t next_ = 0;
-  bool told_ = false;
-};
 
 /// Takes out what a former report says is done; how many these are.
 Result<std::size_t> leaveOutFinished(const EachOptions& options, const std::string& signature,
@@ -153,6 +42,24 @@ ExitStatus statusOf(const Error& error) {
   return error.kind == ErrorKind::kInvalidInput ? kExitUsage : kExitFile;
 }
 
+PooledWork workOn(const EachOptions& options, const std::vector<BatchDrawing>& drawings,
+                  BatchReport& report, BatchProgress& progress, ProgramErrors& errors) {
+  PooledWork work;
+  work.count = drawings.size();
+  work.jobs = options.jobs;
+  work.carryOut = [&](std::size_t piece, int facts) {
+    return carryOutJob(options, drawings[piece], runDrawings, facts);
+  };
+  work.ended = [&](std::size_t piece, const ProcessResult& result) {
+    const JobOutcome outcome = outcomeOf(result);
+    progress.add(drawings[piece], outcome);
+    const Result<void> added = report.add(drawings[piece], outcome, options.dryRun);
+    if (!added && errors.status() == kExitDone) errors.report(kExitFile, {}, added.error().message);
+    return added.ok();
+  };
+  return work;
+}
+
 }  // namespace
 
 int runOnEach(const EachOptions& options) {
@@ -175,7 +82,7 @@ int runOnEach(const EachOptions& options) {
       return fail(opened.error());
   }
   BatchProgress progress(drawings.size(), leftOut.value());
-  Batch(options, drawings, report, progress, errors).run();
+  runInProcesses(workOn(options, drawings, report, progress, errors));
   progress.printSummary();
   if (errors.status() != kExitDone) return errors.status();
   return progress.allDone() ? kExitDone : kExitRefused;
