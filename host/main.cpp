@@ -19,7 +19,7 @@ int run(const kovra::host::CommandLine& line) {
     case kovra::host::Mode::kCheck:
       return kovra::host::checkDrawings(line.check);
     case kovra::host::Mode::kPlot:
-      return kovra::host::plotDrawing(line.plot);
+      return kovra::host::plotDrawings(line.plot);
     case kovra::host::Mode::kDiff:
       return kovra::host::diffDrawings(line.diff);
     case kovra::host::Mode::kEach:

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <set>
 
 namespace kovra::host {
@@ -93,6 +94,18 @@ Result<std::vector<BatchDrawing>> findDrawings(const std::vector<std::string>& n
     if (!added) return added.error();
   }
   return finder.take();
+}
+
+Result<void> checkPlaces(const std::vector<BatchDrawing>& drawings) {
+  std::map<path, const BatchDrawing*> places;
+  for (const BatchDrawing& drawing : drawings) {
+    const auto [place, isNew] = places.try_emplace(drawing.relative, &drawing);
+    if (isNew) continue;
+    return Error{ErrorKind::kInvalidInput, drawing.file.string() + " and " +
+                                               place->second->file.string() +
+                                               " would be saved to the same place"};
+  }
+  return {};
 }
 
 }  // namespace kovra::host

@@ -24,4 +24,7 @@ struct BatchDrawing {
 Result<std::vector<BatchDrawing>> findDrawings(const std::vector<std::string>& names,
                                                const std::string& listFile);
 
+/// kInvalidInput when two drawings, below different folders, would go to the same place of another.
+Result<void> checkPlaces(const std::vector<BatchDrawing>& drawings);
+
 }  // namespace kovra::host

@@ -77,6 +77,7 @@ class Process {
   bool start(const PooledWork& work) {
     if (output_.file() < 0 || errors_.file() < 0 || facts_.file() < 0) return false;
     begin_ = std::chrono::steady_clock::now();
+    std::cout.flush();  // or the new process would print it again
     id_ = fork();
     if (id_ == 0) carryOut(work);
     return id_ > 0;

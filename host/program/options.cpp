@@ -64,17 +64,32 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
   app.add_flag("--quiet", run.quiet, "No transcript; @list, @dialog and @show still print");
 }
 
+void addJobs(CLI::App& command, unsigned& jobs) {
+  command.add_option("--jobs", jobs, "Drawings at once (default: one a processor)")
+      ->check(CLI::Range(1, 1024))
+      ->option_text("N");
+}
+
+void addDrawings(CLI::App& command, std::vector<std::string>& drawings, unsigned& jobs) {
+  command.add_option("DRAWING", drawings, "Drawings to read; of a folder all in it; patterns")
+      ->required()
+      ->option_text("...");
+  addJobs(command, jobs);
+}
+
 CLI::App* addList(CLI::App& app, ListOptions& list) {
   const std::map<std::string, ListFormat> formats = {
       {"table", ListFormat::kTable}, {"csv", ListFormat::kCsv}, {"json", ListFormat::kJson}};
   CLI::App* command = app.add_subcommand("list", "Print every TEXT, MTEXT, ATTDEF and ATTRIB");
-  command->add_option("DRAWING", list.drawings, "Drawings to read")->required()->option_text("...");
+  addDrawings(*command, list.drawings, list.jobs);
   command
       ->add_option_function<std::string>(
           "--format", [&list, formats](const std::string& name) { list.format = formats.at(name); },
           "Form of the output (default: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->option_text("table|csv|json");
+  command->add_flag("--raw", list.raw,
+                    "csv: leave texts that look like formulas to a spreadsheet as they are");
   command->add_option("--layer", list.layer, "Only texts on this layer")->option_text("NAME");
   command->add_option("--tag", list.tagPattern, "Only attributes whose tag matches")
       ->option_text("PATTERN");
@@ -83,9 +98,7 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
 
 CLI::App* addCheck(CLI::App& app, CheckOptions& check) {
   CLI::App* command = app.add_subcommand("check", "Say whether saving gives every byte back");
-  command->add_option("DRAWING", check.drawings, "Drawings to read")
-      ->required()
-      ->option_text("...");
+  addDrawings(*command, check.drawings, check.jobs);
   return command;
 }
 
@@ -106,9 +119,17 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   const std::map<std::string, Ground> grounds = {{"white", Ground::kWhite},
                                                  {"dark", Ground::kDark}};
   CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
-  command->add_option("DRAWING", plot.drawing, "Drawing to read")->required()->option_text(" ");
-  command->add_option("-o,--output", plot.output, "The picture: FILE.svg or FILE.png")
-      ->option_text("FILE");
+  addDrawings(*command, plot.drawings, plot.jobs);
+  command
+      ->add_option("-o,--output", plot.output,
+                   "The picture, FILE.svg or FILE.png; of several drawings the folder of theirs")
+      ->option_text("FILE|DIR");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&plot](const std::string& name) { plot.extension = "." + name; },
+          "Of pictures in a folder (default: svg)")
+      ->check(CLI::IsMember({"svg", "png"}))
+      ->option_text("svg|png");
   command
       ->add_option_function<std::string>(
           "--window",
@@ -151,9 +172,7 @@ CLI::App* addEach(CLI::App& app, EachOptions& each) {
       ->option_text("FILE");
   addLineOptions(*command, each.run);
   addSafetyOptions(*command, each.run);
-  command->add_option("--jobs", each.jobs, "Drawings at once (default: one a processor)")
-      ->check(CLI::Range(1, 1024))
-      ->option_text("N");
+  addJobs(*command, each.jobs);
   command
       ->add_option("--output-dir", each.outputFolder,
                    "Save there, in the same folders, instead of in place")
@@ -196,9 +215,7 @@ std::string findForeignOption(const CLI::App& app, const CLI::App& subcommand) {
     if (option->count() == 0 || (plots && option->check_name("--output"))) continue;
     const bool setting = std::any_of(std::begin(kSettings), std::end(kSettings),
                                      [&](const char* name) { return option->check_name(name); });
-    if (option->get_positional())
-      return (plots ? "plot takes one drawing, behind " : "the drawings stand behind ") +
-             subcommand.get_name();
+    if (option->get_positional()) return "the drawings stand behind " + subcommand.get_name();
     if (!setting) return subcommand.get_name() + " takes no " + option->get_name();
   }
   return {};

@@ -37,15 +37,18 @@ struct RunOptions {
 
 /// Options of `kovra list`.
 struct ListOptions {
-  std::vector<std::filesystem::path> drawings;
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
   ListFormat format = ListFormat::kTable;
+  bool raw = false;                       ///< comma separated values: formulas aren't made texts
+  unsigned jobs = 0;                      ///< drawings at once; 0: as many as there are processors
   std::optional<std::string> layer;       ///< a layer's name, case doesn't count
   std::optional<std::string> tagPattern;  ///< wild cards of the command line, case doesn't count
 };
 
 /// Options of `kovra check`.
 struct CheckOptions {
-  std::vector<std::filesystem::path> drawings;
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
+  unsigned jobs = 0;                  ///< drawings at once; 0: as many as there are processors
 };
 
 /// Options of `kovra each`.
@@ -81,9 +84,11 @@ struct PlotOptions {
     AcGePoint3d low;
     AcGePoint3d high;
   };
-  std::filesystem::path drawing;
-  std::filesystem::path output;
-  std::optional<Window> window;  ///< in drawing units; none: all that is drawn
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
+  std::filesystem::path output;       ///< a picture, or the folder of several
+  std::string extension = ".svg";     ///< of pictures in a folder
+  unsigned jobs = 0;                  ///< drawings at once; 0: as many as there are processors
+  std::optional<Window> window;       ///< in drawing units; none: all that is drawn
   Ground ground = Ground::kWhite;
   int size = 1600;  ///< pixels of the longer side
 };

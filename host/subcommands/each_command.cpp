@@ -1,7 +1,5 @@
 #include "host/subcommands/each_command.h"
 
-#include <map>
-
 #include "host/batch/batch_progress.h"
 #include "host/batch/batch_report.h"
 #include "host/program/program_errors.h"
@@ -22,20 +20,6 @@ Result<std::size_t> leaveOutFinished(const EachOptions& options, const std::stri
   if (!finished) return finished.error();
   return std::erase_if(drawings,
                        [&](const BatchDrawing& drawing) { return finished.value().has(drawing); });
-}
-
-/// Two drawings of one name below different folders would be saved to one place.
-Result<void> checkOutputs(const EachOptions& options, const std::vector<BatchDrawing>& drawings) {
-  if (options.outputFolder.empty()) return {};
-  std::map<std::filesystem::path, const BatchDrawing*> places;
-  for (const BatchDrawing& drawing : drawings) {
-    const auto [place, isNew] = places.try_emplace(drawing.relative, &drawing);
-    if (isNew) continue;
-    return Error{ErrorKind::kInvalidInput, drawing.file.string() + " and " +
-                                               place->second->file.string() +
-                                               " would be saved to the same place"};
-  }
-  return {};
 }
 
 ExitStatus statusOf(const Error& error) {
@@ -71,8 +55,9 @@ int runOnEach(const EachOptions& options) {
   Result<std::vector<BatchDrawing>> found = findDrawings(options.names, options.listFile);
   if (!found) return fail(found.error());
   std::vector<BatchDrawing>& drawings = found.value();
-  if (const Result<void> apart = checkOutputs(options, drawings); !apart)
-    return fail(apart.error());
+  if (!options.outputFolder.empty()) {
+    if (const Result<void> apart = checkPlaces(drawings); !apart) return fail(apart.error());
+  }
   const std::string signature = jobSignature(options);
   const Result<std::size_t> leftOut = leaveOutFinished(options, signature, drawings);
   if (!leftOut) return fail(leftOut.error());

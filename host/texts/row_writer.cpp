@@ -125,18 +125,21 @@ std::string csvField(const std::string& text) {
   return quoted + '"';
 }
 
-void writeCsv(std::ostream& out, const std::string& drawing, bool head, const RowSource& rows) {
-  const std::string first = drawing.empty() ? std::string() : csvField(drawing) + ',';
-  if (head) {
-    if (!drawing.empty()) out << "drawing,";
-    for (const Column& column : kColumns) {
-      out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
-    }
-  }
+/// A text that begins like a formula would be run by a spreadsheet; an apostrophe in front makes it
+/// a text there.
+std::string csvText(const std::string& text, bool raw) {
+  const bool formula =
+      !text.empty() && std::string_view("=+-@\t\r").find(text[0]) != std::string::npos;
+  return csvField(formula && !raw ? '\'' + text : text);
+}
+
+void writeCsv(std::ostream& out, const RowForm& form, const std::string& drawing,
+              const RowSource& rows) {
+  const std::string first = form.many ? csvText(drawing, form.raw) + ',' : std::string();
   rows([&](const TextRow& row) {
     std::string line = first;
     for (const Column& column : kColumns) {
-      line += csvField(column.text(row));
+      line += column.number ? column.text(row) : csvText(column.text(row), form.raw);
       line += &column == &kColumns.back() ? "\r\n" : ",";
     }
     out << line;
@@ -168,15 +171,23 @@ void writeJson(std::ostream& out, const std::string& drawing, const RowSource& r
 
 }  // namespace
 
-void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
+void writeListHead(std::ostream& out, const RowForm& form) {
+  if (form.format != ListFormat::kCsv) return;
+  if (form.many) out << "drawing,";
+  for (const Column& column : kColumns)
+    out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
+}
+
+void writeRows(std::ostream& out, const RowForm& form, const std::string& drawing,
                const RowSource& rows) {
-  switch (format) {
+  const std::string name = form.many ? drawing : std::string();
+  switch (form.format) {
     case ListFormat::kTable:
-      return writeTable(out, drawing, rows);
+      return writeTable(out, name, rows);
     case ListFormat::kCsv:
-      return writeCsv(out, drawing, head, rows);
+      return writeCsv(out, form, drawing, rows);
     case ListFormat::kJson:
-      return writeJson(out, drawing, rows);
+      return writeJson(out, name, rows);
   }
 }
 

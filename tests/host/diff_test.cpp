@@ -27,7 +27,8 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 TEST_F(DiffTest, ByHandle) {
   const std::string first = textDrawing();
   const std::string line = "  0\nLINE\n5\n70\n330\n1F\n8\n0\n10\n0\n11\n1\n";
-  const std::string withLine = replaced(first, "  0\nTEXT\n  5\n60\n", line + "  0\nTEXT\n  5\n60\n");
+  const std::string withLine =
+      replaced(first, "  0\nTEXT\n  5\n60\n", line + "  0\nTEXT\n  5\n60\n");
   EXPECT_EQ(diff(first, first), "");
   EXPECT_EQ(diff(first, replaced(first, "X001", "Y\t1")),
             "changed TEXT 60 in Model\n    1: X001 -> Y 1\n");
