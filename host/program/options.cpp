@@ -6,12 +6,11 @@
 #include <map>
 
 #include "host/program/script_text.h"
+#include "host/program/version.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
 namespace {
-
-constexpr const char* kVersion = KOVRA_VERSION;
 
 constexpr const char* kFooter =
     "Without -s and -c, at a terminal, lines are typed: ? says what there is, Tab completes.\n"
@@ -242,7 +241,7 @@ std::string findMisuse(const CLI::App& app, CommandLine& line) {
 CommandLine parseCommandLine(int argc, const char* const* argv) {
   CommandLine line;
   CLI::App app("Runs the text tools on drawings, from a script or a terminal.", "kovra");
-  app.set_version_flag("--version", std::string("kovra ") + kVersion);
+  app.set_version_flag("--version", std::string("kovra ") + versionText());
   app.footer(kFooter);
   app.require_subcommand(0, 1);
   app.fallthrough();  // settings of a run also behind a subcommand
