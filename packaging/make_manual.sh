@@ -13,7 +13,8 @@ page() {
   local name=$1
   shift
   # Pages are alike for alike programs: the date is that of the sources.
-  help2man --no-info --version-string="${version%% *}" --source=kovra --output="$folder/$name.1" "$@"
+  help2man --no-info --version-string="${version%% *}" --source=kovra "$@" |
+    sed 's/^kovra \([a-z]*\) \\- /kovra\\-\1 \\- /' | gzip -9n >"$folder/$name.1.gz"
 }
 folder=$(realpath "$OLDPWD/$folder" 2>/dev/null || realpath "$folder")
 page kovra --include="$here/kovra.h2m" ./kovra
