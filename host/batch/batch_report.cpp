@@ -33,6 +33,20 @@ std::string stampText(const path& file) {
          std::to_string(is.nanoseconds);
 }
 
+path begunFile(path report) {
+  return report += ".begun";
+}
+
+template <class Take>
+void forEachEntry(std::istream& lines, const std::string& signature, Take take) {
+  std::string line;
+  while (std::getline(lines, line)) {
+    const json entry = json::parse(line, nullptr, false);
+    if (entry.is_object() && entry.value("job", "") == signature)
+      take(absolutePath(entry.value("file", "")), entry);
+  }
+}
+
 /// FNV-1a, 64 bits (Fowler, Noll, Vo): the same on every machine.
 std::uint64_t hashOf(const std::string& text) {
   std::uint64_t hash = 0xcbf29ce484222325U;
@@ -58,28 +72,32 @@ std::string jobSignature(const EachOptions& options) {
 Result<FinishedDrawings> FinishedDrawings::read(const path& report, const std::string& signature) {
   std::ifstream lines(report);
   if (!lines) return Error{ErrorKind::kNotReadable, report.string() + ": the report can't be read"};
-  FinishedDrawings finished;
-  std::string line;
-  while (std::getline(lines, line)) {
-    const json entry = json::parse(line, nullptr, false);
-    if (!entry.is_object() || entry.value("job", "") != signature) continue;
-    const std::string file = absolutePath(entry.value("file", ""));
+  FinishedDrawings drawings;
+  forEachEntry(lines, signature, [&](const std::string& file, const json& entry) {
     const std::string status = entry.value("status", "");
     const bool done = (status == "done" || status == "unchanged") && !entry.value("dry_run", false);
     // The last word counts.
-    finished.stamps_[file] = done ? entry.value("stamp", "") : std::string();
-  }
-  return finished;
+    drawings.finished_[file] = done ? entry.value("stamp", "") : std::string();
+  });
+  std::ifstream begun(begunFile(report));
+  forEachEntry(begun, signature, [&](const std::string& file, const json& entry) {
+    if (!drawings.finished_.contains(file)) drawings.begun_[file] = entry.value("stamp", "");
+  });
+  return drawings;
 }
 
 bool FinishedDrawings::has(const BatchDrawing& drawing) const {
-  const auto found = stamps_.find(absolutePath(drawing.file));
-  return found != stamps_.end() && !found->second.empty() &&
-         found->second == stampText(drawing.file);
+  const std::string file = absolutePath(drawing.file);
+  const std::string stamp = stampText(drawing.file);
+  const auto finished = finished_.find(file);
+  if (finished != finished_.end()) return !finished->second.empty() && finished->second == stamp;
+  const auto begun = begun_.find(file);
+  return begun != begun_.end() && begun->second != stamp;
 }
 
 BatchReport::~BatchReport() {
   if (file_ >= 0) close(file_);
+  if (begun_ >= 0) close(begun_);
 }
 
 Result<void> BatchReport::open(const path& file, std::string signature) {
@@ -89,6 +107,7 @@ Result<void> BatchReport::open(const path& file, std::string signature) {
   if (file_ < 0)
     return Error{ErrorKind::kNotWritable,
                  path_ + ": can't be written: " + dxf::systemMessage(errno)};
+  begun_ = ::open(begunFile(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
   // A batch that was killed may have left half a line.
   char last = '\n';
   const off_t end = lseek(file_, 0, SEEK_END);
@@ -96,6 +115,19 @@ Result<void> BatchReport::open(const path& file, std::string signature) {
     return Error{ErrorKind::kNotWritable,
                  path_ + ": can't be written: " + dxf::systemMessage(errno)};
   return {};
+}
+
+void BatchReport::begin(const BatchDrawing& drawing, bool dryRun) const {
+  if (begun_ < 0 || dryRun) return;
+  const json entry = {
+      {"file", drawing.file.string()}, {"stamp", stampText(drawing.file)}, {"job", signature_}};
+  const std::string line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
+  // Without it a batch that is killed right now would change the drawing twice, no more.
+  if (write(begun_, line.data(), line.size()) < 0) return;
+}
+
+void BatchReport::complete() {
+  if (begun_ >= 0) unlink(begunFile(path_).c_str());
 }
 
 Result<void> BatchReport::add(const BatchDrawing& drawing, const JobOutcome& outcome, bool dryRun) {

@@ -121,12 +121,12 @@ class Pool {
       : work_(work),
         most_(work.jobs > 0 ? work.jobs : std::max(1U, std::thread::hardware_concurrency())) {}
 
-  std::size_t run() {
+  PoolRun run() {
     const InterruptionGuard guard;
     while (true) {
       while (goesOn_ && interruptions == 0 && running_.size() < most_ && next_ < work_.count)
         startNext();
-      if (running_.empty()) return ended_;
+      if (running_.empty()) return done_;
       waitForOne();
     }
   }
@@ -150,8 +150,11 @@ class Pool {
         std::find_if(running_.begin(), running_.end(),
                      [&](const Process& running) { return running.id() == ended; });
     if (process == running_.end()) return;
-    const bool dropped = interruptions > 1 && WIFSIGNALED(status);
-    if (!dropped) tell(process->piece(), process->result(status));
+    if (interruptions > 1 && WIFSIGNALED(status)) {
+      ++done_.dropped;
+    } else {
+      tell(process->piece(), process->result(status));
+    }
     running_.erase(process);
   }
 
@@ -166,7 +169,7 @@ class Pool {
   }
 
   void tell(std::size_t piece, const ProcessResult& result) {
-    ++ended_;
+    ++done_.ended;
     goesOn_ = work_.ended(piece, result) && goesOn_;
   }
 
@@ -174,7 +177,7 @@ class Pool {
   std::size_t most_;
   std::list<Process> running_;
   std::size_t next_ = 0;
-  std::size_t ended_ = 0;
+  PoolRun done_;
   bool goesOn_ = true;
   bool told_ = false;
 };
@@ -185,7 +188,7 @@ int ProcessResult::exitStatus() const {
   return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : kSignalStatus + WTERMSIG(waitStatus);
 }
 
-std::size_t runInProcesses(const PooledWork& work) {
+PoolRun runInProcesses(const PooledWork& work) {
   return Pool(work).run();
 }
 

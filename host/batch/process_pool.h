@@ -30,9 +30,13 @@ struct PooledWork {
   std::function<bool(std::size_t piece, const ProcessResult& result)> ended;
 };
 
+struct PoolRun {
+  std::size_t ended = 0;    ///< pieces that were begun and ended
+  std::size_t dropped = 0;  ///< pieces whose processes were ended by a second Ctrl+C
+};
+
 /// Carries all pieces out. The first Ctrl+C lets what runs be finished and begins nothing more; the
-/// second ends it at once, and these pieces don't count as ended. The processes end with this one.
-/// @return how many pieces were begun and ended
-std::size_t runInProcesses(const PooledWork& work);
+/// second ends it at once. The processes end with this one.
+PoolRun runInProcesses(const PooledWork& work);
 
 }  // namespace kovra::host

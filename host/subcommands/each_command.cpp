@@ -32,6 +32,7 @@ PooledWork workOn(const EachOptions& options, const std::vector<BatchDrawing>& d
   work.count = drawings.size();
   work.jobs = options.jobs;
   work.carryOut = [&](std::size_t piece, int facts) {
+    report.begin(drawings[piece], options.dryRun);
     return carryOutJob(options, drawings[piece], runDrawings, facts);
   };
   work.ended = [&](std::size_t piece, const ProcessResult& result) {
@@ -67,7 +68,8 @@ int runOnEach(const EachOptions& options) {
       return fail(opened.error());
   }
   BatchProgress progress(drawings.size(), leftOut.value());
-  runInProcesses(workOn(options, drawings, report, progress, errors));
+  const PoolRun run = runInProcesses(workOn(options, drawings, report, progress, errors));
+  if (errors.status() == kExitDone && run.dropped == 0) report.complete();
   progress.printSummary();
   if (errors.status() != kExitDone) return errors.status();
   return progress.allDone() ? kExitDone : kExitRefused;

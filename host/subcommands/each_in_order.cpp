@@ -50,7 +50,7 @@ int forEachInOrder(const std::vector<BatchDrawing>& drawings, unsigned jobs,
     output.add(piece, result);
     return true;
   };
-  const bool all = runInProcesses(pooled) == drawings.size();
+  const bool all = runInProcesses(pooled).ended == drawings.size();
   return output.status() == kExitDone && !all ? kExitRefused : output.status();
 }
 

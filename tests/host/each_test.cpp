@@ -109,5 +109,27 @@ TEST_F(EachTest, CtrlCFinishesWhatRunsAndTheNextRunGoesOn) {
   EXPECT_EQ(report("r.jsonl").size(), static_cast<std::size_t>(kDrawings));
 }
 
+TEST_F(EachTest, AKilledBatchChangesNoDrawingTwice) {
+  constexpr int kDrawings = 40;
+  for (int i = 0; i < kDrawings; ++i) write("many/" + std::to_string(i) + ".dxf", textDrawing());
+  const std::vector<std::string> job = {
+      "each", "many", "--jobs",      "2",  "--report", "r.jsonl", "--resume", "r.jsonl", "-c",
+      "MOVE", "-c",   "@select all", "-c", "@enter",   "-c",      "0,0",      "-c",      "1,0"};
+  for (const int milliseconds : {60, 110, 170}) {
+    const pid_t batch = start(job);
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    kill(batch, SIGKILL);
+    finish(batch);
+  }
+  EXPECT_EQ(run(job).status, 0);
+  std::vector<std::string> list = {"list", "many", "--format", "csv"};
+  const std::string places = run(list).out;
+  std::size_t moved = 0;
+  for (size_t at = places.find(",11,"); at != std::string::npos; at = places.find(",11,", at + 1))
+    ++moved;
+  EXPECT_EQ(moved, 2U * kDrawings) << places;
+  EXPECT_FALSE(exists("r.jsonl.begun"));
+}
+
 }  // namespace
 }  // namespace kovra::test
