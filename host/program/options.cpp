@@ -176,11 +176,17 @@ CLI::App* addEach(CLI::App& app, EachOptions& each) {
       ->add_option("--output-dir", each.outputFolder,
                    "Save there, in the same folders, instead of in place")
       ->option_text("DIR");
+  command
+      ->add_option("--root", each.root,
+                   "The folder that places in --output-dir count from (default: those named)")
+      ->option_text("DIR");
   command->add_option("--report", each.report, "Append a JSON line for each drawing")
       ->option_text("FILE");
   command->add_option("--resume", each.resume, "Leave out what this report says is done")
       ->option_text("REPORT");
   command->add_flag("--dry-run", each.dryRun, "Write no drawing; say what would change");
+  command->add_flag("--names", each.namesOnly,
+                    "Print the drawings that would be run, each with its place in --output-dir");
   return command;
 }
 

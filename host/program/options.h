@@ -58,9 +58,12 @@ struct EachOptions {
   RunOptions run;                      ///< the lines and settings; drawings and output stay empty
   unsigned jobs = 0;                   ///< drawings at once; 0: as many as there are processors
   std::filesystem::path outputFolder;  ///< empty: each in its own place
+  std::filesystem::path root;          ///< drawings keep their places below it; empty: below the
+                                       ///< folders that are named
   std::filesystem::path report;        ///< empty: none
   std::filesystem::path resume;        ///< a report whose finished drawings are left out
   bool dryRun = false;
+  bool namesOnly = false;  ///< print which drawings would be run, and run none
 
   /// Whether what changed is to be found out, and not only if.
   bool tellsChanges() const { return dryRun || !report.empty(); }

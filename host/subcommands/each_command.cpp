@@ -1,5 +1,7 @@
 #include "host/subcommands/each_command.h"
 
+#include <iostream>
+
 #include "host/batch/batch_progress.h"
 #include "host/batch/batch_report.h"
 #include "host/program/program_errors.h"
@@ -56,12 +58,21 @@ int runOnEach(const EachOptions& options) {
   Result<std::vector<BatchDrawing>> found = findDrawings(options.names, options.listFile);
   if (!found) return fail(found.error());
   std::vector<BatchDrawing>& drawings = found.value();
+  if (!options.root.empty()) {
+    for (BatchDrawing& drawing : drawings)
+      drawing.relative = drawing.file.lexically_proximate(options.root);
+  }
   if (!options.outputFolder.empty()) {
     if (const Result<void> apart = checkPlaces(drawings); !apart) return fail(apart.error());
   }
   const std::string signature = jobSignature(options);
   const Result<std::size_t> leftOut = leaveOutFinished(options, signature, drawings);
   if (!leftOut) return fail(leftOut.error());
+  if (options.namesOnly) {
+    for (const BatchDrawing& drawing : drawings)
+      std::cout << drawing.file.string() << '\t' << drawing.relative.string() << '\n';
+    return kExitDone;
+  }
   BatchReport report;
   if (!options.report.empty()) {
     if (const Result<void> opened = report.open(options.report, signature); !opened)
