@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all setup build demo pictures test corpus bench fuzz tidy format check-format clean
+.PHONY: all setup build install deb demo pictures test corpus bench fuzz tidy format check-format clean
 
 all: build
 
@@ -12,6 +12,17 @@ setup:
 build: setup
 	cmake --preset $(PRESET) --log-level=WARNING
 	cmake --build $(BUILD) -j2
+
+# make install PREFIX=/usr/local
+PREFIX ?= /usr/local
+install: build
+	cmake --build $(BUILD) -j2 --target kovra_manual
+	cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
+
+# build/release/kovra_VERSION_ARCHITECTURE.deb
+deb: build
+	cmake --build $(BUILD) -j2 --target kovra_manual kovra_changelog
+	cd $(BUILD) && cpack
 
 demo: build
 	tools/demo.sh $(BUILD)

@@ -3,6 +3,8 @@
 #include <iostream>
 
 #include "host/program/options.h"
+#include "host/subcommands/diff_command.h"
+#include "host/subcommands/each_command.h"
 #include "host/subcommands/list_command.h"
 #include "host/subcommands/plot_command.h"
 #include "host/subcommands/run_command.h"
@@ -17,7 +19,11 @@ int run(const kovra::host::CommandLine& line) {
     case kovra::host::Mode::kCheck:
       return kovra::host::checkDrawings(line.check);
     case kovra::host::Mode::kPlot:
-      return kovra::host::plotDrawing(line.plot);
+      return kovra::host::plotDrawings(line.plot);
+    case kovra::host::Mode::kDiff:
+      return kovra::host::diffDrawings(line.diff);
+    case kovra::host::Mode::kEach:
+      return kovra::host::runOnEach(line.each);
     default:
       return kovra::host::runDrawings(line.run);
   }

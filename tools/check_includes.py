@@ -44,7 +44,7 @@ ROOMS = {
     "platform/arx": ["base", "geometry", "database", "entities", "lists", "drawing", "editor"],
     "platform/arx/editor": [".", "documents", "prompts", "picks", "commands", "host"],
     "platform/win": ["base", "resources", "windows", "controls", "dialogs", "desktop", "."],
-    "host": ["program", "libraries", "texts", "lines", "subcommands", "."],
+    "host": ["program", "libraries", "texts", "compare", "batch", "lines", "subcommands", "."],
 }
 
 # Single files that may include more than their folder.

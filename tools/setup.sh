@@ -9,6 +9,7 @@ packages=(
   binutils-mingw-w64-x86-64 g++-mingw-w64-x86-64
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
   python3 python3-ezdxf
+  help2man dpkg-dev file
 )
 
 missing=()

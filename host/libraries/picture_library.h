@@ -22,8 +22,9 @@ struct PictureGaps {
 /// The library of host/picture/: most runs draw nothing, and what draws needs dozens of libraries.
 /// Each function writes a picture as a whole or not at all.
 struct PictureLibrary {
-  /// A drawing.
-  Result<PictureGaps> (*plot)(const PlotOptions& options, PictureForm form);
+  /// A drawing; ground, window and size as the options say.
+  Result<PictureGaps> (*plot)(const std::filesystem::path& drawing, const PlotOptions& options,
+                              const std::filesystem::path& picture, PictureForm form);
   /// The drawing window with the dialogs on it; the picture is as large as both together. What is
   /// drawn in part only is said in the transcript.
   Result<void> (*screen)(const std::filesystem::path& file, PictureForm form);

@@ -116,7 +116,7 @@ Result<void> listLine(LineContext& context, Arguments& arguments) {
   AcApDocument* document = arx::DocumentList::instance().find(drawing.value());
   const AcDbDatabase& database = *document->database();
   win::interaction().freshLine();
-  writeRows(context.out, ListFormat::kTable, {}, true, [&](const auto& take) {
+  writeRows(context.out, {}, {}, [&](const auto& take) {
     forEachText(database.store(), database.structure(), {}, take);
   });
   return {};

@@ -27,10 +27,10 @@ Page wholePage(const AcDbDatabase& database, dxf::BlockNumber space, int size) {
 
 }  // namespace
 
-Result<PictureGaps> plotPicture(const PlotOptions& options, PictureForm form) {
+Result<PictureGaps> plotPicture(const std::filesystem::path& drawing, const PlotOptions& options,
+                                const std::filesystem::path& picture, PictureForm form) {
   AcDbDatabase database(false);
-  if (const Result<void> opened = database.open(options.drawing.string()); !opened)
-    return opened.error();
+  if (const Result<void> opened = database.open(drawing.string()); !opened) return opened.error();
   const dxf::BlockNumber space = spaceToPlot(database.structure());
   const Page page = options.window
                         ? pageFor(options.window->low, options.window->high, options.size, 0)
@@ -41,8 +41,7 @@ Result<PictureGaps> plotPicture(const PlotOptions& options, PictureForm form) {
   PictureGaps gaps;
   gaps.plot = arx::plotSpace(database, space, draw);
   gaps.empty = !draw.hasInk();
-  if (const Result<void> written = writePicture(options.output, *canvas); !written)
-    return written.error();
+  if (const Result<void> written = writePicture(picture, *canvas); !written) return written.error();
   return gaps;
 }
 

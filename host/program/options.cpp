@@ -6,12 +6,11 @@
 #include <map>
 
 #include "host/program/script_text.h"
+#include "host/program/version.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
 namespace {
-
-constexpr const char* kVersion = KOVRA_VERSION;
 
 constexpr const char* kFooter =
     "Without -s and -c, at a terminal, lines are typed: ? says what there is, Tab completes.\n"
@@ -29,24 +28,32 @@ int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
   return kExitUsage;
 }
 
-void addRunOptions(CLI::App& app, RunOptions& run) {
-  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
-      ->option_text("...");
-  app.add_option("-p,--project", run.project, "The current project (default: none)")
-      ->option_text("DIR");
+void addLineOptions(CLI::App& app, RunOptions& run) {
   app.add_option("-s,--script", run.script, "Input, line by line; - is standard input")
       ->option_text("FILE");
   app.add_option("-c,--command", run.commands,
                  "One input line; may be repeated; runs before the script")
       ->allow_extra_args(false)
       ->option_text("LINE");
+}
+
+void addSafetyOptions(CLI::App& app, RunOptions& run) {
+  app.add_flag_callback(
+      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
+  app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
+}
+
+void addRunOptions(CLI::App& app, RunOptions& run) {
+  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
+      ->option_text("...");
+  app.add_option("-p,--project", run.project, "The current project (default: none)")
+      ->option_text("DIR");
+  addLineOptions(app, run);
   app.add_option("-o,--output", run.output,
                  "Save the current drawing there at the end; not one that was opened")
       ->option_text("FILE");
   app.add_flag("--save", run.saveAll, "Save every changed drawing in its own place at the end");
-  app.add_flag_callback(
-      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
-  app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
+  addSafetyOptions(app, run);
   app.add_option("--state", run.stateStore, "The user's dialog store (default: per user)")
       ->option_text("FILE");
   app.add_option("--registry", run.registry, "Stands for HKEY_LOCAL_MACHINE")->option_text("FILE");
@@ -56,17 +63,32 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
   app.add_flag("--quiet", run.quiet, "No transcript; @list, @dialog and @show still print");
 }
 
+void addJobs(CLI::App& command, unsigned& jobs) {
+  command.add_option("--jobs", jobs, "Drawings at once (default: one a processor)")
+      ->check(CLI::Range(1, 1024))
+      ->option_text("N");
+}
+
+void addDrawings(CLI::App& command, std::vector<std::string>& drawings, unsigned& jobs) {
+  command.add_option("DRAWING", drawings, "Drawings to read; of a folder all in it; patterns")
+      ->required()
+      ->option_text("...");
+  addJobs(command, jobs);
+}
+
 CLI::App* addList(CLI::App& app, ListOptions& list) {
   const std::map<std::string, ListFormat> formats = {
       {"table", ListFormat::kTable}, {"csv", ListFormat::kCsv}, {"json", ListFormat::kJson}};
   CLI::App* command = app.add_subcommand("list", "Print every TEXT, MTEXT, ATTDEF and ATTRIB");
-  command->add_option("DRAWING", list.drawings, "Drawings to read")->required()->option_text("...");
+  addDrawings(*command, list.drawings, list.jobs);
   command
       ->add_option_function<std::string>(
           "--format", [&list, formats](const std::string& name) { list.format = formats.at(name); },
           "Form of the output (default: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->option_text("table|csv|json");
+  command->add_flag("--raw", list.raw,
+                    "csv: leave texts that look like formulas to a spreadsheet as they are");
   command->add_option("--layer", list.layer, "Only texts on this layer")->option_text("NAME");
   command->add_option("--tag", list.tagPattern, "Only attributes whose tag matches")
       ->option_text("PATTERN");
@@ -75,9 +97,7 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
 
 CLI::App* addCheck(CLI::App& app, CheckOptions& check) {
   CLI::App* command = app.add_subcommand("check", "Say whether saving gives every byte back");
-  command->add_option("DRAWING", check.drawings, "Drawings to read")
-      ->required()
-      ->option_text("...");
+  addDrawings(*command, check.drawings, check.jobs);
   return command;
 }
 
@@ -98,9 +118,17 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   const std::map<std::string, Ground> grounds = {{"white", Ground::kWhite},
                                                  {"dark", Ground::kDark}};
   CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
-  command->add_option("DRAWING", plot.drawing, "Drawing to read")->required()->option_text(" ");
-  command->add_option("-o,--output", plot.output, "The picture: FILE.svg or FILE.png")
-      ->option_text("FILE");
+  addDrawings(*command, plot.drawings, plot.jobs);
+  command
+      ->add_option("-o,--output", plot.output,
+                   "The picture, FILE.svg or FILE.png; of several drawings the folder of theirs")
+      ->option_text("FILE|DIR");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&plot](const std::string& name) { plot.extension = "." + name; },
+          "Of pictures in a folder (default: svg)")
+      ->check(CLI::IsMember({"svg", "png"}))
+      ->option_text("svg|png");
   command
       ->add_option_function<std::string>(
           "--window",
@@ -119,12 +147,70 @@ CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
   return command;
 }
 
+CLI::App* addDiff(CLI::App& app, DiffOptions& diff) {
+  const std::map<std::string, DiffFormat> formats = {{"text", DiffFormat::kText},
+                                                     {"json", DiffFormat::kJson}};
+  CLI::App* command = app.add_subcommand("diff", "Print the groups in which two drawings differ");
+  command->add_option("A", diff.before, "The one drawing")->required()->option_text(" ");
+  command->add_option("B", diff.after, "The other")->required()->option_text(" ");
+  command
+      ->add_option_function<std::string>(
+          "--format", [&diff, formats](const std::string& name) { diff.format = formats.at(name); },
+          "Form of the output (default: text)")
+      ->check(CLI::IsMember({"text", "json"}))
+      ->option_text("text|json");
+  return command;
+}
+
+CLI::App* addEach(CLI::App& app, EachOptions& each) {
+  CLI::App* command =
+      app.add_subcommand("each", "Run the same lines on each of many drawings, several at once");
+  command->add_option("DRAWING|FOLDER|PATTERN", each.names, "Drawings to change; of a folder all")
+      ->option_text("...");
+  command->add_option("--list", each.listFile, "More of them, one a line; - is standard input")
+      ->option_text("FILE");
+  addLineOptions(*command, each.run);
+  addSafetyOptions(*command, each.run);
+  addJobs(*command, each.jobs);
+  command
+      ->add_option("--output-dir", each.outputFolder,
+                   "Save there, in the same folders, instead of in place")
+      ->option_text("DIR");
+  command
+      ->add_option("--root", each.root,
+                   "The folder that places in --output-dir count from (default: those named)")
+      ->option_text("DIR");
+  command->add_option("--report", each.report, "Append a JSON line for each drawing")
+      ->option_text("FILE");
+  command->add_option("--resume", each.resume, "Leave out what this report says is done")
+      ->option_text("REPORT");
+  command->add_flag("--dry-run", each.dryRun, "Write no drawing; say what would change");
+  command->add_flag("--names", each.namesOnly,
+                    "Print the drawings that would be run, each with its place in --output-dir");
+  return command;
+}
+
 // The picture's name may stand before "plot" too, where the parser takes it for a run's.
 std::string settleOutput(const CLI::App& app, CommandLine& line) {
   const bool before = app.count("--output") != 0;
   if (before && !line.plot.output.empty()) return "-o is given twice";
   if (before) line.plot.output = line.run.output;
   return line.plot.output.empty() ? "--output is required: the picture that plot draws" : "";
+}
+
+// The settings of a run count for the run of each drawing.
+std::string settleEach(CommandLine& line) {
+  EachOptions& each = line.each;
+  RunOptions run = line.run;
+  run.script = each.run.script;
+  run.commands = each.run.commands;
+  run.backup = each.run.backup;
+  run.keepGoing = each.run.keepGoing;
+  each.run = run;
+  if (each.names.empty() && each.listFile.empty()) return "each needs drawings";
+  if (run.script == "-") return "each reads its script from a file: every drawing has it anew";
+  if (run.script.empty() && run.commands.empty()) return "each needs lines: -c or -s";
+  return {};
 }
 
 // Options of runs mean nothing to a subcommand, which a user should be told.
@@ -134,9 +220,7 @@ std::string findForeignOption(const CLI::App& app, const CLI::App& subcommand) {
     if (option->count() == 0 || (plots && option->check_name("--output"))) continue;
     const bool setting = std::any_of(std::begin(kSettings), std::end(kSettings),
                                      [&](const char* name) { return option->check_name(name); });
-    if (option->get_positional())
-      return (plots ? "plot takes one drawing, behind " : "the drawings stand behind ") +
-             subcommand.get_name();
+    if (option->get_positional()) return "the drawings stand behind " + subcommand.get_name();
     if (!setting) return subcommand.get_name() + " takes no " + option->get_name();
   }
   return {};
@@ -151,6 +235,9 @@ std::string findMisuse(const CLI::App& app, CommandLine& line) {
   if (app.count("--script") != 0 && run.script.empty()) return "-s needs the name of a file";
   if (app.count("--output") != 0 && run.output.empty()) return "-o needs the name of a file";
   if (line.mode == Mode::kRun) return {};
+  if (line.mode == Mode::kEach) {
+    if (const std::string misuse = settleEach(line); !misuse.empty()) return misuse;
+  }
   const std::string foreign = findForeignOption(app, *app.get_subcommands().front());
   return foreign.empty() && line.mode == Mode::kPlot ? settleOutput(app, line) : foreign;
 }
@@ -160,7 +247,7 @@ std::string findMisuse(const CLI::App& app, CommandLine& line) {
 CommandLine parseCommandLine(int argc, const char* const* argv) {
   CommandLine line;
   CLI::App app("Runs the text tools on drawings, from a script or a terminal.", "kovra");
-  app.set_version_flag("--version", std::string("kovra ") + kVersion);
+  app.set_version_flag("--version", std::string("kovra ") + versionText());
   app.footer(kFooter);
   app.require_subcommand(0, 1);
   app.fallthrough();  // settings of a run also behind a subcommand
@@ -168,6 +255,8 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   const CLI::App* list = addList(app, line.list);
   const CLI::App* check = addCheck(app, line.check);
   const CLI::App* plot = addPlot(app, line.plot);
+  const CLI::App* diff = addDiff(app, line.diff);
+  const CLI::App* each = addEach(app, line.each);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -177,6 +266,8 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   line.mode = list->parsed()    ? Mode::kList
               : check->parsed() ? Mode::kCheck
               : plot->parsed()  ? Mode::kPlot
+              : diff->parsed()  ? Mode::kDiff
+              : each->parsed()  ? Mode::kEach
                                 : Mode::kRun;
   if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
     std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";

@@ -12,7 +12,7 @@ namespace kovra::host {
 /// What the program ends with.
 enum ExitStatus {
   kExitDone = 0,
-  kExitRefused = 1,  ///< a line could not be carried out
+  kExitRefused = 1,  ///< a line could not be carried out; drawings differ
   kExitUsage = 2,
   kExitFile = 3  ///< a file can't be read or written
 };
@@ -37,15 +37,45 @@ struct RunOptions {
 
 /// Options of `kovra list`.
 struct ListOptions {
-  std::vector<std::filesystem::path> drawings;
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
   ListFormat format = ListFormat::kTable;
+  bool raw = false;                       ///< comma separated values: formulas aren't made texts
+  unsigned jobs = 0;                      ///< drawings at once; 0: as many as there are processors
   std::optional<std::string> layer;       ///< a layer's name, case doesn't count
   std::optional<std::string> tagPattern;  ///< wild cards of the command line, case doesn't count
 };
 
 /// Options of `kovra check`.
 struct CheckOptions {
-  std::vector<std::filesystem::path> drawings;
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
+  unsigned jobs = 0;                  ///< drawings at once; 0: as many as there are processors
+};
+
+/// Options of `kovra each`.
+struct EachOptions {
+  std::vector<std::string> names;      ///< drawings, folders, patterns
+  std::string listFile;                ///< further names, one a line; "-" is standard input
+  RunOptions run;                      ///< the lines and settings; drawings and output stay empty
+  unsigned jobs = 0;                   ///< drawings at once; 0: as many as there are processors
+  std::filesystem::path outputFolder;  ///< empty: each in its own place
+  std::filesystem::path root;          ///< drawings keep their places below it; empty: below the
+                                       ///< folders that are named
+  std::filesystem::path report;        ///< empty: none
+  std::filesystem::path resume;        ///< a report whose finished drawings are left out
+  bool dryRun = false;
+  bool namesOnly = false;  ///< print which drawings would be run, and run none
+
+  /// Whether what changed is to be found out, and not only if.
+  bool tellsChanges() const { return dryRun || !report.empty(); }
+};
+
+enum class DiffFormat { kText, kJson };
+
+/// Options of `kovra diff`.
+struct DiffOptions {
+  std::filesystem::path before;
+  std::filesystem::path after;
+  DiffFormat format = DiffFormat::kText;
 };
 
 /// Colors that a picture is drawn on.
@@ -57,14 +87,16 @@ struct PlotOptions {
     AcGePoint3d low;
     AcGePoint3d high;
   };
-  std::filesystem::path drawing;
-  std::filesystem::path output;
-  std::optional<Window> window;  ///< in drawing units; none: all that is drawn
+  std::vector<std::string> drawings;  ///< drawings, folders, patterns
+  std::filesystem::path output;       ///< a picture, or the folder of several
+  std::string extension = ".svg";     ///< of pictures in a folder
+  unsigned jobs = 0;                  ///< drawings at once; 0: as many as there are processors
+  std::optional<Window> window;       ///< in drawing units; none: all that is drawn
   Ground ground = Ground::kWhite;
   int size = 1600;  ///< pixels of the longer side
 };
 
-enum class Mode { kRun, kList, kCheck, kPlot };
+enum class Mode { kRun, kList, kCheck, kPlot, kDiff, kEach };
 
 struct CommandLine {
   Mode mode = Mode::kRun;
@@ -72,6 +104,8 @@ struct CommandLine {
   ListOptions list;
   CheckOptions check;
   PlotOptions plot;
+  DiffOptions diff;
+  EachOptions each;
   /// Set when there is nothing to run: help was printed, or wrong usage reported.
   std::optional<int> exitStatus;
 };

@@ -13,4 +13,10 @@ void ProgramErrors::report(ExitStatus status, std::string_view place, std::strin
   if (status_ == kExitDone) status_ = status;
 }
 
+int fail(ExitStatus status, const Error& error) {
+  ProgramErrors errors;
+  errors.report(status, {}, error.message);
+  return errors.status();
+}
+
 }  // namespace kovra::host

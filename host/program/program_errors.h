@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "host/program/options.h"
+#include "platform/dxf/result.h"
 
 namespace kovra::host {
 
@@ -19,5 +20,8 @@ class ProgramErrors {
  private:
   ExitStatus status_ = kExitDone;
 };
+
+/// Reports the one error of a subcommand that does nothing more; returns the exit status.
+int fail(ExitStatus status, const Error& error);
 
 }  // namespace kovra::host

@@ -2,8 +2,10 @@
 
 #include <iostream>
 
+#include "host/batch/drawing_list.h"
 #include "host/program/program_errors.h"
 #include "host/program/script_text.h"
+#include "host/subcommands/each_in_order.h"
 #include "host/texts/row_writer.h"
 #include "platform/win/base/wide_text.h"
 
@@ -19,36 +21,33 @@ std::optional<std::wstring> wideOption(const std::optional<std::string>& text) {
 }  // namespace
 
 int listDrawings(const ListOptions& options) {
-  ProgramErrors errors;
+  const Result<std::vector<BatchDrawing>> found = findDrawings(options.drawings, {});
+  if (!found) return fail(kExitFile, found.error());
   const TextFilter filter{wideOption(options.layer), wideOption(options.tagPattern)};
-  bool head = true;
-  for (const auto& file : options.drawings) {
-    const auto store = dxf::RecordStore::readFile(file.string());
-    if (!store) {
-      errors.report(kExitFile, {}, store.error().message);
-      continue;
-    }
+  const RowForm form{options.format, options.raw, found.value().size() > 1};
+  writeListHead(std::cout, form);
+  return forEachInOrder(found.value(), options.jobs, [&](const BatchDrawing& drawing) {
+    const auto store = dxf::RecordStore::readFile(drawing.file.string());
+    if (!store) return fail(kExitFile, store.error());
     const dxf::Structure structure(*store.value());
-    const std::string name = options.drawings.size() > 1 ? file.string() : std::string();
-    writeRows(std::cout, options.format, name, head,
+    writeRows(std::cout, form, drawing.file.string(),
               [&](const auto& take) { forEachText(*store.value(), structure, filter, take); });
-    head = false;
-  }
-  return errors.status();
+    return static_cast<int>(kExitDone);
+  });
 }
 
 int checkDrawings(const CheckOptions& options) {
-  ProgramErrors errors;
-  for (const auto& file : options.drawings) {
-    const Result<void> same = dxf::checkRoundTrip(file.string());
+  const Result<std::vector<BatchDrawing>> found = findDrawings(options.drawings, {});
+  if (!found) return fail(kExitFile, found.error());
+  return forEachInOrder(found.value(), options.jobs, [](const BatchDrawing& drawing) {
+    const Result<void> same = dxf::checkRoundTrip(drawing.file.string());
     if (same) {
-      std::cout << file.string() << ": every byte comes back\n";
-    } else {
-      const bool differs = same.error().kind == ErrorKind::kNotSupported;
-      errors.report(differs ? kExitRefused : kExitFile, {}, same.error().message);
+      std::cout << drawing.file.string() << ": every byte comes back\n";
+      return static_cast<int>(kExitDone);
     }
-  }
-  return errors.status();
+    const bool differs = same.error().kind == ErrorKind::kNotSupported;
+    return fail(differs ? kExitRefused : kExitFile, same.error());
+  });
 }
 
 }  // namespace kovra::host

@@ -2,46 +2,78 @@
 
 #include <iostream>
 
+#include "host/batch/drawing_list.h"
 #include "host/libraries/picture_library.h"
 #include "host/program/program_errors.h"
 #include "host/program/program_files.h"
+#include "host/subcommands/each_in_order.h"
 
 namespace kovra::host {
 namespace {
 
-void report(const PictureGaps& gaps) {
-  const char* separator = "not drawn: ";
+/// @param name in front of each line; empty for a single drawing
+void report(const PictureGaps& gaps, const std::string& name) {
+  const std::string begin = name.empty() ? name : name + ": ";
+  std::string separator = begin + "not drawn: ";
   for (const auto& [kind, count] : gaps.plot.missing) {
     std::cout << separator << count << ' ' << kind;
     separator = ", ";
   }
   if (!gaps.plot.missing.empty()) std::cout << '\n';
-  if (!gaps.plot.inPart.empty()) std::cout << "drawn in part: " << gaps.plot.inPart << '\n';
-  if (gaps.empty) std::cout << "the picture is empty: nothing that shows lies on it\n";
+  if (!gaps.plot.inPart.empty())
+    std::cout << begin << "drawn in part: " << gaps.plot.inPart << '\n';
+  if (gaps.empty) std::cout << begin << "the picture is empty: nothing that shows lies on it\n";
 }
 
-Result<void> plot(const PlotOptions& options, PictureForm form) {
+int plot(const PlotOptions& options, const BatchDrawing& drawing,
+         const std::filesystem::path& picture, const std::string& name) {
+  ProgramErrors errors;
+  const Result<PictureForm> form = pictureForm(picture);
   const Result<PictureLibrary> library = loadPictureLibrary();
-  if (!library) return library.error();
-  const Result<PictureGaps> gaps = library.value().plot(options, form);
-  if (!gaps) return gaps.error();
-  report(gaps.value());
-  return {};
+  if (!form) {
+    errors.report(kExitUsage, {}, form.error().message);
+  } else if (isSameFile(picture, drawing.file)) {
+    errors.report(kExitUsage, picture.string(), "the output is the drawing");
+  } else if (!library) {
+    errors.report(kExitFile, {}, library.error().message);
+  } else {
+    const Result<PictureGaps> gaps =
+        library.value().plot(drawing.file, options, picture, form.value());
+    if (gaps) {
+      report(gaps.value(), name);
+    } else {
+      errors.report(kExitFile, {}, gaps.error().message);
+    }
+  }
+  return errors.status();
+}
+
+/// Below the folder of pictures as the drawing lies below its own.
+int plotIntoFolder(const PlotOptions& options, const BatchDrawing& drawing) {
+  std::filesystem::path picture = options.output / drawing.relative;
+  picture += options.extension;
+  std::error_code failure;
+  create_directories(picture.parent_path(), failure);
+  return plot(options, drawing, picture, drawing.file.string());
 }
 
 }  // namespace
 
-int plotDrawing(const PlotOptions& options) {
-  ProgramErrors errors;
-  const Result<PictureForm> form = pictureForm(options.output);
-  if (!form) {
-    errors.report(kExitUsage, {}, form.error().message);
-  } else if (isSameFile(options.output, options.drawing)) {
-    errors.report(kExitUsage, options.output.string(), "the output is the drawing");
-  } else if (const Result<void> done = plot(options, form.value()); !done) {
-    errors.report(kExitFile, {}, done.error().message);
-  }
-  return errors.status();
+int plotDrawings(const PlotOptions& options) {
+  const Result<std::vector<BatchDrawing>> found = findDrawings(options.drawings, {});
+  if (!found) return fail(kExitFile, found.error());
+  std::error_code failure;
+  const std::vector<BatchDrawing>& drawings = found.value();
+  if (drawings.size() == 1 && !is_directory(options.output, failure))
+    return plot(options, drawings.front(), options.output, {});
+  if (pictureForm(options.output) && !is_directory(options.output, failure))
+    return fail(kExitUsage, {ErrorKind::kInvalidInput,
+                             options.output.string() + ": several drawings need a folder"});
+  if (const Result<void> apart = checkPlaces(drawings); !apart)
+    return fail(kExitUsage, apart.error());
+  return forEachInOrder(drawings, options.jobs, [&](const BatchDrawing& drawing) {
+    return plotIntoFolder(options, drawing);
+  });
 }
 
 }  // namespace kovra::host

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <clocale>
-#include <nlohmann/json.hpp>
 #include <vector>
 
+#include "host/texts/json_text.h"
+#include "host/texts/number_text.h"
 #include "platform/dxf/values.h"
 #include "platform/win/base/wide_text.h"
 
@@ -21,14 +21,6 @@ struct Column {
   bool number;
   std::string (*text)(const TextRow&);
 };
-
-// Reads back as the same double; whole numbers without a point.
-std::string shortestNumber(double value) {
-  if (value == 0) return "0";  // also for a zero with a sign
-  std::array<char, 32> buffer{};
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
-}
 
 std::string handleText(const TextRow& row) {
   return row.handle == 0 ? std::string() : dxf::formatHandle(row.handle);
@@ -133,34 +125,25 @@ std::string csvField(const std::string& text) {
   return quoted + '"';
 }
 
-void writeCsv(std::ostream& out, const std::string& drawing, bool head, const RowSource& rows) {
-  const std::string first = drawing.empty() ? std::string() : csvField(drawing) + ',';
-  if (head) {
-    if (!drawing.empty()) out << "drawing,";
-    for (const Column& column : kColumns) {
-      out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
-    }
-  }
+/// A text that begins like a formula would be run by a spreadsheet; an apostrophe in front makes it
+/// a text there.
+std::string csvText(const std::string& text, bool raw) {
+  const bool formula =
+      !text.empty() && std::string_view("=+-@\t\r").find(text[0]) != std::string::npos;
+  return csvField(formula && !raw ? '\'' + text : text);
+}
+
+void writeCsv(std::ostream& out, const RowForm& form, const std::string& drawing,
+              const RowSource& rows) {
+  const std::string first = form.many ? csvText(drawing, form.raw) + ',' : std::string();
   rows([&](const TextRow& row) {
     std::string line = first;
     for (const Column& column : kColumns) {
-      line += csvField(column.text(row));
+      line += column.number ? column.text(row) : csvText(column.text(row), form.raw);
       line += &column == &kColumns.back() ? "\r\n" : ",";
     }
     out << line;
   });
-}
-
-// Most texts need no escapes; the others are the library's.
-void appendJson(std::string& out, const std::string& text) {
-  const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
-    return c >= ' ' && c < '\x7f' && c != '"' && c != '\\';
-  });
-  if (plain) {
-    out.append(1, '"').append(text).append(1, '"');
-  } else {
-    out += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-  }
 }
 
 void writeJson(std::ostream& out, const std::string& drawing, const RowSource& rows) {
@@ -188,15 +171,23 @@ void writeJson(std::ostream& out, const std::string& drawing, const RowSource& r
 
 }  // namespace
 
-void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
+void writeListHead(std::ostream& out, const RowForm& form) {
+  if (form.format != ListFormat::kCsv) return;
+  if (form.many) out << "drawing,";
+  for (const Column& column : kColumns)
+    out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
+}
+
+void writeRows(std::ostream& out, const RowForm& form, const std::string& drawing,
                const RowSource& rows) {
-  switch (format) {
+  const std::string name = form.many ? drawing : std::string();
+  switch (form.format) {
     case ListFormat::kTable:
-      return writeTable(out, drawing, rows);
+      return writeTable(out, name, rows);
     case ListFormat::kCsv:
-      return writeCsv(out, drawing, head, rows);
+      return writeCsv(out, form, drawing, rows);
     case ListFormat::kJson:
-      return writeJson(out, drawing, rows);
+      return writeJson(out, name, rows);
   }
 }
 

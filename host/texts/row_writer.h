@@ -12,13 +12,21 @@ namespace kovra::host {
 /// Calls its argument for every row; may be asked more than once.
 using RowSource = std::function<void(const std::function<void(const TextRow&)>&)>;
 
-/// Prints rows in one of the forms of `kovra list`:
-/// a table with a head line, columns aligned by the width of the characters in a terminal (rows are
-/// asked for twice, so that they needn't be kept);
-/// comma separated values by RFC 4180 with a head line; JSON, one object a line.
-/// With a drawing's name that name is the first column.
-/// `head` is false for further drawings of the same list (tables always have their own).
-void writeRows(std::ostream& out, ListFormat format, const std::string& drawing, bool head,
+/// How rows are printed.
+struct RowForm {
+  ListFormat format = ListFormat::kTable;
+  bool raw = false;   ///< comma separated values: texts as they are, also those that a spreadsheet
+                      ///< would take for a formula
+  bool many = false;  ///< the rows of several drawings: the first column is the drawing's name
+};
+
+/// What stands once before the rows of all drawings: the head line of comma separated values.
+void writeListHead(std::ostream& out, const RowForm& form);
+
+/// Prints the rows of a drawing in one of the forms of `kovra list`: a table with a head line,
+/// columns aligned by the width of the characters in a terminal (rows are asked for twice, so that
+/// they needn't be kept); comma separated values by RFC 4180; JSON, one object a line.
+void writeRows(std::ostream& out, const RowForm& form, const std::string& drawing,
                const RowSource& rows);
 
 }  // namespace kovra::host

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,7 +11,9 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <map>
 #include <random>
+#include <utility>
 
 #include "platform/dxf/values.h"
 
@@ -64,6 +67,17 @@ int openUnnamed(const std::string& folder) {
   return -1;
 }
 
+/// What isn't written but held back: open files by their targets, and whether it is so.
+struct HeldFiles {
+  bool hold = false;
+  std::map<std::string, int> files;
+};
+
+HeldFiles& heldFiles() {
+  static HeldFiles held;
+  return held;
+}
+
 mode_t newFileMode() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
@@ -79,6 +93,15 @@ void syncFolder(const std::string& path) {
 }
 
 }  // namespace
+
+void holdWritesBack(bool hold) {
+  heldFiles().hold = hold;
+}
+
+std::string heldBack(const std::string& path) {
+  const auto held = heldFiles().files.find(resolvedPath(path));
+  return held != heldFiles().files.end() ? pathOfDescriptor(held->second) : std::string();
+}
 
 std::string resolvedPath(const std::string& path) {
   std::error_code error;
@@ -116,13 +139,7 @@ Result<void> AtomicFile::open(const std::string& path) {
   if (replaces_ && (!writeBits || ::access(target_.c_str(), W_OK) != 0)) {
     return Error{ErrorKind::kNotWritable, path_ + ": the file is read-only"};
   }
-  file_ = openUnnamed(folderOf(target_));
-  if (file_ < 0) {
-    std::string name = folderOf(target_) + kTemporaryName + "XXXXXX";
-    file_ = ::mkostemp(name.data(), O_CLOEXEC);
-    if (file_ < 0) return failure(errno);
-    temporary_ = name;
-  }
+  if (!openNew()) return failure(errno);
   // The owner is kept where this user may; the mode always.
   if (replaces_ && ::fchown(file_, old.st_uid, old.st_gid) != 0) errno = 0;
   if (::fchmod(file_, replaces_ ? old.st_mode & kModeBits : newFileMode()) != 0) {
@@ -130,6 +147,19 @@ Result<void> AtomicFile::open(const std::string& path) {
   }
   buffer_.reserve(kBufferSize);
   return {};
+}
+
+bool AtomicFile::openNew() {
+  if (heldFiles().hold) {
+    file_ = ::memfd_create("drawing", MFD_CLOEXEC);
+    return file_ >= 0;
+  }
+  file_ = openUnnamed(folderOf(target_));
+  if (file_ >= 0) return true;
+  std::string name = folderOf(target_) + kTemporaryName + "XXXXXX";
+  file_ = ::mkostemp(name.data(), O_CLOEXEC);
+  if (file_ >= 0) temporary_ = name;
+  return file_ >= 0;
 }
 
 void AtomicFile::append(std::string_view bytes) {
@@ -204,7 +234,19 @@ Result<void> AtomicFile::keepBackup() {
   return {};
 }
 
+/// The target's own stamp stands for the new file, so that a later save finds it as it should be.
+Result<FileStamp> AtomicFile::holdBack() {
+  writeOut(buffer_);
+  buffer_.clear();
+  if (error_ != 0) return failure(error_);
+  int& held = heldFiles().files.try_emplace(target_, -1).first->second;
+  if (held >= 0) ::close(held);
+  held = std::exchange(file_, -1);
+  return replaces_ ? stampOf(target_) : FileStamp{};
+}
+
 Result<FileStamp> AtomicFile::commit(bool backup) {
+  if (heldFiles().hold) return holdBack();
   if (Result<void> flushed = flush(); !flushed) return flushed.error();
   if (backup && replaces_) {
     if (Result<void> kept = keepBackup(); !kept) return kept.error();

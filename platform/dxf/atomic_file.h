@@ -34,6 +34,8 @@ class AtomicFile {
 
  private:
   Error failure(int error) const;
+  bool openNew();
+  Result<FileStamp> holdBack();
   void writeOut(std::string_view bytes);
   void giveName();
   Result<void> flush();
@@ -47,6 +49,13 @@ class AtomicFile {
   int error_ = 0;
   bool replaces_ = false;
 };
+
+/// From now on nothing is written to the disk: what is committed stays in memory, and the callers
+/// don't see a difference, as long as they don't read it back. For runs that only say what they
+/// would do.
+void holdWritesBack(bool hold);
+/// A path under which the bytes can be read that `path` would have; empty if it wasn't written.
+std::string heldBack(const std::string& path);
 
 /// `path` with symbolic links resolved, also of a file that doesn't exist yet; `path` itself if its
 /// folder can't be resolved.

@@ -147,5 +147,20 @@ TEST_F(ListTest, SeveralDrawingsAndOneThatCantBeRead) {
   EXPECT_NE(result.out.find("\r\nb.dxf,100,ATTRIB,model,B,2,"), std::string::npos) << result.out;
 }
 
+TEST_F(ListTest, SeveralDrawingsInTheirOrder) {
+  write("s/a.dxf", textDrawing());
+  write("s/b.dxf", simpleDrawing("0\nTEXT\n10\n0\n20\n0\n40\n1\n1\n=1+1\n"));
+  const ProgramRun rows = run({"list", "s", "none.dxf", "--format", "csv", "--jobs", "2"});
+  EXPECT_EQ(rows.status, 3);
+  EXPECT_EQ(rows.out.rfind("drawing,handle,", 0), 0U) << rows.out;
+  EXPECT_LT(rows.out.find("s/a.dxf,60,"), rows.out.find("s/b.dxf,,TEXT,model,,'=1+1,"));
+  EXPECT_NE(run({"list", "s/b.dxf", "--format", "csv", "--raw"}).out.find(",=1+1,"),
+            std::string::npos);
+  EXPECT_EQ(run({"check", "s"}).out,
+            "s/a.dxf: every byte comes back\ns/b.dxf: every byte comes back\n");
+  EXPECT_EQ(run({"plot", "s", "-o", "pictures", "--format", "png"}).status, 0);
+  EXPECT_TRUE(exists("pictures/a.dxf.png") && exists("pictures/b.dxf.png"));
+}
+
 }  // namespace
 }  // namespace kovra::test

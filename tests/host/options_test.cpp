@@ -22,7 +22,7 @@ TEST_F(OptionsTest, WrongUsageIsStatusTwoAndSaysWhy) {
       {{"check"}, "DRAWING"},
       {{"plot", "a.dxf"}, "--output"},
       {{"-o", "a.svg", "plot", "a.dxf", "-o", "b.svg"}, "twice"},
-      {{"plot", "a.dxf", "a.dxf", "-o", "a.svg"}, "one drawing"},
+      {{"plot", "a.dxf", "b.dxf", "-o", "a.svg"}, "folder"},
       {{"--save", "list", "a.dxf"}, "--save"},
       {{"check", "a.dxf", "-s", "script"}, "--script"},
       {{"-o", "b.dxf", "list", "a.dxf"}, "--output"},

@@ -1,0 +1,153 @@
+#include "host/batch/batch_report.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cmath>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "platform/dxf/file_bytes.h"
+#include "platform/dxf/values.h"
+
+namespace kovra::host {
+namespace {
+
+using json = nlohmann::ordered_json;
+using std::filesystem::path;
+
+std::string absolutePath(const path& file) {
+  std::error_code failure;
+  const path absolute = std::filesystem::weakly_canonical(file, failure);
+  return failure ? file.string() : absolute.string();
+}
+
+/// Size and time of change; empty for a file that isn't there.
+std::string stampText(const path& file) {
+  const Result<dxf::FileStamp> stamp = dxf::stampOf(file.string());
+  if (!stamp) return {};
+  const dxf::FileStamp& is = stamp.value();
+  return std::to_string(is.size) + '@' + std::to_string(is.seconds) + '.' +
+         std::to_string(is.nanoseconds);
+}
+
+path begunFile(path report) {
+  return report += ".begun";
+}
+
+template <class Take>
+void forEachEntry(std::istream& lines, const std::string& signature, Take take) {
+  std::string line;
+  while (std::getline(lines, line)) {
+    const json entry = json::parse(line, nullptr, false);
+    if (entry.is_object() && entry.value("job", "") == signature)
+      take(absolutePath(entry.value("file", "")), entry);
+  }
+}
+
+/// FNV-1a, 64 bits (Fowler, Noll, Vo): the same on every machine.
+std::uint64_t hashOf(const std::string& text) {
+  std::uint64_t hash = 0xcbf29ce484222325U;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+  return hash;
+}
+
+}  // namespace
+
+std::string jobSignature(const EachOptions& options) {
+  std::string job;
+  for (const std::string& line : options.run.commands) job += line + '\n';
+  if (!options.run.script.empty()) {
+    std::ostringstream script;
+    script << std::ifstream(options.run.script, std::ios::binary).rdbuf();
+    job.append(1, '\0').append(script.str());
+  }
+  for (const path& place : {options.run.project, options.outputFolder})
+    job.append(1, '\0').append(place.empty() ? std::string() : absolutePath(place));
+  return dxf::formatHandle(hashOf(job));
+}
+
+Result<FinishedDrawings> FinishedDrawings::read(const path& report, const std::string& signature) {
+  std::ifstream lines(report);
+  if (!lines) return Error{ErrorKind::kNotReadable, report.string() + ": the report can't be read"};
+  FinishedDrawings drawings;
+  forEachEntry(lines, signature, [&](const std::string& file, const json& entry) {
+    const std::string status = entry.value("status", "");
+    const bool done = (status == "done" || status == "unchanged") && !entry.value("dry_run", false);
+    // The last word counts.
+    drawings.finished_[file] = done ? entry.value("stamp", "") : std::string();
+  });
+  std::ifstream begun(begunFile(report));
+  forEachEntry(begun, signature, [&](const std::string& file, const json& entry) {
+    if (!drawings.finished_.contains(file)) drawings.begun_[file] = entry.value("stamp", "");
+  });
+  return drawings;
+}
+
+bool FinishedDrawings::has(const BatchDrawing& drawing) const {
+  const std::string file = absolutePath(drawing.file);
+  const std::string stamp = stampText(drawing.file);
+  const auto finished = finished_.find(file);
+  if (finished != finished_.end()) return !finished->second.empty() && finished->second == stamp;
+  const auto begun = begun_.find(file);
+  return begun != begun_.end() && begun->second != stamp;
+}
+
+BatchReport::~BatchReport() {
+  if (file_ >= 0) close(file_);
+  if (begun_ >= 0) close(begun_);
+}
+
+Result<void> BatchReport::open(const path& file, std::string signature) {
+  path_ = file.string();
+  signature_ = std::move(signature);
+  file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+  if (file_ < 0)
+    return Error{ErrorKind::kNotWritable,
+                 path_ + ": can't be written: " + dxf::systemMessage(errno)};
+  begun_ = ::open(begunFile(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+  // A batch that was killed may have left half a line.
+  char last = '\n';
+  const off_t end = lseek(file_, 0, SEEK_END);
+  if (end > 0 && pread(file_, &last, 1, end - 1) == 1 && last != '\n' && write(file_, "\n", 1) != 1)
+    return Error{ErrorKind::kNotWritable,
+                 path_ + ": can't be written: " + dxf::systemMessage(errno)};
+  return {};
+}
+
+void BatchReport::begin(const BatchDrawing& drawing, bool dryRun) const {
+  if (begun_ < 0 || dryRun) return;
+  const json entry = {
+      {"file", drawing.file.string()}, {"stamp", stampText(drawing.file)}, {"job", signature_}};
+  const std::string line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
+  // Without it a batch that is killed right now would change the drawing twice, no more.
+  if (write(begun_, line.data(), line.size()) < 0) return;
+}
+
+void BatchReport::complete() {
+  if (begun_ >= 0) unlink(begunFile(path_).c_str());
+}
+
+Result<void> BatchReport::add(const BatchDrawing& drawing, const JobOutcome& outcome, bool dryRun) {
+  if (file_ < 0) return {};
+  json entry = {{"file", drawing.file.string()},
+                {"status", outcome.status},
+                {"line", outcome.place},
+                {"error", outcome.error},
+                {"seconds", std::round(outcome.seconds * 1000) / 1000},
+                {"stamp", stampText(drawing.file)},
+                {"job", signature_},
+                {"output", outcome.output}};
+  std::error_code failure;
+  const auto bytes = std::filesystem::file_size(drawing.file, failure);
+  if (!failure) entry["bytes"] = bytes;
+  if (dryRun) entry["dry_run"] = true;
+  entry["changes"] = json::parse(outcome.changes.empty() ? "[]" : outcome.changes, nullptr, false);
+  const std::string line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
+  if (write(file_, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return {};
+  return Error{ErrorKind::kNotWritable, path_ + ": can't be written: " + dxf::systemMessage(errno)};
+}
+
+}  // namespace kovra::host

@@ -1,0 +1,33 @@
+# Completion of kovra for bash. Options come from the program's own help.
+_kovra() {
+  local cur prev words cword
+  _init_completion || return
+  local word subcommand=
+  for word in "${words[@]:1:cword-1}"; do
+    case $word in
+      list | check | plot | diff | each) subcommand=$word; break ;;
+    esac
+  done
+  case $prev in
+    --language) COMPREPLY=($(compgen -W 'ja en' -- "$cur")); return ;;
+    --ground) COMPREPLY=($(compgen -W 'white dark' -- "$cur")); return ;;
+    --format)
+      local formats='table csv json'
+      [[ $subcommand == plot ]] && formats='svg png'
+      [[ $subcommand == diff ]] && formats='text json'
+      COMPREPLY=($(compgen -W "$formats" -- "$cur"))
+      return ;;
+    -c | --command | --layer | --tag | --window | --size | --jobs) return ;;
+    -p | --project | --output-dir) _filedir -d; return ;;
+    -s | --script | -o | --output | --state | --registry | --list | --report | --resume) _filedir; return ;;
+  esac
+  if [[ $cur == -* ]]; then
+    COMPREPLY=($(compgen -W "$(kovra $subcommand --help 2>/dev/null | grep -o -- '--[a-z-]*')" -- "$cur"))
+    return
+  fi
+  [[ -z $subcommand ]] && COMPREPLY=($(compgen -W 'list check plot diff each' -- "$cur"))
+  local IFS=$'\n'
+  local found=("${COMPREPLY[@]}")
+  _filedir '@(dxf|DXF)'
+  COMPREPLY=("${found[@]}" "${COMPREPLY[@]}")
+} && complete -F _kovra kovra
