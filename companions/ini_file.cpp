@@ -20,6 +20,14 @@ bool isKey(std::string_view key) {
          key.find('=') == std::string_view::npos && key[0] != '[' && key[0] != ';' && key[0] != '#';
 }
 
+// The name in a section's line: up to its last "]", unless a remark stands behind the first.
+std::string_view sectionNameIn(std::string_view line) {
+  const std::size_t first = line.find(']');
+  const std::string_view behind = trimBlanks(line.substr(first + 1));
+  const bool isRemark = !behind.ends_with(']') || behind[0] == ';' || behind[0] == '#';
+  return trimBlanks(line.substr(1, (isRemark ? first : line.rfind(']')) - 1));
+}
+
 // Cuts the first line off; the end is CR LF, LF, CR or, in the last line, nothing.
 std::pair<std::string_view, std::string_view> takeLine(std::string_view& rest) {
   const std::size_t length = std::min(rest.find_first_of("\r\n"), rest.size());
@@ -34,7 +42,7 @@ std::pair<std::string_view, std::string_view> takeLine(std::string_view& rest) {
 
 std::string_view IniFile::Line::name() const {
   const std::string_view line = trimBlanks(text);
-  if (kind == Kind::section) return trimBlanks(line.substr(1, line.find(']') - 1));
+  if (kind == Kind::section) return sectionNameIn(line);
   return trimBlanks(line.substr(0, line.find('=')));
 }
 
@@ -178,8 +186,8 @@ bool IniFile::isReadable(std::string_view bytes) {
 }
 
 bool IniFile::isSectionName(std::string_view name) {
-  return !name.empty() && trimBlanks(name) == name && !hasLineBreak(name) &&
-         name.find(']') == std::string_view::npos;
+  if (name.empty() || trimBlanks(name) != name || hasLineBreak(name)) return false;
+  return sectionNameIn(std::string("[").append(name).append("]")) == name;
 }
 
 IniFile::Index IniFile::appendSection(std::string_view section) {

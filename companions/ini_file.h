@@ -41,7 +41,8 @@ class IniFile {
   /// False for UTF-16 and for bytes with a NUL: such a text can't be read or kept line by line.
   static bool isReadable(std::string_view bytes);
 
-  /// Not empty, without "]" or line breaks, without blanks at its ends.
+  /// Not empty, without line breaks, without blanks at its ends, and a section's line can hold it:
+  /// of names with "]" those can't that have ";" or "#" right behind the first "]".
   static bool isSectionName(std::string_view name);
 
  private:

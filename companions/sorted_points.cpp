@@ -39,14 +39,22 @@ constexpr SortOrder kSortOrders[] = {
     {6, sortRows},
 };
 
+const SortOrder* findOrder(int sortCode) {
+  const auto* order = std::find_if(std::begin(kSortOrders), std::end(kSortOrders),
+                                   [&](const SortOrder& known) { return known.code == sortCode; });
+  return order != std::end(kSortOrders) ? order : nullptr;
+}
+
 }  // namespace
+
+bool sortsPoints(int sortCode) {
+  return findOrder(sortCode) != nullptr;
+}
 
 std::vector<int> sortedPlaces(int sortCode, const AcGePoint3dArray& points, int count) {
   Places places(static_cast<std::size_t>(std::max(count, 0)));
   std::iota(places.begin(), places.end(), 0);
-  const auto* order = std::find_if(std::begin(kSortOrders), std::end(kSortOrders),
-                                   [&](const SortOrder& known) { return known.code == sortCode; });
-  if (order != std::end(kSortOrders)) order->sort(points, places);
+  if (const SortOrder* order = findOrder(sortCode)) order->sort(points, places);
   return places;
 }
 

@@ -73,10 +73,12 @@ int SelectObjectsSorted(const char* prompt, AcDbObjectIdArray& ids, const resbuf
   if (status != RTNORM) return status;
   ids = idsOf(selection);
   acedSSFree(selection);
-  AcGePoint3dArray points;
-  points.setPhysicalLength(ids.length());
-  for (const AcDbObjectId& id : ids) points.append(placeOf(id));
-  SortObjectsByPoints(sortCode, ids, points);
+  if (kovra::companions::sortsPoints(sortCode)) {
+    AcGePoint3dArray points;
+    points.setPhysicalLength(ids.length());
+    for (const AcDbObjectId& id : ids) points.append(placeOf(id));
+    SortObjectsByPoints(sortCode, ids, points);
+  }
   return ids.isEmpty() ? RTERROR : RTNORM;
 }
 

@@ -218,7 +218,7 @@ TEST_F(ParamFileTest, CreatesOnlyOnRequestAndNeverOverWhatItCannotRead) {
 
   ASSERT_TRUE(open(file, L"EditTextProperty.ini", true));
   EXPECT_FALSE(file.WriteString(L"Layer", L"0"));  // no section yet
-  for (const wchar_t* bad : {L"", L" x", L"a]b", L"a\nb"}) EXPECT_FALSE(file.SelectSection(bad));
+  for (const wchar_t* bad : {L"", L" x", L"a];b", L"a\nb"}) EXPECT_FALSE(file.SelectSection(bad));
   ASSERT_TRUE(file.SelectSection(L"Settings\\小さい"));
   EXPECT_FALSE(file.RemoveSection());
   EXPECT_TRUE(file.WriteString(L"Layer", L""));

@@ -48,8 +48,8 @@ const Scene kCountUpCopy = {
      "@type 1934 0", "@type 1933 2.5", "@type 1935 -1e3", "@type 1935 \"\"", "@key 1931 Tab",
      "@focus 1934", "@caret 1931 0 1", "@dialog", "@click 1",
      // picks, ended, cancelled and left waiting
-     "@click 1957\n@point 0,0\n@point 4,3", "@click 1958\n@point 0,0\n@esc", "@click 1959\n@enter",
-     "@click 1957\n@point 1,1"},
+     "@click 1957\n@point 0,0\n@point 4,3", "@click 1958\n@point 0,0\n@esc",
+     "@click 1975\n@click 1954\n@click 1959\n@enter", "@click 1957\n@point 1,1"},
     {"@click 1", "@click 1", "@enter", "@click 2", "@esc", "@close",
      // drags: copies placed, cancelled at each prompt, and left waiting
      "@click 1974\n@click 1\n@point 0,0\n@move 5,5\n@point 9,0\n@point 20,5\n@esc",

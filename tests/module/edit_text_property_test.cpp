@@ -118,7 +118,7 @@ TEST_F(EditTextProperty, NamedSets) {
   } names[] = {
       {"wire", true},    {"配線", true},  {"the \"best\"", true}, {"a[b", true},
       {"a\\b=;c", true}, {longest, true}, {longest + "n", false}, {std::string(300, 'n'), false},
-      {"a]b", false}};
+      {"a]b [c]", true}, {"a ", false}};
   for (const auto& each : names) {
     std::string quoted;
     for (const char c : each.name)

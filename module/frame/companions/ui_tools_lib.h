@@ -10,7 +10,7 @@ int SelectObjectsSorted(const char* prompt, AcDbObjectIdArray& ids, const resbuf
 
 /// Sorts ids and their points together, as far as there are both. Sort code 6: from top to bottom,
 /// and from left to right what is at one height, within 0.0001 of the row's first. Points that are
-/// equal keep their order, and so does everything under any other code.
+/// equal keep their order. Code 12544, and any other: all keep theirs, the order of the selection.
 void SortObjectsByPoints(int sortCode, AcDbObjectIdArray& ids, AcGePoint3dArray& points);
 
 /// True when entities of this layer are not to be edited, by the current project's list. The name
