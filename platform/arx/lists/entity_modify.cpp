@@ -1,5 +1,7 @@
 // acdbEntMod and acdbEntDel.
-#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
@@ -38,6 +40,13 @@ class ListToRecord {
   const std::wstring& newLayer() const { return newLayer_; }
 
  private:
+  /// A list has few codes, so looking through them is quicker than a map.
+  struct Seen {
+    std::string marker;
+    int code;
+    std::size_t count;
+  };
+
   static std::string narrow(std::wstring_view text) {
     std::string result;
     for (const wchar_t c : text) result += c < 0x80 ? static_cast<char>(c) : '?';
@@ -50,10 +59,19 @@ class ListToRecord {
     // in the record.
     if (known.subclass == kEntityPart) return findProperty(draft_, known);
     const bool marked = !marker_.empty() && draft_.hasMarker(marker_);
-    const std::size_t nth = seen_[{marked ? marker_ : std::string(), code}]++;
+    const std::size_t nth = countSeen(marked ? marker_ : std::string(), code);
     const std::size_t group = marked ? draft_.find(marker_, code, nth) : draft_.find(code, nth);
     if (group != dxf::kNoGroup || known.subclass.empty() || nth > 0) return group;
     return findProperty(draft_, known);
+  }
+
+  /// How many elements of a code came before below a marker; this one counts from now on.
+  std::size_t countSeen(std::string marker, int code) {
+    for (Seen& seen : seen_) {
+      if (seen.code == code && seen.marker == marker) return seen.count++;
+    }
+    seen_.push_back({std::move(marker), code, 1});
+    return 0;
   }
 
   bool applyOne(const resbuf& given) {
@@ -131,7 +149,7 @@ class ListToRecord {
   dxf::RecordDraft& draft_;
   std::string type_;
   std::string marker_;
-  std::map<std::pair<std::string, int>, std::size_t> seen_;
+  std::vector<Seen> seen_;
   std::wstring newLayer_;
   bool changed_ = false;
 };

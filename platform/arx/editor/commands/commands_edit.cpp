@@ -18,8 +18,9 @@ namespace {
 
 /// How far a MOVE goes, in world coordinates; nothing when cancelled.
 std::optional<AcGeVector3d> askDisplacement(AcApDocument& document) {
-  const Reply base = askPoint(L"Specify base point or [Displacement] <Displacement>: ",
-                              {0, KeywordList(L"Displacement")});
+  // Commands move texts by the hundred thousand, one at a time.
+  static const PromptControl control = {0, KeywordList(L"Displacement")};
+  const Reply base = askPoint(L"Specify base point or [Displacement] <Displacement>: ", control);
   const AcGeMatrix3d toWorld = ucsToWcs(document);
   if (base.status == RTNONE || base.status == RTKWORD) {
     const Reply vector = askPoint(L"Specify displacement <0,0,0>: ", {}, AcGePoint3d());

@@ -1,5 +1,7 @@
 #include "platform/arx/editor/prompts/command_tokens.h"
 
+#include <utility>
+
 #include "platform/arx/editor/documents/selection_sets.h"
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/ucs.h"
@@ -107,7 +109,7 @@ Answer TokenFrame::next(const AcApDocument& document, const Question& question) 
     cancelled.fromTokens = true;
     return cancelled;
   }
-  Answer answer = answers_[at_++];
+  Answer answer = std::move(answers_[at_++]);
   if (answer.kind == AnswerKind::kPoint) answer.point = toWorld(document, answer.point);
   if (shown_ && inputShown()) {
     win::interaction().freshLine();

@@ -9,6 +9,7 @@
 #include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/documents/ucs.h"
 #include "platform/arx/editor/editor.h"
+#include "platform/arx/editor/prompts/command_tokens.h"
 #include "platform/arx/geometry/typed_point.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_format.h"
@@ -155,13 +156,17 @@ Reply askForPoint(std::wstring prompt, const PromptControl& control,
   question.kind = host::WaitKind::kPoint;
   question.takesPoints = true;
   question.ortho = ortho;
-  if (base) question.base = toWorld(*document, *base);
+  // Answers given beforehand need no line from the base point.
+  if (base && TokenFrame::current() == nullptr) question.base = toWorld(*document, *base);
   for (;;) {
     const Answer answer = ask(*document, question);
     Reply reply{RTNORM, {}, {}, 0, answer.fromTokens};
     if (answer.kind == AnswerKind::kPoint) {
       reply.point = toUcs(*document, answer.point);
-    } else if (answer.kind != AnswerKind::kText) {
+      document->session().lastPoint = answer.point;
+      return reply;
+    }
+    if (answer.kind != AnswerKind::kText) {
       return {RTCAN};
     } else if (answer.text.empty()) {
       if ((control.flags & kNoNull) == 0) return {RTNONE};
