@@ -107,6 +107,21 @@ def measure_distance(scale):
     return canvas
 
 
+def pick_tag(scale):
+    """A label with its hole, and the arrow of a pick on it; for 16 pixels and multiples."""
+    canvas = Canvas(16 * scale)
+    left, top, right, bottom, tip = scale, 3 * scale, 13 * scale, 10 * scale, 3 * scale
+    for x in range(left, right + 1):
+        slope = max(left + tip - x, 0)
+        for y in range(top + slope, bottom - slope + 1):
+            border = y in (top + slope, bottom - slope) or x in (left, right)
+            canvas.dot(x, y, CELL if border else FILL)
+    canvas.box(left + tip, (top + bottom) // 2 - scale // 2, 2 * scale, 2 * scale, CELL)
+    for i in range(6 * scale):
+        canvas.line(9 * scale, 8 * scale + i, 9 * scale + i * 2 // 3, 8 * scale + i, PATH)
+    return canvas
+
+
 def image(canvas):
     """32 bits a pixel, rows from the bottom, and a mask of one bit a pixel."""
     size = canvas.size
@@ -139,6 +154,7 @@ ICONS = {
     "pick_both_distances": [pick_both_distances()],
     "pick_distance": [pick_distance()],
     "measure_distance": [measure_distance(1), measure_distance(2)],
+    "pick_tag": [pick_tag(1), pick_tag(2)],
 }
 
 

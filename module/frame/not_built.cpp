@@ -15,9 +15,6 @@ void ResizeTextCommand() {
 void ChangePropertiesCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-void PropertyCopyCommand(int /*mode*/) {
-  ProjectMessage(kCommandNotBuilt);
-}
 void EditTextPropertyCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
