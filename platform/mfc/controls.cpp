@@ -99,8 +99,8 @@ int CListCtrl::InsertColumn(int index, const LVCOLUMNW* column) {
 
 int CListCtrl::InsertColumn(int index, LPCWSTR heading, int format, int width, int subItem) {
   LVCOLUMNW column{};
-  column.mask = LVCF_TEXT | LVCF_FMT | (width != -1 ? LVCF_WIDTH : 0) |
-                (subItem != -1 ? LVCF_SUBITEM : 0);
+  column.mask =
+      LVCF_TEXT | LVCF_FMT | (width != -1 ? LVCF_WIDTH : 0) | (subItem != -1 ? LVCF_SUBITEM : 0);
   column.pszText = const_cast<LPWSTR>(heading);
   column.fmt = format;
   column.cx = width;
