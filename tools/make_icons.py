@@ -108,17 +108,20 @@ def measure_distance(scale):
 
 
 def pick_tag(scale):
-    """A label with its hole, and the arrow of a pick on it; for 16 pixels and multiples."""
+    """A label with its hole, and the cursor that picks it; for 16 pixels and multiples."""
     canvas = Canvas(16 * scale)
-    left, top, right, bottom, tip = scale, 3 * scale, 13 * scale, 10 * scale, 3 * scale
+    left, top, right, bottom, point = scale, scale, 15 * scale - 1, 9 * scale - 1, 4 * scale
     for x in range(left, right + 1):
-        slope = max(left + tip - x, 0)
+        slope = max(left + point - x, 0)
         for y in range(top + slope, bottom - slope + 1):
-            border = y in (top + slope, bottom - slope) or x in (left, right)
+            border = y in (top + slope, bottom - slope) or x == right
             canvas.dot(x, y, CELL if border else FILL)
-    canvas.box(left + tip, (top + bottom) // 2 - scale // 2, 2 * scale, 2 * scale, CELL)
-    for i in range(6 * scale):
-        canvas.line(9 * scale, 8 * scale + i, 9 * scale + i * 2 // 3, 8 * scale + i, PATH)
+    canvas.box(left + point, 4 * scale, 2 * scale, 2 * scale, CELL)
+    # The arrow stands up, its tip in the label.
+    tip_x, tip_y = 9 * scale, 6 * scale
+    for i in range(9 * scale):
+        reach = i if i < 6 * scale else max(8 * scale - i, 0)
+        canvas.line(tip_x, tip_y + i, tip_x + reach, tip_y + i, PATH)
     return canvas
 
 
