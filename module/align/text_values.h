@@ -3,26 +3,10 @@
 #include <array>
 #include <cstddef>
 
-#include "module/frame/seam.h"
+#include "module/drawing/text_properties.h"
 
-/// The properties that texts of a column may share, as the dialog shows them.
+/// What the texts of a column have in common.
 namespace kovra {
-
-/// Places in TextValues.
-enum TextProperty : std::size_t {
-  kLayerProperty,
-  kStyleProperty,
-  kHeightProperty,       ///< drawing units
-  kWidthFactorProperty,  ///< width in relation to the style's font
-  kRotationProperty,     ///< degrees
-  kAlignmentProperty     ///< a label of the 13 alignments
-};
-inline constexpr std::size_t kTextProperties = 6;
-
-using TextValues = std::array<CString, kTextProperties>;
-
-/// The properties that are to be changed.
-using TextPropertySet = std::array<bool, kTextProperties>;
 
 /// Reads a set of properties from their digits, "0" to "5"; other characters are passed over.
 TextPropertySet ReadApplySet(const ACHAR* digits);

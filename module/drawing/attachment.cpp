@@ -49,6 +49,12 @@ int ModesToAttachIndex(int horizontal, int vertical) {
   return -1;
 }
 
+int NearestAttachIndex(int horizontal, int vertical) {
+  if (vertical <= 0) return ModesToAttachIndex(horizontal, vertical);
+  const int index = horizontal - 3 * vertical + kAttachments;
+  return index >= 0 && index < kAttachments ? index : -1;
+}
+
 int ModesToAttachCode(int horizontal, int vertical) {
   if (horizontal < 0 || horizontal > kFitMode) return -1;
   if (vertical < 0 || vertical > kTopMode) return -2;

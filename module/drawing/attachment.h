@@ -23,6 +23,10 @@ int AttachIndexToModes(int index, int& horizontal, int& vertical);
 /// The reverse; -1 for modes that no index has: aligned, fit, middle beside a row of the box.
 int ModesToAttachIndex(int horizontal, int vertical);
 
+/// The same for a combo box that is to show something: the modes beside a row of the box (middle)
+/// go on counting as if the rows did. -1 for aligned, fit, and what lies behind the last index.
+int NearestAttachIndex(int horizontal, int vertical);
+
 /// @return the code; -1 for a number that is no horizontal mode, -2 for one that is no vertical
 /// mode
 int ModesToAttachCode(int horizontal, int vertical);

@@ -24,11 +24,17 @@ bool SelectionSet::create() {
 }
 
 bool SelectionSet::takeImplied(const resbuf* filter) {
-  return get(L"I", filter);
+  return get(L"I", nullptr, filter);
 }
 
-bool SelectionSet::prompt(const resbuf* filter) {
-  return get(nullptr, filter);
+bool SelectionSet::prompt(const resbuf* filter, const ACHAR* prompt) {
+  if (prompt == nullptr) return get(nullptr, nullptr, filter);
+  const ACHAR* const addAndRemove[] = {prompt, prompt};
+  return get(L":$", addAndRemove, filter);
+}
+
+bool SelectionSet::takeAll(const resbuf* filter) {
+  return get(L"X", nullptr, filter);
 }
 
 bool SelectionSet::add(const ads_name entity) {
@@ -44,9 +50,9 @@ bool SelectionSet::entityAt(int index, ads_name entity) const {
   return acedSSName(name_, index, entity) == RTNORM;
 }
 
-bool SelectionSet::get(const ACHAR* mode, const resbuf* filter) {
+bool SelectionSet::get(const ACHAR* mode, const void* prompts, const resbuf* filter) {
   release();
-  if (acedSSGet(mode, nullptr, nullptr, filter, name_) != RTNORM) {
+  if (acedSSGet(mode, prompts, nullptr, filter, name_) != RTNORM) {
     ads_name_clear(name_);
     return false;
   }
@@ -62,11 +68,11 @@ void SelectionSet::release() {
   ads_name_clear(name_);
 }
 
-bool SelectEntities(SelectionSet& selection, const resbuf* filter) {
+bool SelectEntities(SelectionSet& selection, const resbuf* filter, const ACHAR* prompt) {
   if (selection.takeImplied(filter)) return true;
   CAutoVar snap;
   snap.Set(L"SNAPMODE", 0);
-  return selection.prompt(filter);
+  return selection.prompt(filter, prompt);
 }
 
 }  // namespace kovra

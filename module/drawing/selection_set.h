@@ -17,7 +17,10 @@ class SelectionSet {
   /// Takes the implied selection. False when there is none that passes the filter.
   bool takeImplied(const resbuf* filter);
   /// Lets the user select. False when nothing was selected.
-  bool prompt(const resbuf* filter);
+  /// @param prompt asks for entities to add and to remove; null: the editor's own prompts
+  bool prompt(const resbuf* filter, const ACHAR* prompt = nullptr);
+  /// Takes every entity of the drawing, in any space. False when none passes the filter.
+  bool takeAll(const resbuf* filter);
 
   /// False when the editor refuses the entity.
   bool add(const ads_name entity);
@@ -28,14 +31,15 @@ class SelectionSet {
   const ads_name& name() const { return name_; }
 
  private:
-  bool get(const ACHAR* mode, const resbuf* filter);
+  bool get(const ACHAR* mode, const void* prompts, const resbuf* filter);
   void release();
 
   ads_name name_ = {};
 };
 
 /// The implied selection, or with none what the user selects while the grid snap is off.
+/// @param prompt as in SelectionSet::prompt
 /// @return false when nothing is selected
-bool SelectEntities(SelectionSet& selection, const resbuf* filter);
+bool SelectEntities(SelectionSet& selection, const resbuf* filter, const ACHAR* prompt = nullptr);
 
 }  // namespace kovra

@@ -12,12 +12,6 @@ constexpr UINT kCommandNotBuilt = 3900;
 void ResizeTextCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-void ChangePropertiesCommand() {
-  ProjectMessage(kCommandNotBuilt);
-}
-void PropertyCopyCommand(int /*mode*/) {
-  ProjectMessage(kCommandNotBuilt);
-}
 void EditTextPropertyCommand() {
   ProjectMessage(kCommandNotBuilt);
 }

@@ -4,11 +4,12 @@
 #include <iterator>
 
 #include "module/countup/spacing_pick.h"
-#include "module/drawing/angles.h"
 #include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
+#include "module/drawing/entity_pick.h"
 #include "module/drawing/group_list.h"
 #include "module/drawing/layers.h"
+#include "module/drawing/text_groups.h"
 #include "module/frame/dialog_items.h"
 #include "module/frame/reporting.h"
 #include "module/text7/text7_dlg.h"
@@ -27,17 +28,8 @@ constexpr int kTextPromptLength = 256;
 constexpr UINT kLayerLocked = 2822;
 constexpr UINT kTextTooLong = 3902;
 
-constexpr int kTypeGroup = 0;
 constexpr int kValueGroup = 1;
 constexpr int kTagGroup = 2;
-constexpr int kStyleGroup = 7;
-constexpr int kLayerGroup = 8;
-constexpr int kHeightGroup = 40;
-constexpr int kWidthFactorGroup = 41;
-constexpr int kRotationGroup = 50;
-constexpr int kHorizontalGroup = 72;
-constexpr int kTextVerticalGroup = 73;
-constexpr int kAttributeVerticalGroup = 74;
 
 // Longest text of the multi-line field that a picked value is inserted into.
 constexpr int kLongestText = 511;
@@ -60,8 +52,6 @@ constexpr PickRow PickTable[] = {
     {kPickJustification, kJustification, kHorizontalGroup, L""},
 };
 
-enum class Kind { other, text, attribute, definition };
-
 bool isPickButton(int id) {
   const auto isRow = [id](const PickRow& row) { return row.button == id; };
   return id == kPickAll || std::any_of(std::begin(PickTable), std::end(PickTable), isRow);
@@ -75,34 +65,9 @@ bool countsFor(const PickRow& row, int button) {
 /// The list of the text that the user picks; null for nothing.
 GroupList pickText() {
   ads_name entity = {};
-  ads_point point = {};
-  ads_matrix matrix = {};
-  resbuf* containers = nullptr;
   const CString prompt = ResourceText(kTextPrompt, kTextPromptLength);
-  const int result = acedNEntSelP(prompt.GetString(), entity, point, 0, matrix, &containers);
-  const GroupList released(containers);
-  return GroupList(result == RTNORM ? acdbEntGet(entity) : nullptr);
-}
-
-Kind kindOf(resbuf* list) {
-  const resbuf* type = FindGroup(list, kTypeGroup);
-  if (type == nullptr || type->resval.rstring == nullptr) return Kind::other;
-  const CString name = type->resval.rstring;
-  if (name.CompareNoCase(L"TEXT") == 0) return Kind::text;
-  if (name.CompareNoCase(L"ATTRIB") == 0) return Kind::attribute;
-  return name.CompareNoCase(L"ATTDEF") == 0 ? Kind::definition : Kind::other;
-}
-
-int numberOf(resbuf* list, int group) {
-  const resbuf* found = FindGroup(list, group);
-  return found != nullptr ? found->resval.rint : 0;
-}
-
-/// Degrees from just above a half turn below 0 up to a half turn.
-double shownDegrees(double radians) {
-  constexpr double kLargest = 180.0001;
-  const double degrees = radians * 180 / kPi;
-  return degrees >= kLargest ? degrees - 360 : degrees;
+  const PickAnswer answer = PickNestedEntity(prompt.GetString(), entity);
+  return GroupList(answer == PickAnswer::picked ? acdbEntGet(entity) : nullptr);
 }
 
 CString PickedValue(CText7Dlg& dialog, const PickRow& row, resbuf* list) {
@@ -114,21 +79,17 @@ CString PickedValue(CText7Dlg& dialog, const PickRow& row, resbuf* list) {
     case kWidthFactorGroup:
       return dialog.NumberText(found->resval.rreal);
     case kRotationGroup:
-      return dialog.NumberText(shownDegrees(found->resval.rreal));
+      return dialog.NumberText(SignedDegrees(found->resval.rreal));
     default:
       return found->resval.rstring;
   }
 }
 
-/// The reverse of AttachIndexToModes; an aligned or fitted text counts as the first entry.
-int JustificationIndex(resbuf* list, Kind kind) {
-  const int horizontal = numberOf(list, kHorizontalGroup);
-  const int vertical =
-      numberOf(list, kind == Kind::text ? kTextVerticalGroup : kAttributeVerticalGroup);
-  const int index = ModesToAttachIndex(horizontal, vertical);
-  if (index >= 0 || vertical == 0) return index >= 0 ? index : 0;
-  // A middle text in a row of the box counts as if the rows went on.
-  return horizontal - 3 * vertical + kAttachments;
+/// An aligned or fitted text counts as the first entry.
+int JustificationIndex(resbuf* list, TextKind kind) {
+  const TextModes modes = TextModesOf(list, kind);
+  const int index = NearestAttachIndex(modes.horizontal, modes.vertical);
+  return index < 0 && modes.vertical == 0 ? 0 : index;
 }
 
 /// Puts the value in the place of the selection, or at the caret.
@@ -173,7 +134,7 @@ void ApplyPicked(CText7Dlg& dialog, const PickRow& row, const CString& value) {
   }
 }
 
-void applyText(CText7Dlg& dialog, int button, resbuf* list, Kind kind) {
+void applyText(CText7Dlg& dialog, int button, resbuf* list, TextKind kind) {
   for (const PickRow& row : PickTable) {
     if (!countsFor(row, button)) continue;
     if (row.target == kJustification) {
@@ -202,10 +163,10 @@ void PickProperty(int buttonId) {
   dialog = OpenText7Dlg();
   if (dialog == nullptr) return;
   dialog->ShowWindow(SW_SHOW);
-  const Kind kind = kindOf(list.get());
-  if (kind == Kind::definition) {
+  const TextKind kind = TextKindOf(list.get());
+  if (kind == TextKind::definition) {
     applyTag(*dialog, list.get());
-  } else if (kind != Kind::other) {
+  } else if (kind != TextKind::other) {
     applyText(*dialog, buttonId, list.get(), kind);
   }
   dialog->UpdateOkState();

@@ -22,12 +22,12 @@ LIMITS.update({id: 63 for id in (*range(2717, 2721), *range(2788, 2794))})
 NARROW_LIMITS = {7353: 255, 7718: 511, 7723: 511}
 # An argument is put in before the text meets its limit: room for a layer name, a set's name.
 FORMATS = {2786: ["%d"], 2794: ["%d"], 2822: ["%s"], 2827: ["%s"], 7136: ["%1"], 7138: ["%1"], 7710: ["%s"], 7724: ["%d"],
-           3913: ["%d"]}
+           3913: ["%d"], 3920: ["%d"]}
 # Texts that the caller puts behind a line break of its own, or that aren't on the command line.
 PROMPTS = [2722, 2723, *range(2724, 2731), 2754, 2755, 2767, 2768, 2771, 2774, *range(2777, 2784), 2785,
            *range(2788, 2794), 2828, 7353, 7710, 7718, 7723, 7725, 8189]
 OWN_LINE_BREAK = {2774, 8189, 2786}
-COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900, 3910, 3913]
+COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900, 3910, 3913, 3920]
 USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830), (4635, 4665))
 LABELS = {"text dialogs": range(2809, 2822), "align": range(2119, 2132), "radix": range(2795, 2802)}
 
@@ -50,6 +50,9 @@ ALIGN = {
     "button": [1, 2, *range(4641, 4648), 4663, 4664], "check": range(4635, 4641), "radio": [4656, 4657, 4658, 4659, 4662],
     "combo list": [4648, 4649, 4653], "combo edit": [4650, 4651, 4652], "edit": [4654, 4655], "static": [4665],
 }
+PROPERTIES = {
+    "button": [1, 2, *range(1953, 1960)], "check": range(1967, 1973), "combo edit": range(1978, 1983), "combo list": [1983],
+}
 
 
 def joined(*parts):
@@ -69,8 +72,9 @@ CONTROLS = {
     534: joined(TEXT_529, TEXT_532, TEXT_534),
     1641: joined(TEXT_529, TEXT_532, TEXT_534, {"check": [4514]}),
     1739: ALIGN,
+    525: PROPERTIES,
 }
-MODAL = (526, 531, 1739)
+MODAL = (526, 531, 1739, 525)
 ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.
