@@ -11,9 +11,10 @@ class Result:
     memory: int
 
 
-def measured(measure, output, command):
-    """One run, or the last lines of what the program said when it failed."""
-    output.unlink(missing_ok=True)
+def measured(measure, output, command, replaces=False):
+    """One run, or the last lines of what the program said when it failed. A program that replaces its input finds it."""
+    if not replaces:
+        output.unlink(missing_ok=True)
     told = subprocess.run([measure, output, *command], capture_output=True, text=True, check=True)
     seconds, processor, memory, status = told.stdout.split()
     if status != "0" or not output.exists():

@@ -1,7 +1,10 @@
-// The least that any program must do that reads a drawing and writes it back: plain_pass IN OUT
+// The least that any program must do that reads a drawing and writes it back: plain_pass IN OUT,
+// or, for many drawings that are replaced safely, one after another: plain_pass --replace FILE...
+// There each new file is flushed and renamed over the old one, and the folder is flushed.
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include "bench/line_pairs.h"
 #include "bench/mapped_file.h"
@@ -41,6 +44,8 @@ class Writer {
     return true;
   }
 
+  bool sync() const { return fsync(file_) == 0; }
+
  private:
   static constexpr std::size_t kCapacity = 1 << 20;
   int file_;
@@ -48,16 +53,41 @@ class Writer {
   std::size_t used_ = 0;
 };
 
-}  // namespace
-
-int main(int count, char** arguments) {
-  if (count != 3) return 2;
-  const MappedFile input(arguments[1]);
-  Writer output(arguments[2]);
+bool pass(const char* from, Writer& output) {
+  const MappedFile input(from);
   std::string_view rest = input.bytes();
   while (!rest.empty()) {
     const LinePair pair = takePair(rest);
-    if (!output.add(pair.code) || !output.add(pair.value)) return 1;
+    if (!output.add(pair.code) || !output.add(pair.value)) return false;
   }
-  return output.flush() ? 0 : 1;
+  return output.flush();
+}
+
+bool replace(const std::string& path) {
+  const std::string written = path + ".new";
+  {
+    Writer output(written.c_str());
+    if (!pass(path.c_str(), output) || !output.sync()) return false;
+  }
+  if (std::rename(written.c_str(), path.c_str()) != 0) return false;
+  const int folder =
+      open(path.substr(0, path.rfind('/') + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return false;
+  const bool synced = fsync(folder) == 0;
+  close(folder);
+  return synced;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count < 3) return 2;
+  if (std::string_view(arguments[1]) == "--replace") {
+    for (int i = 2; i < count; ++i)
+      if (!replace(arguments[i])) return 1;
+    return 0;
+  }
+  if (count != 3) return 2;
+  Writer output(arguments[2]);
+  return pass(arguments[1], output) ? 0 : 1;
 }

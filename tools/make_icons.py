@@ -107,6 +107,24 @@ def measure_distance(scale):
     return canvas
 
 
+def pick_tag(scale):
+    """A label with its hole, and the cursor that picks it; for 16 pixels and multiples."""
+    canvas = Canvas(16 * scale)
+    left, top, right, bottom, point = scale, scale, 15 * scale - 1, 9 * scale - 1, 4 * scale
+    for x in range(left, right + 1):
+        slope = max(left + point - x, 0)
+        for y in range(top + slope, bottom - slope + 1):
+            border = y in (top + slope, bottom - slope) or x == right
+            canvas.dot(x, y, CELL if border else FILL)
+    canvas.box(left + point, 4 * scale, 2 * scale, 2 * scale, CELL)
+    # The arrow stands up, its tip in the label.
+    tip_x, tip_y = 9 * scale, 6 * scale
+    for i in range(9 * scale):
+        reach = i if i < 6 * scale else max(8 * scale - i, 0)
+        canvas.line(tip_x, tip_y + i, tip_x + reach, tip_y + i, PATH)
+    return canvas
+
+
 def image(canvas):
     """32 bits a pixel, rows from the bottom, and a mask of one bit a pixel."""
     size = canvas.size
@@ -139,6 +157,7 @@ ICONS = {
     "pick_both_distances": [pick_both_distances()],
     "pick_distance": [pick_distance()],
     "measure_distance": [measure_distance(1), measure_distance(2)],
+    "pick_tag": [pick_tag(1), pick_tag(2)],
 }
 
 

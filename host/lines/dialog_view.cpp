@@ -12,10 +12,25 @@ namespace {
 
 constexpr size_t kLineWidth = 100;
 constexpr size_t kLongestValue = 60;
+constexpr size_t kMostRows = 8;
+
+/// The rows of a list with check boxes, each with its mark.
+std::wstring checkedRows(const win::ControlListing& list) {
+  std::wstring text;
+  const size_t shown = std::min(list.checks.size(), kMostRows);
+  for (size_t i = 0; i < shown; ++i)
+    text += (list.checks[i] == 1 ? L" [x] " : L" [ ] ") + quotedText(list.items[i]);
+  if (shown < list.checks.size()) text += L" ... of " + std::to_wstring(list.checks.size());
+  return text.empty() ? text : text.substr(1);
+}
 
 std::wstring valueText(const win::ControlListing& field) {
-  std::wstring text = quotedText(std::wstring_view(field.text).substr(0, kLongestValue));
-  if (field.text.size() > kLongestValue) text += L"...";
+  if (!field.checks.empty()) return checkedRows(field);
+  const bool ofRow = field.kind == "list" && field.selected >= 0;
+  const std::wstring_view value =
+      ofRow ? field.items[static_cast<size_t>(field.selected)] : field.text;
+  std::wstring text = quotedText(value.substr(0, kLongestValue));
+  if (value.size() > kLongestValue) text += L"...";
   if (!field.items.empty()) text += L" of " + std::to_wstring(field.items.size());
   return text;
 }

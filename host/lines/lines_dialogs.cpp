@@ -81,22 +81,51 @@ Result<bool> onOrOff(Arguments& arguments) {
   return refused("'" + win::toUtf8(word.value()) + "' is neither on nor off");
 }
 
+void printCheck(const std::string& what, bool on) {
+  win::interaction().freshLine();
+  win::interaction().print(what + (on ? " on\n" : " off\n"));
+}
+
+Result<void> checkControl(HWND window, bool wanted) {
+  const win::ControlListing before = win::listControl(window);
+  if (!before.check) return refused("control " + std::to_string(before.id) + " can't be checked");
+  if ((*before.check == 1) != wanted) {
+    const win::InputResult clicked = win::clickControl(window);
+    if (!clicked) return done(clicked);
+  }
+  printCheck(std::to_string(before.id), win::listControl(window).check == 1);
+  return {};
+}
+
+Result<void> checkItem(HWND window, int index, bool wanted) {
+  const auto row = static_cast<std::size_t>(index);
+  const auto isOn = [=](const win::ControlListing& listing) {
+    return index >= 0 && row < listing.checks.size() && listing.checks[row] == 1;
+  };
+  const win::ControlListing before = win::listControl(window);
+  const bool known = index >= 0 && row < before.checks.size();
+  if (!known || isOn(before) != wanted) {
+    const win::InputResult clicked = win::clickItemCheck(window, index);
+    if (!clicked) return done(clicked);
+  }
+  printCheck(std::to_string(before.id) + ' ' + std::to_string(index),
+             isOn(win::listControl(window)));
+  return {};
+}
+
 Result<void> checkLine(LineContext& context, Arguments& arguments) {
   const Result<HWND> window = control(context, arguments);
   if (!window) return window.error();
+  Arguments ahead = arguments;
+  const Result<std::vector<std::wstring>> words = ahead.words();
+  const bool ofRow = words && words.value().size() > 1;
+  const Result<int> row = ofRow ? arguments.integer("a row from 0") : Result<int>(0);
+  if (!row) return row.error();
   const Result<bool> wanted = onOrOff(arguments);
   if (!wanted) return wanted.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  const win::ControlListing before = win::listControl(window.value());
-  if (!before.check) return refused("control " + std::to_string(before.id) + " can't be checked");
-  if ((*before.check == 1) != wanted.value()) {
-    const win::InputResult clicked = win::clickControl(window.value());
-    if (!clicked) return done(clicked);
-  }
-  const bool on = win::listControl(window.value()).check == 1;
-  win::interaction().freshLine();
-  win::interaction().print(std::to_string(before.id) + (on ? " on\n" : " off\n"));
-  return {};
+  return ofRow ? checkItem(window.value(), row.value(), wanted.value())
+               : checkControl(window.value(), wanted.value());
 }
 
 Result<void> focusLine(LineContext& context, Arguments& arguments) {
@@ -164,7 +193,10 @@ std::string controlText(const win::ControlListing& listing) {
   text += ' ' + win::toUtf8(quotedText(listing.text));
   if (listing.items.empty()) return text;
   text += " #" + std::to_string(listing.selected) + " of";
-  for (const std::wstring& item : listing.items) text += ' ' + win::toUtf8(quotedText(item));
+  for (std::size_t i = 0; i < listing.items.size(); ++i) {
+    text += ' ' + win::toUtf8(quotedText(listing.items[i]));
+    if (i < listing.checks.size()) text += listing.checks[i] == 1 ? " on" : " off";
+  }
   return text;
 }
 
@@ -206,7 +238,8 @@ constexpr LineHandler kLines[] = {
      L"puts the caret behind a character, or selects up to another"},
     {L"choose", chooseLine, false, L"ID ITEM",
      L"picks an item of a list by its text, #N by its index from 0"},
-    {L"check", checkLine, false, L"ID on|off", L"checks a box or not, and says how it stands"},
+    {L"check", checkLine, false, L"ID [ROW] on|off",
+     L"checks a box or not, also that of a list's row (from 0), and says how it stands"},
     {L"focus", focusLine, false, L"ID", L"moves the focus"},
     {L"key", keyLine, false, L"ID KEY", L"presses a key there: Tab, F2, Ctrl+C ..."},
     {L"place", placeLine, false, L"X Y [W H]|min", L"moves, sizes or minimises the dialog"},

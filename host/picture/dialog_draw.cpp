@@ -4,40 +4,18 @@
 #include <cmath>
 #include <map>
 
+#include "host/picture/dialog_parts.h"
 #include "host/picture/icon_pixels.h"
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/combo_control.h"
 #include "platform/win/controls/edit_control.h"
 #include "platform/win/controls/painting.h"
 #include "platform/win/controls/static_control.h"
-#include "platform/win/desktop/dialog_listing.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::host {
 namespace {
-
-constexpr Rgb kFace{240, 240, 240};
-constexpr Rgb kInk{0, 0, 0};
-constexpr Rgb kGrayInk{131, 131, 131};
-constexpr Rgb kEdge{122, 122, 122};
-constexpr Rgb kPaleEdge{204, 204, 204};
-constexpr Rgb kGroupEdge{220, 220, 220};
-constexpr Rgb kWhite{255, 255, 255};
-constexpr Rgb kButton{225, 225, 225};
-constexpr Rgb kPressed{204, 228, 247};
-constexpr Rgb kAccent{0, 120, 215};
-constexpr Rgb kCaption{255, 255, 255};
-
-/// A line of dialog text, and what a half-width character takes of it (see DrawTextW).
-constexpr double kLineHeight = 13;
-constexpr double kHalfWidth = 6;
-
-double measured(std::wstring_view text) {
-  double width = 0;
-  for (const wchar_t c : text) width += c < 0x1100 ? kHalfWidth : 2 * kHalfWidth;
-  return width;
-}
 
 /// A caption without the "&" before its access key; where the key is, or npos.
 std::wstring withoutKey(std::wstring_view text, std::size_t& key) {
@@ -62,15 +40,6 @@ Rgb blended(Rgb color, Rgb ground, double opacity) {
 }
 
 }  // namespace
-
-struct DialogDraw::Control {
-  win::ControlListing listing;
-  DWORD style = 0;
-  Bounds box;
-  bool focused = false;
-
-  Rgb ink() const { return listing.enabled ? kInk : kGrayInk; }
-};
 
 Bounds DialogDraw::onPicture(const RECT& place) const {
   return {static_cast<double>(place.left - origin_.x), static_cast<double>(place.top - origin_.y),
@@ -223,14 +192,31 @@ void DialogDraw::ownDrawn(const Control& control) {
   }
 }
 
+void DialogDraw::checkBox(Spot corner, int check, bool enabled) {
+  const auto [left, top] = corner;
+  const Rgb ink = enabled ? kInk : kGrayInk;
+  box({left, top, left + kCheckBox, top + kCheckBox}, kWhite, enabled ? kMarkEdge : kPaleEdge);
+  if (check == 1) {
+    Path tick;
+    tick.moveTo({left + 3, top + 6.5});
+    tick.lineTo({left + 5.5, top + 9});
+    tick.lineTo({left + 10, top + 3.5});
+    canvas_.stroke(tick, ink, 1.6);
+  } else if (check == 2) {
+    Path between;
+    between.box(left + 3, top + 3, left + 10, top + 10);
+    canvas_.fill(between, ink);
+  }
+}
+
 /// Check boxes and radios.
 void DialogDraw::mark(const Control& control) {
-  constexpr double kMark = 13, kGap = 4;
+  constexpr double kMark = kCheckBox, kGap = 4;
   const bool radio = control.listing.kind == "radio";
   const double top = (control.box.top + control.box.bottom - kMark) / 2;
   const double left = control.box.left;
   const Spot middle{left + kMark / 2, top + kMark / 2};
-  const Rgb edge = control.listing.enabled ? Rgb{51, 51, 51} : kPaleEdge;
+  const Rgb edge = control.listing.enabled ? kMarkEdge : kPaleEdge;
   const auto disc = [&](double radius) {
     const double reach = radius * 0.5523;  // a quarter turn as a cubic curve
     Path path;
@@ -251,18 +237,7 @@ void DialogDraw::mark(const Control& control) {
     canvas_.stroke(disc(kMark / 2 - 0.5), edge);
     if (control.listing.check == 1) canvas_.fill(disc(3.5), control.ink());
   } else {
-    box({left, top, left + kMark, top + kMark}, kWhite, edge);
-    if (control.listing.check == 1) {
-      Path tick;
-      tick.moveTo({left + 3, top + 6.5});
-      tick.lineTo({left + 5.5, top + 9});
-      tick.lineTo({left + 10, top + 3.5});
-      canvas_.stroke(tick, control.ink(), 1.6);
-    } else if (control.listing.check == 2) {
-      Path between;
-      between.box(left + 3, top + 3, left + 10, top + 10);
-      canvas_.fill(between, control.ink());
-    }
+    checkBox({left, top}, *control.listing.check, control.listing.enabled);
   }
   Bounds room = control.box;
   room.left += kMark + kGap;
@@ -331,6 +306,7 @@ void DialogDraw::control(const Control& control) {
       {"icon", &DialogDraw::label},  {"button", &DialogDraw::pushButton},
       {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
       {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
+      {"list", &DialogDraw::list},
   };
   const auto draw = kKinds.find(control.listing.kind);
   if (draw != kKinds.end()) return (this->*draw->second)(control);

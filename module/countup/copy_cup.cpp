@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "module/countup/copy_cup_ids.h"
-#include "module/countup/input_filter.h"
+#include "module/drawing/input_filter.h"
 #include "module/countup/radix_table.h"
 #include "module/countup/step_fields.h"
 #include "module/drawing/current_database.h"

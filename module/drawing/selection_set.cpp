@@ -33,6 +33,10 @@ bool SelectionSet::prompt(const resbuf* filter, const ACHAR* prompt) {
   return get(L":$", addAndRemove, filter);
 }
 
+bool SelectionSet::takeAll(const resbuf* filter) {
+  return get(L"X", nullptr, filter);
+}
+
 bool SelectionSet::add(const ads_name entity) {
   return acedSSAdd(entity, name_, name_) == RTNORM;
 }

@@ -19,6 +19,8 @@ class SelectionSet {
   /// Lets the user select. False when nothing was selected.
   /// @param prompt asks for entities to add and to remove; null: the editor's own prompts
   bool prompt(const resbuf* filter, const ACHAR* prompt = nullptr);
+  /// Takes every entity of the drawing, in any space. False when none passes the filter.
+  bool takeAll(const resbuf* filter);
 
   /// False when the editor refuses the entity.
   bool add(const ads_name entity);

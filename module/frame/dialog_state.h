@@ -8,6 +8,10 @@ namespace kovra {
 /// Reads a text of the selected section. False, with `text` as it was, for a missing key.
 bool GetStateText(const DialogStateStore& store, const ACHAR* key, CString& text);
 
+/// Reads a text that may be the entry for the current layer, which is read in the language of this
+/// run: the user may have changed it since. False, with `text` as it was, for a missing key.
+bool GetStateLayer(const DialogStateStore& store, const ACHAR* key, CString& text);
+
 /// Reads a number from 0 to `largest`. Anything else in the store leaves `value` alone.
 void GetStateChoice(const DialogStateStore& store, const ACHAR* key, int largest, int& value);
 
@@ -15,11 +19,17 @@ void GetStateChoice(const DialogStateStore& store, const ACHAR* key, int largest
 /// `value` alone.
 void GetStateReal(const DialogStateStore& store, const ACHAR* key, double& value);
 
-/// Moves a dialog to its stored "X" and "Y" without changing its size, and onto a monitor. Nothing
-/// happens unless both are stored.
-void RestoreWindowPlace(CWnd& dialog, const DialogStateStore& store);
+/// Keys of a dialog's left and top edge.
+struct PlaceKeys {
+  const ACHAR* left = L"X";
+  const ACHAR* top = L"Y";
+};
 
-/// Stores left and top of a dialog as "X" and "Y".
-void StoreWindowPlace(const CWnd& dialog, DialogStateStore& store);
+/// Moves a dialog to its stored place without changing its size, and onto a monitor. Nothing
+/// happens unless both edges are stored.
+void RestoreWindowPlace(CWnd& dialog, const DialogStateStore& store, const PlaceKeys& keys = {});
+
+/// Stores left and top of a dialog.
+void StoreWindowPlace(const CWnd& dialog, DialogStateStore& store, const PlaceKeys& keys = {});
 
 }  // namespace kovra

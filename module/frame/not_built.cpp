@@ -12,10 +12,6 @@ constexpr UINT kCommandNotBuilt = 3900;
 void ResizeTextCommand() {
   ProjectMessage(kCommandNotBuilt);
 }
-void PropertyCopyCommand(int /*mode*/) {
-  ProjectMessage(kCommandNotBuilt);
-}
-
 // No command of the user's: the host calls it at each start, so there is nothing to say.
 void OptionEntry(int /*add*/) {}
 

@@ -1,6 +1,7 @@
 #include "module/propcopy/alignment_codes.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "module/drawing/attachment.h"
@@ -11,7 +12,7 @@ namespace {
 
 struct CodeRow {
   std::wstring_view code;
-  TextModes modes;
+  CodeModes modes;
 };
 
 constexpr CodeRow kCodes[] = {
@@ -31,18 +32,26 @@ constexpr CodeRow kCodes[] = {
     {L"F", {0, kKeepHorizontal}},
 };
 
-constexpr TextModes kLeft = {0, 0};
+constexpr CodeModes kLeft = {0, 0};
+
+constexpr std::array<std::wstring_view, kAttachments> AlignmentCodeTable = {
+    L"L", L"C", L"R", L"M", L"TL", L"TC", L"TR", L"ML", L"MC", L"MR", L"BL", L"BC", L"BR"};
 
 }  // namespace
 
-TextModes alignmentModes(std::wstring_view code) {
+CodeModes alignmentModes(std::wstring_view code) {
   const auto row = std::find_if(std::begin(kCodes), std::end(kCodes), [code](const CodeRow& each) {
     return equalIgnoringCase(code, each.code);
   });
   return row != std::end(kCodes) ? row->modes : kLeft;
 }
 
-Anchor anchorOf(const TextModes& modes) {
+std::wstring_view AlignmentCode(int attachIndex) {
+  const bool exists = attachIndex >= 0 && attachIndex < kAttachments;
+  return exists ? AlignmentCodeTable[static_cast<std::size_t>(attachIndex)] : std::wstring_view();
+}
+
+Anchor anchorOf(const CodeModes& modes) {
   return IsPlacedByPosition(modes.horizontal, modes.vertical) ? Anchor::position : Anchor::point;
 }
 

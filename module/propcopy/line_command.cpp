@@ -2,6 +2,7 @@
 #include "module/frame/commands.h"
 #include "module/frame/gates.h"
 #include "module/frame/reporting.h"
+#include "module/propcopy/copy_result.h"
 #include "module/propcopy/line_options.h"
 #include "module/propcopy/property_writer.h"
 
@@ -11,7 +12,6 @@ namespace {
 constexpr UINT kLinePrompt = 2828;
 constexpr UINT kLineHelp = 2829;
 constexpr UINT kTooFewTokens = 2830;
-constexpr UINT kResultLine = 2786;
 
 constexpr int kLineLength = 512;
 
@@ -26,12 +26,9 @@ void print(UINT id) {
   acutPrintf(L"%s", ResourceText(id).GetString());
 }
 
-int writeCurrentDrawing(LineRequest& request) {
+int writeCurrentDrawing(const CopyJob& job) {
   AcDbDatabase* database = CurrentDatabase();
-  if (request.useDimensionScale && isSizeGiven(request.settings.Height)) {
-    request.settings.Height *= database->dimscale();
-  }
-  return WriteDatabaseProperties(database, request.patterns, request.settings);
+  return WriteDatabaseProperties(database, job.patterns, job.settingsAt(database->dimscale()));
 }
 
 }  // namespace
@@ -45,14 +42,12 @@ void PropertyCopyLineCommand() {
     print(kLineHelp);
     return;
   }
-  auto request = readLineOptions(splitLine(line.GetString()), DataVersionAtLeast(L"12.0"), _wtof);
-  if (!request) {
+  const auto job = readLineOptions(splitLine(line.GetString()), DataVersionAtLeast(L"12.0"), _wtof);
+  if (!job) {
     print(kTooFewTokens);
     return;
   }
-  CString result;
-  result.Format(ResourceText(kResultLine).GetString(), writeCurrentDrawing(*request));
-  acutPrintf(L"%s", result.GetString());
+  acutPrintf(L"%s", ObjectsChangedText(writeCurrentDrawing(*job)).GetString());
 }
 
 }  // namespace kovra

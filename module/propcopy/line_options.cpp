@@ -35,21 +35,21 @@ std::vector<std::wstring> splitLine(std::wstring_view line) {
   return tokens;
 }
 
-std::optional<LineRequest> readLineOptions(const std::vector<std::wstring>& tokens,
-                                           bool scaleByDefault, NumberReader readNumber) {
+std::optional<CopyJob> readLineOptions(const std::vector<std::wstring>& tokens, bool scaleByDefault,
+                                       NumberReader readNumber) {
   if (tokens.size() < kFewestTokens) return std::nullopt;
-  LineRequest request{splitTagList(tokens[0]), {}, scaleByDefault};
+  CopyJob job{splitTagList(tokens[0]), {}, scaleByDefault};
   for (std::size_t i = 1; i < tokens.size(); ++i) {
     if (equalIgnoringCase(tokens[i], L"/SC")) {
-      request.useDimensionScale = true;
+      job.useDimensionScale = true;
     } else if (equalIgnoringCase(tokens[i], L"/NSC")) {
-      request.useDimensionScale = false;
+      job.useDimensionScale = false;
     } else if (i + 1 < tokens.size()) {
-      applyValue(request.settings, tokens[i], tokens[i + 1], readNumber);
+      applyValue(job.settings, tokens[i], tokens[i + 1], readNumber);
       ++i;
     }
   }
-  return request;
+  return job;
 }
 
 }  // namespace kovra

@@ -5,20 +5,12 @@
 #include <string_view>
 #include <vector>
 
-#include "module/propcopy/property_settings.h"
-#include "module/propcopy/tag_patterns.h"
+#include "module/propcopy/copy_job.h"
 
 namespace kovra {
 
 /// Cuts a line at blanks. White space at its beginning and behind a cut counts for nothing.
 std::vector<std::wstring> splitLine(std::wstring_view line);
-
-/// What one line of the property copy asks for.
-struct LineRequest {
-  TagPatterns patterns;
-  PropertySettings settings;  ///< the height as given
-  bool useDimensionScale;     ///< the height is to be multiplied by the drawing's scale
-};
 
 /// Reads a number as the platform's _wtof does.
 using NumberReader = double (*)(const wchar_t* text);
@@ -28,7 +20,7 @@ using NumberReader = double (*)(const wchar_t* text);
 /// is dropped together with the token behind it, one without its value ends the line.
 /// @param scaleByDefault what holds when neither "/SC" nor "/NSC" is given
 /// @return nothing for fewer than three tokens
-std::optional<LineRequest> readLineOptions(const std::vector<std::wstring>& tokens,
-                                           bool scaleByDefault, NumberReader readNumber);
+std::optional<CopyJob> readLineOptions(const std::vector<std::wstring>& tokens, bool scaleByDefault,
+                                       NumberReader readNumber);
 
 }  // namespace kovra

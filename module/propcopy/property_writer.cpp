@@ -44,11 +44,11 @@ bool writeForm(AcDbText& text, const PropertySettings& settings) {
   return written;
 }
 
-TextModes modesOf(const AcDbText& text) {
+CodeModes modesOf(const AcDbText& text) {
   return {static_cast<int>(text.verticalMode()), static_cast<int>(text.horizontalMode())};
 }
 
-bool setModes(AcDbText& text, const TextModes& modes) {
+bool setModes(AcDbText& text, const CodeModes& modes) {
   const auto vertical = static_cast<AcDb::TextVertMode>(modes.vertical);
   const bool written = text.setVerticalMode(vertical) == Acad::eOk;
   if (modes.horizontal != kKeepHorizontal) {

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "module/countup/input_filter.h"
+#include "module/drawing/input_filter.h"
 #include "module/countup/pattern_layout.h"
 #include "module/countup/radix_rules.h"
 #include "module/countup/radix_table.h"

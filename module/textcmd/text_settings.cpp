@@ -10,8 +10,6 @@ namespace kovra {
 namespace {
 
 constexpr UINT kSettingsUnreadable = 2741;
-constexpr UINT kCurrentLayerName = 2731;
-constexpr UINT kCurrentLayerNameElsewhere = 3901;
 
 constexpr const ACHAR* kSection = L"KOVRA_TEXT";
 constexpr const ACHAR* kXKey = L"TEXT_DLG_POS_X";
@@ -45,13 +43,8 @@ bool setReal(DialogStateStore& store, const ACHAR* key, double value) {
   return store.SetString(key, text.c_str());
 }
 
-/// The user may have changed the language since the text was stored.
 void getLayerText(const DialogStateStore& store, CString& text) {
-  if (!GetStateText(store, kLayerTextKey, text)) return;
-  if (text.CompareNoCase(ResourceText(kCurrentLayerNameElsewhere)) == 0) {
-    text = ResourceText(kCurrentLayerName);
-  }
-  text = text.Left(kLayerTextLength);
+  if (GetStateLayer(store, kLayerTextKey, text)) text = text.Left(kLayerTextLength);
 }
 
 bool read(const DialogStateStore& store, TextSettings& settings) {

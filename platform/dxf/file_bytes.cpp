@@ -13,8 +13,11 @@ namespace kovra::dxf {
 
 namespace {
 
-/// So much is read at a time; files up to this size at once.
+/// So much is read at a time.
 constexpr std::size_t kPiece = std::size_t{128} << 10U;
+
+/// Up to this size a thread costs more than it gains.
+constexpr std::size_t kReadAtOnce = std::size_t{2} << 20U;
 
 /// From this size on a thread more is worth its start.
 constexpr std::size_t kLargeFile = std::size_t{32} << 20U;
@@ -77,7 +80,7 @@ Result<std::unique_ptr<FileReading>> FileReading::start(const std::string& path)
 }
 
 void FileReading::begin() {
-  if (toRead_ > kPiece) {
+  if (toRead_ > kReadAtOnce) {
     try {
       thread_ = std::jthread([this](const std::stop_token& stop) { readAll(stop); });
       if (toRead_ < kLargeFile) return;

@@ -10,9 +10,10 @@ namespace {
 
 constexpr std::size_t kLargePage = LargeMemory::kLargePage;
 
-/// Whole large pages for what fills half of one or more: the system puts them where they fit.
+/// Whole large pages for what fills an eighth of one or more: the system puts them where they fit.
+/// To clear a large page takes less than the first touches of the 64 small pages of an eighth.
 std::size_t wholePages(std::size_t size) {
-  if (size < kLargePage / 2) return size;
+  if (size < kLargePage / 8) return size;
   return (size + kLargePage - 1) / kLargePage * kLargePage;
 }
 

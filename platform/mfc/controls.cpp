@@ -75,3 +75,135 @@ HICON CStatic::SetIcon(HICON icon) {
 HICON CStatic::GetIcon() const {
   return reinterpret_cast<HICON>(SendMessage(STM_GETICON));
 }
+
+namespace {
+
+template <typename T>
+LPARAM address(T* record) {
+  return reinterpret_cast<LPARAM>(record);
+}
+
+}  // namespace
+
+BOOL CListCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+  return CWnd::Create(WC_LISTVIEW, nullptr, style, rect, parent, id);
+}
+
+DWORD CListCtrl::SetExtendedStyle(DWORD style) {
+  return static_cast<DWORD>(SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style));
+}
+
+int CListCtrl::InsertColumn(int index, const LVCOLUMNW* column) {
+  return static_cast<int>(SendMessage(LVM_INSERTCOLUMNW, wide(index), address(column)));
+}
+
+int CListCtrl::InsertColumn(int index, LPCWSTR heading, int format, int width, int subItem) {
+  LVCOLUMNW column{};
+  column.mask =
+      LVCF_TEXT | LVCF_FMT | (width != -1 ? LVCF_WIDTH : 0) | (subItem != -1 ? LVCF_SUBITEM : 0);
+  column.pszText = const_cast<LPWSTR>(heading);
+  column.fmt = format;
+  column.cx = width;
+  column.iSubItem = subItem;
+  return InsertColumn(index, &column);
+}
+
+BOOL CListCtrl::SetColumnWidth(int column, int width) {
+  return SendMessage(LVM_SETCOLUMNWIDTH, wide(column), width) != 0;
+}
+
+int CListCtrl::GetColumnWidth(int column) const {
+  return static_cast<int>(SendMessage(LVM_GETCOLUMNWIDTH, wide(column)));
+}
+
+int CListCtrl::InsertItem(const LVITEMW* item) {
+  return static_cast<int>(SendMessage(LVM_INSERTITEMW, 0, address(item)));
+}
+
+int CListCtrl::InsertItem(int index, LPCWSTR text) {
+  LVITEMW item{};
+  item.mask = LVIF_TEXT;
+  item.iItem = index;
+  item.pszText = const_cast<LPWSTR>(text);
+  return InsertItem(&item);
+}
+
+BOOL CListCtrl::SetItem(const LVITEMW* item) {
+  return SendMessage(LVM_SETITEMW, 0, address(item)) != 0;
+}
+
+BOOL CListCtrl::GetItem(LVITEMW* item) const {
+  return SendMessage(LVM_GETITEMW, 0, address(item)) != 0;
+}
+
+BOOL CListCtrl::SetItemText(int row, int subItem, LPCWSTR text) {
+  LVITEMW item{};
+  item.iSubItem = subItem;
+  item.pszText = const_cast<LPWSTR>(text);
+  return SendMessage(LVM_SETITEMTEXTW, wide(row), address(&item)) != 0;
+}
+
+int CListCtrl::GetItemText(int row, int subItem, LPWSTR buffer, int capacity) const {
+  LVITEMW item{};
+  item.iSubItem = subItem;
+  item.pszText = buffer;
+  item.cchTextMax = capacity;
+  return static_cast<int>(SendMessage(LVM_GETITEMTEXTW, wide(row), address(&item)));
+}
+
+CString CListCtrl::GetItemText(int row, int subItem) const {
+  // The length isn't told beforehand: a buffer that is filled to its end may have been too short.
+  std::vector<wchar_t> buffer(128);
+  while (true) {
+    const auto capacity = static_cast<int>(buffer.size());
+    if (GetItemText(row, subItem, buffer.data(), capacity) < capacity - 1) return buffer.data();
+    buffer.resize(buffer.size() * 2);
+  }
+}
+
+BOOL CListCtrl::SetItemState(int row, UINT state, UINT mask) {
+  LVITEMW item{};
+  item.state = state;
+  item.stateMask = mask;
+  return SendMessage(LVM_SETITEMSTATE, wide(row), address(&item)) != 0;
+}
+
+DWORD_PTR CListCtrl::GetItemData(int row) const {
+  LVITEMW item{};
+  item.mask = LVIF_PARAM;
+  item.iItem = row;
+  return GetItem(&item) ? static_cast<DWORD_PTR>(item.lParam) : 0;
+}
+
+BOOL CListCtrl::SetItemData(int row, DWORD_PTR data) {
+  LVITEMW item{};
+  item.mask = LVIF_PARAM;
+  item.iItem = row;
+  item.lParam = static_cast<LPARAM>(data);
+  return SetItem(&item);
+}
+
+BOOL CListCtrl::GetCheck(int row) const {
+  return GetItemState(row, LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2) ? TRUE : FALSE;
+}
+
+BOOL CListCtrl::SetCheck(int row, BOOL check) {
+  return SetItemState(row, INDEXTOSTATEIMAGEMASK(check ? 2 : 1), LVIS_STATEIMAGEMASK);
+}
+
+int CListCtrl::HitTest(LVHITTESTINFO* info) const {
+  return static_cast<int>(SendMessage(LVM_HITTEST, 0, address(info)));
+}
+
+int CListCtrl::HitTest(CPoint point, UINT* flags) const {
+  LVHITTESTINFO info{};
+  info.pt = point;
+  const int row = HitTest(&info);
+  if (flags != nullptr) *flags = info.flags;
+  return row;
+}
+
+BOOL CListCtrl::GetItemRect(int row, LPRECT rect, UINT part) const {
+  rect->left = static_cast<LONG>(part);
+  return SendMessage(LVM_GETITEMRECT, wide(row), address(rect)) != 0;
+}

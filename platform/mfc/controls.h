@@ -108,3 +108,57 @@ class CStatic : public CWnd {
   HICON SetIcon(HICON icon);
   HICON GetIcon() const;
 };
+
+/// A list view in report form: rows of texts under columns, with a check box before each row when
+/// the extended style LVS_EX_CHECKBOXES is set.
+class CListCtrl : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  /// The former style. SetExtendedStyle replaces all bits.
+  DWORD SetExtendedStyle(DWORD style);
+  DWORD GetExtendedStyle() const {
+    return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE));
+  }
+  /// The column's index, -1 when it can't be. A width of -1 means none yet.
+  int InsertColumn(int index, LPCWSTR heading, int format = LVCFMT_LEFT, int width = -1,
+                   int subItem = -1);
+  int InsertColumn(int index, const LVCOLUMNW* column);
+  BOOL SetColumnWidth(int column, int width);
+  int GetColumnWidth(int column) const;
+
+  /// The row's index; an index behind the end means the end.
+  int InsertItem(int index, LPCWSTR text);
+  int InsertItem(const LVITEMW* item);
+  int GetItemCount() const { return static_cast<int>(SendMessage(LVM_GETITEMCOUNT)); }
+  BOOL DeleteItem(int row) { return SendMessage(LVM_DELETEITEM, wide(row)) != 0; }
+  BOOL DeleteAllItems() { return SendMessage(LVM_DELETEALLITEMS) != 0; }
+  BOOL SetItem(const LVITEMW* item);
+  BOOL GetItem(LVITEMW* item) const;
+  BOOL SetItemText(int row, int subItem, LPCWSTR text);
+  CString GetItemText(int row, int subItem) const;
+  int GetItemText(int row, int subItem, LPWSTR buffer, int capacity) const;
+  BOOL SetItemState(int row, UINT state, UINT mask);
+  UINT GetItemState(int row, UINT mask) const {
+    return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, wide(row), mask));
+  }
+  DWORD_PTR GetItemData(int row) const;
+  BOOL SetItemData(int row, DWORD_PTR data);
+  /// Whether the row's box is checked; without check boxes it isn't.
+  BOOL GetCheck(int row) const;
+  BOOL SetCheck(int row, BOOL check = TRUE);
+  /// The next row behind `after` (-1: from the first on) with these flags; -1 for none.
+  int GetNextItem(int after, int flags) const {
+    return static_cast<int>(SendMessage(LVM_GETNEXTITEM, wide(after), flags));
+  }
+  UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
+  int HitTest(LVHITTESTINFO* info) const;
+  int HitTest(CPoint point, UINT* flags = nullptr) const;
+  BOOL GetItemRect(int row, LPRECT rect, UINT part) const;
+  BOOL EnsureVisible(int row, BOOL partialOk) {
+    return SendMessage(LVM_ENSUREVISIBLE, wide(row), partialOk) != 0;
+  }
+
+ private:
+  static WPARAM wide(int index) { return static_cast<WPARAM>(static_cast<LONG_PTR>(index)); }
+};

@@ -60,10 +60,10 @@ class KillTest : public ProgramTest {
   }
 };
 
-std::string largeDrawing() {
-  std::string drawing = textDrawing();
+/// The drawing with lines up to this size.
+std::string filledUp(std::string drawing, std::size_t size) {
   std::string lines;
-  while (lines.size() < kSize) {
+  while (lines.size() < size) {
     lines += "  0\nLINE\n100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n 10\n1.0\n 20\n2.0\n 11\n" +
              std::to_string(lines.size()) + "\n 21\n4.0\n";
   }
@@ -71,7 +71,7 @@ std::string largeDrawing() {
 }
 
 TEST_F(KillTest, LeavesTheOldFileOrTheNewOne) {
-  const std::string before = largeDrawing();
+  const std::string before = filledUp(textDrawing(), kSize);
   write("a.dxf", before);
   pid_t program = 0;
   ASSERT_TRUE(startSaving(program));
@@ -107,6 +107,54 @@ TEST_F(KillTest, LeavesTheOldFileOrTheNewOne) {
     }
   }
   EXPECT_GT(oldFiles, 0) << "none of the kills came while it was saving";
+}
+
+TEST_F(KillTest, ARunThroughAProjectLeavesEachDrawingWhole) {
+  constexpr int kDrawings = 12;
+  const std::string before = filledUp(motorDrawing(), 1'000'000);
+  std::string project = "[Project]\nDataVersion=12.0\n[Drawings]\n";
+  std::vector<std::string> names;
+  for (int i = 1; i <= kDrawings; ++i) {
+    names.push_back("sheet" + std::to_string(i) + ".dxf");
+    project += std::to_string(i) + "=" + names.back() + "\n";
+  }
+  write("project.ini", project);
+  const auto writeAll = [&] {
+    for (const std::string& name : names) write(name, before);
+  };
+  const auto begin = [this] {
+    return start({"-p", ".", "-s", "-"},
+                 "KOVRA_ATTR_COPY\n@check 1973 on\n@type 1931 NAME\n@check 1968 on\n@type 1979 3\n"
+                 "@check 2014 off\n@choose 2013 #3\n@click 1\n");
+  };
+  writeAll();
+  const auto begun = Clock::now();
+  const ProgramRun whole = finish(begin());
+  ASSERT_EQ(whole.status, 0) << whole.err;
+  const std::chrono::duration<double> running = Clock::now() - begun;
+  const std::string after = read(names.front());
+  ASSERT_NE(after, before);
+  std::mt19937 random(11);
+  std::uniform_real_distribution<double> moment(0.1, 1);
+  int stoppedMidway = 0;
+  for (int i = 0; i < kKills; ++i) {
+    writeAll();
+    const pid_t program = begin();
+    std::this_thread::sleep_for(moment(random) * running);
+    kill(program, SIGKILL);
+    finish(program);
+    int done = 0;
+    for (const std::string& name : names) {
+      const std::string left = read(name);
+      ASSERT_TRUE(left == before || left == after) << name << ": " << left.size() << " bytes";
+      done += left == after ? 1 : 0;
+    }
+    stoppedMidway += done > 0 && done < kDrawings ? 1 : 0;
+    // The next run finishes the rest.
+    ASSERT_EQ(finish(begin()).status, 0);
+    for (const std::string& name : names) ASSERT_TRUE(read(name) == after) << name;
+  }
+  EXPECT_GT(stoppedMidway, 0) << "none of the kills came between the drawings";
 }
 
 }  // namespace

@@ -158,6 +158,36 @@ ON_MESSAGE(kPing, &CountDialog::ping)
 ON_WM_SHOWWINDOW()
 END_MESSAGE_MAP()
 
+/// Keeps one row of a list checked, as dialogs with a choice among rows do.
+class RowDialog : public CDialog {
+ public:
+  explicit RowDialog() : CDialog(kTemplate) {}
+  CListCtrl rows;
+
+ protected:
+  static constexpr UINT kRows = 60;
+  BOOL OnInitDialog() override {
+    rows.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, CRect(0, 0, 150, 100), this, kRows);
+    rows.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
+    EXPECT_EQ(rows.InsertColumn(0, L"Tag", LVCFMT_LEFT, 128), 0);
+    for (const wchar_t* text : {L"NAME", L"SENBAN"}) rows.InsertItem(rows.GetItemCount(), text);
+    return CDialog::OnInitDialog();
+  }
+  void onRow(NMHDR* header, LRESULT*) {
+    const auto* change = reinterpret_cast<const NMLISTVIEW*>(header);
+    const int other = 1 - change->iItem;
+    const UINT image = change->uNewState & LVIS_STATEIMAGEMASK;
+    if (image == (change->uOldState & LVIS_STATEIMAGEMASK)) return;
+    if (image == INDEXTOSTATEIMAGEMASK(2)) rows.SetCheck(other, FALSE);
+    if (image == INDEXTOSTATEIMAGEMASK(1) && !rows.GetCheck(other)) rows.SetCheck(change->iItem);
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(RowDialog, CDialog)
+ON_NOTIFY(LVN_ITEMCHANGED, kRows, &RowDialog::onRow)
+END_MESSAGE_MAP()
+
 class Dialogs : public testing::Test {
  protected:
   void SetUp() override {
@@ -240,6 +270,23 @@ TEST_F(Dialogs, AModelessDialogDeletesItselfInItsOwnMessage) {
   Pump::instance().settle();
   EXPECT_EQ(events, "cancel destroy gone deleted ");
   EXPECT_EQ(topDialog(), nullptr);
+}
+
+TEST_F(Dialogs, RowsTellOfTheirChecks) {
+  RowDialog dialog;
+  ASSERT_TRUE(dialog.Create(kTemplate));
+  dialog.ShowWindow(SW_SHOW);
+  const auto checks = [&] { return std::pair(dialog.rows.GetCheck(0), dialog.rows.GetCheck(1)); };
+  EXPECT_EQ(checks(), std::pair(1, 0)) << "rows come unchecked; the dialog has its rule";
+  EXPECT_EQ(clickItemCheck(item(60), 1).error, "");
+  EXPECT_EQ(checks(), std::pair(0, 1));
+  EXPECT_EQ(clickItemCheck(item(60), 1).error, "");
+  EXPECT_EQ(checks(), std::pair(0, 1)) << "the last check comes back";
+  EXPECT_TRUE(dialog.rows.SetItemText(1, 0, std::wstring(300, L'W').c_str()));
+  EXPECT_EQ(dialog.rows.GetItemText(1, 0).GetLength(), 300);
+  EXPECT_TRUE(dialog.rows.SetItemData(1, 7));
+  EXPECT_EQ(dialog.rows.GetItemData(1), 7U);
+  DestroyWindow(dialog.m_hWnd);
 }
 
 TEST_F(Dialogs, AMissingTemplateIsAnError) {

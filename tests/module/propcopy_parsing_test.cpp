@@ -14,7 +14,7 @@ double readNumber(const wchar_t* text) {
   return std::wcstod(text, nullptr);
 }
 
-std::optional<LineRequest> read(std::wstring_view line, bool scaleByDefault = true) {
+std::optional<CopyJob> read(std::wstring_view line, bool scaleByDefault = true) {
   return readLineOptions(splitLine(line), scaleByDefault, readNumber);
 }
 
@@ -119,7 +119,7 @@ TEST(AlignmentCodes, SetModes) {
       {L"f", 0, kKeepHorizontal},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(alignmentModes(each.code), (TextModes{each.vertical, each.horizontal})) << each.code;
+    EXPECT_EQ(alignmentModes(each.code), (CodeModes{each.vertical, each.horizontal})) << each.code;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
 #include <map>
 #include <string>
@@ -120,6 +121,26 @@ class DialogTest : public testing::Test {
     if (handler != handlers.end()) handler->second();
   }
 
+  /// "50 changed 1 1000>2000" of a list view's row, "50 click 1".
+  void noteRow(const NMLISTVIEW& record) {
+    static const std::map<UINT, std::string> names = {
+        {LVN_ITEMCHANGING, "changing"}, {LVN_ITEMCHANGED, "changed"}, {LVN_INSERTITEM, "insert"},
+        {LVN_DELETEITEM, "delete"},     {LVN_KEYDOWN, "key"},         {NM_CLICK, "click"},
+        {NM_DBLCLK, "double click"},    {NM_SETFOCUS, "focus"},       {NM_KILLFOCUS, "no focus"}};
+    const auto name = names.find(record.hdr.code);
+    if (name == names.end()) return;
+    const UINT code = record.hdr.code;
+    std::string what = std::to_string(record.hdr.idFrom) + " " + name->second;
+    const bool ofRow = code != LVN_KEYDOWN && code != NM_SETFOCUS && code != NM_KILLFOCUS;
+    if (ofRow) what += " " + std::to_string(record.iItem);
+    if (code == LVN_ITEMCHANGING || code == LVN_ITEMCHANGED) {
+      char states[32];
+      std::snprintf(states, sizeof states, " %x>%x", record.uOldState, record.uNewState);
+      what += states;
+    }
+    note(what);
+  }
+
   INT_PTR onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) return FALSE;
     if (message == WM_COMMAND) {
@@ -127,6 +148,7 @@ class DialogTest : public testing::Test {
            codeName(reinterpret_cast<HWND>(lParam), HIWORD(wParam)));
       return TRUE;
     }
+    if (message == WM_NOTIFY) noteRow(*reinterpret_cast<const NMLISTVIEW*>(lParam));
     if (message == WM_SHOWWINDOW) note(wParam != 0 ? "show" : "hide");
     if (message == WM_SIZE) note("size");
     if (message >= WM_USER + 100 && message < WM_USER + 200) {

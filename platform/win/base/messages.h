@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/win/base/list_messages.h"
 #include "platform/win/base/windows_types.h"
 
 /// Messages, notification codes, styles and the records that go with them, with the numbers that
@@ -336,12 +337,6 @@ struct MINMAXINFO {
   POINT ptMaxPosition;
   POINT ptMinTrackSize;
   POINT ptMaxTrackSize;
-};
-
-struct NMHDR {
-  HWND hwndFrom;
-  UINT_PTR idFrom;
-  UINT code;
 };
 
 struct DRAWITEMSTRUCT {

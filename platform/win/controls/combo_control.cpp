@@ -243,6 +243,17 @@ void fitHeight(HWND combo, const ComboState& state) {
   placeWindow(combo, place);
 }
 
+RECT fieldPlace(int width, const ComboState& state) {
+  return {3, 3, width - 20, 3 + state.fieldHeight};
+}
+
+/// The field keeps its distance from the frame.
+void fitField(HWND combo, const ComboState& state) {
+  const Window* window = findWindow(combo);
+  if (window == nullptr || state.field == nullptr) return;
+  placeWindow(state.field, fieldPlace(widthOf(window->place), state));
+}
+
 void create(HWND combo, ComboState& state) {
   const Window* window = findWindow(combo);
   const std::wstring text = window->text;
@@ -251,7 +262,7 @@ void create(HWND combo, ComboState& state) {
     WindowSpec spec;
     spec.className = L"EDIT";
     spec.style = WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | (window->style & WS_DISABLED);
-    spec.place = {3, 3, widthOf(window->place) - 20, 3 + state.fieldHeight};
+    spec.place = fieldPlace(widthOf(window->place), state);
     spec.parentOrOwner = combo;
     spec.id = kFieldId;
     state.field = makeWindow(spec);
@@ -263,7 +274,9 @@ void create(HWND combo, ComboState& state) {
 LRESULT setHeight(HWND combo, ComboState& state, WPARAM which, LPARAM height) {
   const bool field = static_cast<std::ptrdiff_t>(which) == -1;
   (field ? state.fieldHeight : state.itemHeight) = static_cast<int>(height);
-  if (field) fitHeight(combo, state);
+  if (!field) return 0;
+  fitHeight(combo, state);
+  fitField(combo, state);
   return 0;
 }
 
@@ -341,6 +354,9 @@ LRESULT comboProcedure(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
       focusMoved(combo, *state, message == WM_SETFOCUS);
+      return 0;
+    case WM_SIZE:
+      fitField(combo, *state);
       return 0;
     case WM_ENABLE:
       enableField(*state, wParam != 0);

@@ -38,6 +38,7 @@ ControlListing listControl(HWND control) {
     listing.kind = state->kind(*window);
     listing.check = state->checkState(*window);
     listing.items = state->itemTexts();
+    listing.checks = state->itemChecks();
     listing.selected = state->selectedItem();
   }
   listing.text = windowText(control);

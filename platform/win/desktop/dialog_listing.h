@@ -12,7 +12,7 @@ namespace kovra::win {
 struct ControlListing {
   HWND window = nullptr;
   int id = 0;
-  std::string kind;  ///< "button", "check", "radio", "edit", "combo", "label" ...
+  std::string kind;  ///< "button", "check", "radio", "edit", "combo", "list", "label" ...
   bool enabled = false;
   bool visible = false;
   std::optional<int> check;  ///< 0, 1 or 2 (in between), of what can be checked
@@ -21,6 +21,7 @@ struct ControlListing {
                                     ///< of a control without a text its tip
   RECT place{};                     ///< in screen pixels
   std::vector<std::wstring> items;  ///< of a list
+  std::vector<int> checks;          ///< 0 or 1 for each item, of a list with check boxes
   int selected = -1;                ///< index into them
 };
 

@@ -34,15 +34,18 @@ InputResult reachable(HWND window) {
   return {};
 }
 
-/// The window's middle in its own client area, as messages of the mouse carry it. The cursor goes
+/// A place in the window's own client area, as messages of the mouse carry it. The cursor goes
 /// there.
-LPARAM moveCursorTo(HWND window) {
+LPARAM moveCursorTo(HWND window, POINT place) {
   const RECT client = clientOnScreen(window);
-  const POINT middle{(client.left + client.right) / 2, (client.top + client.bottom) / 2};
-  setCursorPosition(middle);
+  setCursorPosition({client.left + place.x, client.top + place.y});
   trackCursor(window);
-  return MAKELPARAM(static_cast<UINT>(middle.x - client.left),
-                    static_cast<UINT>(middle.y - client.top));
+  return MAKELPARAM(static_cast<UINT>(place.x), static_cast<UINT>(place.y));
+}
+
+POINT middleOf(HWND window) {
+  const RECT client = clientOnScreen(window);
+  return {widthOf(client) / 2, heightOf(client) / 2};
 }
 
 bool canBeClicked(HWND control) {
@@ -51,10 +54,8 @@ bool canBeClicked(HWND control) {
   return className != L"STATIC" || hasStyle(control, SS_NOTIFY);
 }
 
-InputResult click(HWND control, UINT pressMessage) {
-  if (auto result = reachable(control); !result) return result;
-  if (!canBeClicked(control)) return refused(control, "can't be clicked");
-  const LPARAM where = moveCursorTo(control);
+InputResult clickAt(HWND control, POINT place, UINT pressMessage) {
+  const LPARAM where = moveCursorTo(control, place);
   deliver(control, WM_MOUSEMOVE, 0, where);
   deliver(control, pressMessage, MK_LBUTTON, where);
   if (!IsWindow(control)) return {};
@@ -64,6 +65,12 @@ InputResult click(HWND control, UINT pressMessage) {
   }
   deliver(control, WM_LBUTTONUP, 0, where);
   return {};
+}
+
+InputResult click(HWND control, UINT pressMessage) {
+  if (auto result = reachable(control); !result) return result;
+  if (!canBeClicked(control)) return refused(control, "can't be clicked");
+  return clickAt(control, middleOf(control), pressMessage);
 }
 
 /// The edit of a field or combo box; null for other controls.
@@ -100,7 +107,7 @@ const WindowState* focusedListOf(HWND control, InputResult& result) {
   if (listOf(control, result) == nullptr) return nullptr;
   SetFocus(control);
   const WindowState* list = listOf(control, result);
-  if (list != nullptr) moveCursorTo(control);
+  if (list != nullptr) moveCursorTo(control, middleOf(control));
   return list;
 }
 
@@ -169,7 +176,7 @@ InputResult doubleClickControl(HWND control) {
 
 InputResult moveOver(HWND window) {
   if (auto result = reachable(window); !result) return result;
-  deliver(window, WM_MOUSEMOVE, 0, moveCursorTo(window));
+  deliver(window, WM_MOUSEMOVE, 0, moveCursorTo(window, middleOf(window)));
   return {};
 }
 
@@ -190,6 +197,16 @@ InputResult chooseIndex(HWND control, int index) {
     return refused(control, "has no item #" + std::to_string(index));
   }
   return pick(control, index);
+}
+
+InputResult clickItemCheck(HWND control, int index) {
+  if (auto result = reachable(control); !result) return result;
+  WindowState* state = findWindow(control)->state.get();
+  if (state == nullptr || state->itemChecks().empty())
+    return refused(control, "has no items with check boxes");
+  const std::optional<POINT> place = state->bringCheckBox(control, index);
+  if (!place) return refused(control, "has no item #" + std::to_string(index));
+  return clickAt(control, *place, WM_LBUTTONDOWN);
 }
 
 InputResult focusControl(HWND control) {

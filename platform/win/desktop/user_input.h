@@ -40,6 +40,8 @@ InputResult doubleClickControl(HWND control);
 InputResult moveOver(HWND window);
 InputResult chooseItem(HWND control, std::wstring_view text);
 InputResult chooseIndex(HWND control, int index);
+/// Clicks the check box of an item of a list, scrolled into sight.
+InputResult clickItemCheck(HWND control, int index);
 InputResult placeCaret(HWND control, int from, int to);
 InputResult focusControl(HWND control);
 

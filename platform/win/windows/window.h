@@ -28,6 +28,13 @@ class WindowState {
   virtual std::optional<int> checkState(const Window& /*window*/) const { return std::nullopt; }
   virtual std::vector<std::wstring> itemTexts() const { return {}; }
   virtual int selectedItem() const { return -1; }
+  /// 0 or 1 for each item of a list with check boxes.
+  virtual std::vector<int> itemChecks() const { return {}; }
+  /// Scrolls the check box of an item into sight; where it is in the client area. Nothing without
+  /// one.
+  virtual std::optional<POINT> bringCheckBox(HWND /*window*/, int /*index*/) {
+    return std::nullopt;
+  }
   /// The user picks an item that there is; false if this is no list.
   virtual bool pickItem(HWND /*window*/, int /*index*/) { return false; }
 };

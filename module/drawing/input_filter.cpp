@@ -1,4 +1,4 @@
-#include "module/countup/input_filter.h"
+#include "module/drawing/input_filter.h"
 
 namespace kovra {
 namespace {
