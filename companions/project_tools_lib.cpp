@@ -11,12 +11,18 @@ using kovra::companions::currentProject;
 
 namespace {
 
-// A file marked read-only is that for the superuser, too. Saving puts a new file in the old one's
-// place, so the folder must take one.
-bool isWritable(const std::filesystem::path& file) {
+constexpr mode_t kWriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
+
+// What is marked read-only is that for the superuser, too.
+bool takesWrites(const std::filesystem::path& path, mode_t type) {
   struct stat status {};
-  return ::stat(file.c_str(), &status) == 0 && (status.st_mode & 0222) != 0 &&
-         ::access(file.c_str(), W_OK) == 0 && ::access(file.parent_path().c_str(), W_OK) == 0;
+  return ::stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == type &&
+         (status.st_mode & kWriteBits) != 0 && ::access(path.c_str(), W_OK) == 0;
+}
+
+// Saving puts a new file in the old one's place, so the folder must take one.
+bool isWritable(const std::filesystem::path& file) {
+  return takesWrites(file, S_IFREG) && takesWrites(file.parent_path(), S_IFDIR);
 }
 
 }  // namespace

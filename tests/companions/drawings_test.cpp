@@ -112,6 +112,53 @@ TEST_F(Drawings, SavesWithTheRunsBackupRuleAndSaysWhatFails) {
   ReleaseSharedDatabase(database);
 }
 
+// Each is refused with its reason on one line, and stays as it was.
+TEST_F(Drawings, WhatIsNoDrawingIsNotRead) {
+  const std::string whole = drawing();
+  const struct {
+    const char* name;
+    std::string bytes;
+    Acad::ErrorStatus status;
+  } cases[] = {{"empty.dxf", "", Acad::eDwgNeedsRecovery},
+               {"real.dwg", std::string("AC1032\0\0\0", 9), Acad::eDwgNeedsRecovery},
+               {"cut.dxf", whole.substr(0, whole.size() - 30), Acad::eDwgNeedsRecovery},
+               {"text.dxf", "no drawing\n", Acad::eDwgNeedsRecovery}};
+  for (const auto& each : cases) {
+    folder.write(each.name, each.bytes);
+    shown.clear();
+    AcDbDatabase database(false, true);
+    EXPECT_EQ(database.readDwgFile(path(each.name).c_str(), 3, false, nullptr), each.status);
+    EXPECT_FALSE(database.hasDrawing()) << each.name;
+    EXPECT_NE(shown.find(each.name), std::string::npos) << shown;
+    EXPECT_EQ(std::ranges::count(shown, '\n'), 1) << shown;
+    EXPECT_EQ(OpenSharedDatabase(path(each.name).c_str()), nullptr) << each.name;
+    EXPECT_EQ(folder.read(each.name), each.bytes);
+  }
+  AcDbDatabase database(false, true);
+  EXPECT_EQ(database.readDwgFile(path("none.dxf").c_str()), Acad::eFileNotFound);
+  EXPECT_EQ(database.readDwgFile(folder.path().wstring().c_str()), Acad::eFileAccessErr);
+  EXPECT_EQ(database.readDwgFile(path("a.dxf").c_str()), Acad::eOk);
+  EXPECT_EQ(database.readDwgFile(path("b.dxf").c_str()), Acad::eInvalidInput);
+  EXPECT_FALSE(AcAxDocLock(&database, AcAxDocLock::kMinimum).lockStatus()) << "nothing to lock";
+}
+
+// A drawing that somebody else saved meanwhile is theirs, whatever path leads to it.
+TEST_F(Drawings, ADrawingThatChangedOnDiskIsNotWrittenOver) {
+  std::filesystem::create_symlink("a.dxf", folder.path() / "link.dxf");
+  const std::string theirs = drawing() + "999\ntheirs\n";
+  for (const char* name : {"a.dxf", "link.dxf"}) {
+    folder.write("a.dxf", drawing());
+    AcDbDatabase database(false, true);
+    ASSERT_EQ(database.readDwgFile(path(name).c_str()), Acad::eOk);
+    ASSERT_EQ(database.setHeaderValue("$TEXTSIZE", 7.5), Acad::eOk);
+    folder.write("a.dxf", theirs);
+    SaveDatabase(&database, path(name).c_str());
+    EXPECT_EQ(folder.read("a.dxf"), theirs) << name;
+    EXPECT_NE(shown.find("changed by another program"), std::string::npos) << shown;
+    EXPECT_EQ(folder.files(), 4U) << "nothing is left of the attempt";
+  }
+}
+
 TEST_F(Drawings, EntitiesOnExcludedLayersLeaveASelection) {
   ASSERT_TRUE(host::openDrawing(folder.path() / "a.dxf"));
   ads_name set;
@@ -205,6 +252,10 @@ TEST_F(Drawings, EditsOfAnotherDocumentAreAStepOfTheirOwn) {
   BeginDocumentEdit(other);
   ASSERT_EQ(database.setHeaderValue("$TEXTSIZE", 4.0), Acad::eOk);
   EndDocumentEdit(other);
+  ASSERT_EQ(database.setHeaderValue("$TEXTSIZE", 5.0), Acad::eOk);
+  EXPECT_TRUE(database.isModified());
+  database.journal().undo(1);
+  EXPECT_EQ(database.textsize(), 4.0);
   database.journal().undo(1);
   EXPECT_EQ(database.textsize(), 3.0);
 }

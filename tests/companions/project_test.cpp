@@ -130,6 +130,14 @@ TEST_F(ProjectTest, BlocksListedFilesAndFilesThatCannotBeWritten) {
   EXPECT_TRUE(blocked("panel.dxf"));
   std::filesystem::create_symlink(folder.path() / "sheets/power.dxf", folder.path() / "link.dxf");
   EXPECT_TRUE(blocked("link.dxf"));
+  // A folder is no drawing, and one that takes no file keeps its drawings as they are.
+  std::filesystem::create_directory(folder.path() / "folder.dxf");
+  EXPECT_TRUE(blocked("folder.dxf"));
+  folder.write("archive/old.dxf", "");
+  EXPECT_FALSE(blocked("archive/old.dxf"));
+  std::filesystem::permissions(folder.path() / "archive", std::filesystem::perms(0555));
+  EXPECT_TRUE(blocked("archive/old.dxf"));
+  std::filesystem::permissions(folder.path() / "archive", std::filesystem::perms(0755));
 }
 
 TEST_F(ProjectTest, WithoutAProjectEverythingIsEmpty) {

@@ -10,6 +10,7 @@
 #include "platform/arx/database/transaction_manager.h"
 #include "platform/dxf/record_store.h"
 #include "platform/dxf/structure.h"
+#include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
 
 namespace dxf = kovra::dxf;
@@ -118,6 +119,9 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* path, int /*mode*/,
   const kovra::Result<void> opened = open(kovra::win::toUtf8(path));
   if (opened) return Acad::eOk;
   lastError_ = opened.error().message;
+  // Commands pass over such drawings without a word of their own.
+  kovra::win::interaction().freshLine();
+  kovra::win::interaction().print(lastError_ + "\n");
   return statusOf(opened.error());
 }
 

@@ -42,7 +42,8 @@ class AcDbDatabase {
 
   /// Reads a drawing file into a database without one. The mode, the conversion flag and the
   /// password are accepted and don't matter. eFileNotFound, eFileAccessErr, eDwgNeedsRecovery;
-  /// lastError() says more.
+  /// lastError() says more, and so does the command line. eInvalidInput when there is a drawing
+  /// already.
   Acad::ErrorStatus readDwgFile(const ACHAR* path, int mode = 3, bool allowCPConversion = false,
                                 const ACHAR* password = nullptr);
   /// Kept for callers; drawings here carry their thumbnails as records like any other.
