@@ -18,6 +18,8 @@ LANGUAGES = {"ja": "Japanese", "en": "English"}
 COUNT_UP = ("@preselect 120,67 162,73", "KOVRA_TEXT_COUNTUP", "@check 1967 on", "@click 1975")
 COUNTED = ("KOVRA_TEXT", "@click 1976", "@check 1967 on", "@type 1932 X", "@type 1933 004")
 ALIGN = ("@preselect 18,80 100,45", "KOVRA_TEXT_ALIGN", "@check 4637 on", "@type 4650 2.5")
+COPY = ("KOVRA_ATTR_COPY", "@check 1968 on", "@check 1971 on", "@choose 1982 #9")
+COPY_ALL = (*COPY, "@check 1973 on", "@type 1931 NAME+,CAP", "@choose 2013 #3")
 LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
 
 
@@ -43,6 +45,9 @@ PICTURES = (
     Picture(1641, "15.0", COUNTED, "With values adopted from the text style"),
     Picture(526, "9.0", COUNT_UP, "Counted copies below data version 10.0", "@click 2"),
     Picture(531, "12.0", COUNT_UP, "Counted copies from 10.0 on", "@click 2"),
+    Picture(530, "9.0", COPY[:2], "Properties copied to attributes below data version 11.0", "@click 2"),
+    Picture(533, "11.0", COPY, "The same from 11.0 on", "@click 2"),
+    Picture(535, "12.0", COPY_ALL, "The same from 12.0 on, through the whole project", "@click 2"),
     Picture(1739, "12.0", ALIGN, "Texts aligned into a column", "@click 2"),
 )
 

@@ -57,7 +57,7 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
-                                   "place_texts_one_by_one.kovra"})
+                                   "place_texts_one_by_one.kovra", "property_copy.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -81,6 +81,9 @@ class ExampleTest(unittest.TestCase):
                                  [(604, 330 - 10 * row) for row in range(7)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
+                everywhere = self.run_on_copy("property_copy.kovra", language, folder)
+                self.assertEqual(everywhere, {name: ([], count) for name, count in
+                                              {"motor-1": @1, "motor-2": @2, "terminals": @3}.items()})
 
 
 if __name__ == "__main__":
