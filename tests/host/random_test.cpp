@@ -171,7 +171,7 @@ const Pieces kSeen = {"The number of rows must be",
                       "attribute to take the tag",
                       "text or attribute to take all",
                       "Select block references or",
-                      "[b.dxf]",
+                      "/b.dxf]",
                       "Attributes changed in 1 "};
 
 class RandomTest : public ProgramTest {
