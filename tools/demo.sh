@@ -28,6 +28,11 @@ done
 echo
 echo "An attribute of $result/panel/motor-1.dxf, before and after:"
 diff --text -U4 "$result"/{before,panel}/motor-1.dxf | awk '/^@@/ { ++hunk } hunk == 2' || true
+
+echo
+echo "One run of the property copy's dialog over all drawings of the project:"
+"$kovra" --project "$result/panel" --state "$result/state.db" --language en --script examples/property_copy.kovra \
+  --save "$result/panel/motor-1.dxf" | grep -a '^\[\|^Attributes changed'
 mkdir -p "$result/pictures"
 for sheet in "$result"/panel/*.dxf; do
   name=$(basename "$sheet" .dxf)

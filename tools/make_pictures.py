@@ -21,6 +21,8 @@ ALIGN = ("@preselect 18,80 100,45", "KOVRA_TEXT_ALIGN", "@check 4637 on", "@type
 PROPERTIES = ("@preselect 18,80 100,45", "KOVRA_TEXT_PROPERTIES", "@check 1967 on", "@choose 1978 CMNT", "@check 1969 on",
               "@type 1980 2.5")
 EDIT_PROPERTY = ("KOVRA_TEXT_EDITPROP", "@choose 4440 #0", "@click 1960")
+COPY = ("KOVRA_ATTR_COPY", "@check 1968 on", "@check 1971 on", "@choose 1982 #9")
+COPY_ALL = (*COPY, "@check 1973 on", "@type 1931 NAME+,CAP", "@choose 2013 #3")
 LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
 
 
@@ -46,6 +48,9 @@ PICTURES = (
     Picture(1641, "15.0", COUNTED, "With values adopted from the text style"),
     Picture(526, "9.0", COUNT_UP, "Counted copies below data version 10.0", "@click 2"),
     Picture(531, "12.0", COUNT_UP, "Counted copies from 10.0 on", "@click 2"),
+    Picture(530, "9.0", COPY[:2], "Properties copied to attributes below data version 11.0", "@click 2"),
+    Picture(533, "11.0", COPY, "The same from 11.0 on", "@click 2"),
+    Picture(535, "12.0", COPY_ALL, "The same from 12.0 on, through the whole project", "@click 2"),
     Picture(1739, "12.0", ALIGN, "Texts aligned into a column", "@click 2"),
     Picture(525, "12.0", PROPERTIES, "Properties of many texts at once", "@click 2"),
     Picture(1596, "12.0", EDIT_PROPERTY, "Properties given to texts, and the project's sets of them", "@click 2"),

@@ -5,11 +5,11 @@
 #include <limits>
 
 #include "module/countup/copy_cup_ids.h"
-#include "module/drawing/input_filter.h"
 #include "module/countup/radix_table.h"
 #include "module/countup/step_fields.h"
 #include "module/drawing/current_database.h"
 #include "module/drawing/drawing_scale.h"
+#include "module/drawing/input_filter.h"
 #include "module/drawing/number_text.h"
 #include "module/frame/dialog_items.h"
 #include "module/frame/gates.h"

@@ -2,10 +2,10 @@
 #include <cmath>
 #include <cstdint>
 
-#include "module/drawing/input_filter.h"
 #include "module/countup/pattern_layout.h"
 #include "module/countup/radix_rules.h"
 #include "module/countup/radix_table.h"
+#include "module/drawing/input_filter.h"
 #include "module/drawing/layers.h"
 #include "module/drawing/text_styles.h"
 #include "module/frame/dialog_items.h"

@@ -183,8 +183,8 @@ std::string motorDrawing(const DrawingForm& form) {
   return drawingWith({{"NAME", "M1"}, {"SENBAN1", "101", "WIRENO", "2.5", "10.0", "30.0"}}, form);
 }
 
-std::string textDrawing() {
-  std::string drawing = drawingWith({});
+std::string textDrawing(const std::vector<Attribute>& attributes) {
+  std::string drawing = drawingWith(attributes);
   const auto text = [](const char* handle, const char* y, const char* value) {
     return std::string("  0\nTEXT\n  5\n") + handle +
            "\n330\n1F\n100\nAcDbEntity\n  8\n0\n100\nAcDbText\n 10\n10.0\n 20\n" + y +

@@ -31,8 +31,8 @@ std::string drawingWith(const std::vector<Attribute>& attributes, const DrawingF
 /// Two attributes: NAME "M1" and SENBAN1 "101".
 std::string motorDrawing(const DrawingForm& form = {});
 
-/// A reference without attributes, and texts X001 (handle 60) at 10,10 and A-9 (61) at 10,20.
-std::string textDrawing();
+/// A reference with these attributes, and texts X001 (handle 60) at 10,10 and A-9 (61) at 10,20.
+std::string textDrawing(const std::vector<Attribute>& attributes = {});
 
 /// An R12 drawing of these sections' records; `tables` and `blocks` may be empty.
 std::string drawing(const std::string& entities, const std::string& blocks = {},

@@ -167,8 +167,29 @@ const Scene kEditProperty = {
      "@check 1969 on\n@click 1\n@select 60", "@click 1958\n@closedrawing"},
 };
 
+/// Its drawings are chosen from those that the run has; what it writes itself are further files.
+const Scene kPropertyCopy = {
+    {"KOVRA_ATTR_COPY", "KOVRA_ATTR_COPY\n@check 1968 on", "KOVRA_ATTR_COPY_ALL",
+     "@project p7\nKOVRA_ATTR_COPY_ALL", "KOVRA_ATTR_COPY\n@check 1973 on\n@check 1967 on"},
+    {"@check 1984 0 on", "@check 1984 1 on", "@check 1984 1 off", "@check 1973 on",
+     "@check 1973 off", "@type 1931 \"\"", "@type 1931 NAME,S*", "@type 1931 ,,", "@check 1967 on",
+     "@check 1967 off", "@check 1968 on", "@check 1969 on", "@check 1970 on", "@check 1971 on",
+     "@choose 1978 #0", "@type 1978 LOCKED", "@type 1979 3", "@type 1979 \"\"", "@type 1980 x",
+     "@type 1981 -720.5", "@choose 1982 #8", "@check 2014 on", "@choose 2013 #0", "@choose 2013 #1",
+     "@choose 2013 #2", "@choose 2013 #3", "@key 1984 Tab", "@dialog", "@place 7 7",
+     // picks, ended, cancelled and left waiting
+     "@click 1960\n@pick 100", "@click 1960\n@pick 60\n@esc", "@click 1960\n@enter",
+     "@click 1958\n@pick 61", "@click 1953\n@pick 60", "@click 1954\n@esc",
+     "@click 1957\n@pick 900,900", "@click 1958"},
+    {"@click 1", "@click 2", "@esc", "@close", "@click 1\n@select all\n@enter",
+     "@choose 2013 #0\n@click 1\n@esc", "@choose 2013 #1\n@click 1\nU",
+     "@files ../b.dxf ../other.dxf\n@choose 2013 #2\n@click 1", "@files\n@choose 2013 #2\n@click 1",
+     "@choose 2013 #3\n@click 1\n@activate b.dxf\nU", "@click 1\n@closedrawing"},
+};
+
 const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog,       &kTextsOneByOne,
-                                &kTextAlign,   &kChangeProperties, &kEditProperty};
+                                &kTextAlign,   &kChangeProperties, &kEditProperty,
+                                &kPropertyCopy};
 
 /// What must have been seen, so that the random users aren't kept out by a closed door.
 const Pieces kSeen = {"The number of rows must be",
@@ -198,7 +219,12 @@ const Pieces kSeen = {"The number of rows must be",
                       "attribute to take the justification from",
                       "Replace them?",
                       "couldn't be saved",
-                      "Specify point for the texts:"};
+                      "Specify point for the texts:",
+                      "attribute to take the tag",
+                      "text or attribute to take all",
+                      "Select block references or",
+                      "/b.dxf]",
+                      "Attributes changed in 1 "};
 
 class RandomTest : public ProgramTest {
  protected:
@@ -226,9 +252,10 @@ class RandomTest : public ProgramTest {
 TEST_F(RandomTest, NoCrashNoHangAndADrawingThatLoads) {
   for (const auto& [name, version] :
        {std::pair{"p", "12.0"}, {"p6", "6.0"}, {"p7", "7.00"}, {"p15", "15.0"}}) {
-    write(std::string(name) + "/project.ini", std::string("[Project]\nDataVersion=") + version);
+    write(std::string(name) + "/project.ini", "[Project]\nDataVersion=" + std::string(version) +
+                                                  "\n[Drawings]\n1=../a.dxf\n2=../b.dxf\n");
   }
-  const std::string drawing = textDrawing();
+  const std::string drawing = textDrawing({{"NAME", "M1", "0", "2.5", "40.0"}});
   std::string transcripts;
   for (unsigned seed = 1; seed <= kRuns; ++seed) {
     random.seed(seed);

@@ -7,24 +7,7 @@ namespace {
 
 constexpr int kOk = 1;
 
-class Text7DialogTest : public Text7Run {
- protected:
-  /// "on" or "off" for each control, with a '-' before hidden ones; "none" without the control.
-  static std::string states(const std::string& out, const std::vector<int>& ids) {
-    std::string all;
-    for (const int id : ids) {
-      const std::string line = shown(out, id, true);
-      if (!all.empty()) all += ' ';
-      if (line == "none") {
-        all += line;
-        continue;
-      }
-      if (line.find(" hidden") != std::string::npos) all += '-';
-      all += line.find(" enabled ") != std::string::npos ? "on" : "off";
-    }
-    return all;
-  }
-};
+using Text7DialogTest = Text7Run;
 
 TEST_F(Text7DialogTest, WhatOkNeeds) {
   const std::string value = "@type 1937 X\n";

@@ -73,6 +73,21 @@ class Text7Run : public ProgramTest {
     }
     return all;
   }
+  /// "on" or "off" for each control, with a '-' before hidden ones; "none" without the control.
+  static std::string states(const std::string& out, const std::vector<int>& ids) {
+    std::string all;
+    for (const int id : ids) {
+      const std::string line = shown(out, id, true);
+      if (!all.empty()) all += ' ';
+      if (line == "none") {
+        all += line;
+        continue;
+      }
+      if (line.find(" hidden") != std::string::npos) all += '-';
+      all += line.find(" enabled ") != std::string::npos ? "on" : "off";
+    }
+    return all;
+  }
   static std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
  private:

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "module/drawing/attachment.h"
 #include "module/propcopy/alignment_codes.h"
 #include "module/propcopy/line_options.h"
 #include "module/propcopy/tag_patterns.h"
@@ -121,6 +122,17 @@ TEST(AlignmentCodes, SetModes) {
   for (const auto& each : cases) {
     EXPECT_EQ(alignmentModes(each.code), (CodeModes{each.vertical, each.horizontal})) << each.code;
   }
+}
+
+TEST(AlignmentCodes, EachRowOfTheComboBoxHasTheCodeOfItsModes) {
+  for (int row = 0; row < kAttachments; ++row) {
+    int horizontal = 0;
+    int vertical = 0;
+    AttachIndexToModes(row, horizontal, vertical);
+    EXPECT_FALSE(AlignmentCode(row).empty()) << row;
+    EXPECT_EQ(alignmentModes(AlignmentCode(row)), (CodeModes{vertical, horizontal})) << row;
+  }
+  EXPECT_TRUE(AlignmentCode(-1).empty() && AlignmentCode(kAttachments).empty());
 }
 
 TEST(AlignmentCodes, AnchorIsThePositionOnTheBaseLineOnly) {

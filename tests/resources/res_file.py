@@ -24,7 +24,7 @@ class Control:
         """The kind by class and style: what a user would call it."""
         low = self.style & 0xF
         if self.window_class == "BUTTON":
-            return {0: "button", 1: "button", 3: "check", 7: "frame", 9: "radio"}.get(low, f"button {low}")
+            return {0: "button", 1: "button", 3: "check", 7: "frame", 9: "radio", 11: "drawn button"}.get(low, f"button {low}")
         if self.window_class == "COMBOBOX":
             return {1: "combo simple", 2: "combo edit", 3: "combo list"}[self.style & 3]
         if self.window_class == "EDIT":

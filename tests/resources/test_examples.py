@@ -3,6 +3,7 @@ Usage: test_examples.py SOURCE-ROOT PROGRAM"""
 
 import csv
 import io
+import re
 import shutil
 import subprocess
 import sys
@@ -57,7 +58,8 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "change_properties.kovra", "count_up.kovra",
-                                   "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra"})
+                                   "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra",
+                                   "property_copy.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -85,6 +87,12 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
+                everywhere = self.run_on_copy("property_copy.kovra", language, folder)
+                for name, result in everywhere.items():
+                    listed = [row for row in texts(ROOT / "examples" / "panel" / f"{name}.dxf").values()
+                              if row["space"] == "model" and re.fullmatch(r"NAME\d?", row["tag"])
+                              or (name, row["space"], row["tag"]) == ("motor-1", "model", "CAP")]
+                    self.assertEqual(result, ([], len(listed)))
 
 
 if __name__ == "__main__":

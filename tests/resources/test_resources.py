@@ -67,6 +67,11 @@ def joined(*parts):
     return whole
 
 
+COPY_PROP = {
+    "button": [1, 2, *range(1953, 1958)], "drawn button": [1960], "check": [1967, 1968, 1969, 1970, 1973],
+    "radio": [1974, 1975], "combo edit": range(1978, 1982), "edit": [1931], "syslistview32": [1984],
+}
+COPY_PROP_533 = joined(COPY_PROP, {"button": [1958], "check": [1971], "combo list": [1982]})
 CONTROLS = {
     523: TEXT_523,
     526: COUNT_UP,
@@ -76,17 +81,21 @@ CONTROLS = {
     534: joined(TEXT_529, TEXT_532, TEXT_534),
     1641: joined(TEXT_529, TEXT_532, TEXT_534, {"check": [4514]}),
     1739: ALIGN,
+    530: COPY_PROP,
+    533: COPY_PROP_533,
+    535: joined({kind: ids for kind, ids in COPY_PROP_533.items() if kind != "radio"}, {"check": [2014], "combo list": [2013]}),
     525: PROPERTIES,
     1596: EDIT_PROPERTY,
 }
-MODAL = (526, 531, 1739, 525, 1596)
-ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1772: [16, 32]}
+MODAL = (526, 531, 530, 533, 535, 1739, 525, 1596)
+ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1770: [16, 32], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.
 ONE_LINE = {1931, *range(1943, 1948), *range(1932, 1937), 1977, 1978, 2003}
 MANY_LINES = {1937, 2002, 2009}
-# Icon buttons whose caption serves as their tool tip: it needn't fit, and has no access key.
+# Icon buttons whose caption serves as their tool tip or names them: it needn't fit, and has no access key.
 TOOL_TIPS = {526: {1957, 1958, 1959}, 531: {1957, 1958, 1959}, 1739: {4663, 4664}}
+TOOL_TIPS.update({template: {1960} for template in (530, 533, 535)})
 TOOL_TIPS.update({template: {1964, 1965, 1966} for template in (529, 532, 534, 1641)})
 TOOL_TIP_LIMIT = 160
 # In dialog units: a line of text, and the close box with its margins in a dialog's title bar.
