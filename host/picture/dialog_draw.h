@@ -29,6 +29,7 @@ class DialogDraw {
   void field(const Control& control);
   void fieldLines(const Control& control, const Bounds& room);
   void combo(const Control& control);
+  void arrows(const Control& control);
   void button(const Bounds& box, bool enabled, bool pressed, bool defaulted);
   void box(const Bounds& box, Rgb inside, Rgb edge);
   void line(Spot from, Spot to, Rgb color, double width = 1);

@@ -10,6 +10,7 @@
 
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/pump.h"
+#include "platform/win/controls/up_down.h"
 #include "platform/win/desktop/desktop.h"
 #include "platform/win/desktop/user_input.h"
 #include "platform/win/dialogs/dialogs.h"
@@ -126,6 +127,12 @@ class DialogTest : public testing::Test {
       note(std::to_string(LOWORD(wParam)) + " " +
            codeName(reinterpret_cast<HWND>(lParam), HIWORD(wParam)));
       return TRUE;
+    }
+    if (message == WM_NOTIFY) {
+      const auto* step = reinterpret_cast<const NMUPDOWN*>(lParam);
+      if (step->hdr.code == UDN_DELTAPOS)
+        note(std::to_string(wParam) + " at " + std::to_string(step->iPos) + " by " +
+             std::to_string(step->iDelta));
     }
     if (message == WM_SHOWWINDOW) note(wParam != 0 ? "show" : "hide");
     if (message == WM_SIZE) note("size");

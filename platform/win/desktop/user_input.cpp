@@ -5,6 +5,7 @@
 #include "platform/win/base/wide_text.h"
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/edit_control.h"
+#include "platform/win/controls/up_down_control.h"
 #include "platform/win/desktop/input_keys.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/focus.h"
@@ -34,20 +35,25 @@ InputResult reachable(HWND window) {
   return {};
 }
 
-/// The window's middle in its own client area, as messages of the mouse carry it. The cursor goes
+/// A place in the window's own client area, as messages of the mouse carry it. The cursor goes
 /// there.
+LPARAM moveCursorTo(HWND window, POINT place) {
+  const RECT client = clientOnScreen(window);
+  setCursorPosition({client.left + place.x, client.top + place.y});
+  trackCursor(window);
+  return MAKELPARAM(static_cast<UINT>(place.x), static_cast<UINT>(place.y));
+}
+
+/// The same for the window's middle.
 LPARAM moveCursorTo(HWND window) {
   const RECT client = clientOnScreen(window);
-  const POINT middle{(client.left + client.right) / 2, (client.top + client.bottom) / 2};
-  setCursorPosition(middle);
-  trackCursor(window);
-  return MAKELPARAM(static_cast<UINT>(middle.x - client.left),
-                    static_cast<UINT>(middle.y - client.top));
+  return moveCursorTo(window, {widthOf(client) / 2, heightOf(client) / 2});
 }
 
 bool canBeClicked(HWND control) {
   const std::wstring className = classNameOf(control);
   if (className == L"BUTTON") return buttonKind(control) != BS_GROUPBOX;
+  if (stateOf<UpDownState>(control) != nullptr) return false;  // which of its arrows?
   return className != L"STATIC" || hasStyle(control, SS_NOTIFY);
 }
 
@@ -170,6 +176,16 @@ InputResult doubleClickControl(HWND control) {
 InputResult moveOver(HWND window) {
   if (auto result = reachable(window); !result) return result;
   deliver(window, WM_MOUSEMOVE, 0, moveCursorTo(window));
+  return {};
+}
+
+InputResult pressArrow(HWND control, bool up) {
+  if (auto result = reachable(control); !result) return result;
+  if (stateOf<UpDownState>(control) == nullptr) return refused(control, "has no arrows to press");
+  const LPARAM where = moveCursorTo(control, arrowOf(control, up));
+  deliver(control, WM_MOUSEMOVE, 0, where);
+  deliver(control, WM_LBUTTONDOWN, MK_LBUTTON, where);
+  deliver(control, WM_LBUTTONUP, 0, where);
   return {};
 }
 
