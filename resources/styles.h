@@ -3,6 +3,7 @@
 #pragma once
 
 #ifdef _WIN32
+#include <commctrl.h>
 #include <winresrc.h>
 #else
 
@@ -33,5 +34,7 @@
 #define CBS_DROPDOWNLIST 0x0003
 #define CBS_AUTOHSCROLL 0x0040
 #define CBS_SORT 0x0100
+
+#define UDS_ARROWKEYS 0x0020
 
 #endif

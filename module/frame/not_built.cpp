@@ -9,9 +9,6 @@ constexpr UINT kCommandNotBuilt = 3900;
 
 }  // namespace
 
-void ResizeTextCommand() {
-  ProjectMessage(kCommandNotBuilt);
-}
 void ChangePropertiesCommand() {
   ProjectMessage(kCommandNotBuilt);
 }

@@ -57,7 +57,7 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "count_up.kovra", "place_texts.kovra",
-                                   "place_texts_one_by_one.kovra"})
+                                   "place_texts_one_by_one.kovra", "resize_text.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -79,6 +79,8 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual((aligned["motor-1"], aligned["motor-2"]), (([], 7), ([], 0)))
                 self.assertEqual([(float(text["x"]), float(text["y"])) for text in aligned["terminals"][0]],
                                  [(604, 330 - 10 * row) for row in range(7)])
+                resized = self.run_on_copy("resize_text.kovra", language, folder)
+                self.assertEqual((resized["motor-1"], resized["motor-2"]), (([], 3), ([], 0)))
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
 
