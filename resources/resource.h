@@ -182,6 +182,7 @@
 
 // Dialogs
 #define IDD_TEXT_523 523
+#define IDD_RESIZE_524 524
 #define IDD_COUNT_UP_526 526
 #define IDD_TEXT_529 529
 #define IDD_COUNT_UP_531 531

@@ -3,6 +3,7 @@
 #pragma once
 
 #ifdef _WIN32
+#include <commctrl.h>
 #include <winresrc.h>
 #else
 
@@ -40,5 +41,6 @@
 #define LVS_REPORT 0x0001
 #define LVS_SINGLESEL 0x0004
 #define LVS_NOSORTHEADER 0x8000
+#define UDS_ARROWKEYS 0x0020
 
 #endif

@@ -41,6 +41,7 @@ class Picture:
 
 PICTURES = (
     Picture(523, "6.0", ("KOVRA_TEXT",), "Texts one after another, below data version 7.00", "@esc"),
+    Picture(524, "9.0", ("@preselect E7", "KOVRA_TEXT_RESIZEH"), "The height of one text, step by step"),
     Picture(529, "9.0", COUNTED, "Texts from data version 7.00 on: a counted array"),
     Picture(532, "11.0", COUNTED, "The same from 10.0 on"),
     Picture(534, "12.0", COUNTED, "The same from 12.0 on"),

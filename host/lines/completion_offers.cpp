@@ -45,6 +45,8 @@ std::vector<Offer> commandOffers() {
 bool suits(const win::ControlListing& control, std::wstring_view line) {
   if (!control.visible || !control.enabled) return false;
   const bool field = win::isField(control);
+  if (line == L"@spin") return control.kind == "spin";
+  if (control.kind == "spin") return false;
   if (line == L"@click") return !field;
   if (line == L"@check") return control.check.has_value();
   if (line == L"@choose") return !control.items.empty();

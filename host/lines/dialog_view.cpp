@@ -48,6 +48,7 @@ std::wstring partText(const win::OutlinePart& part) {
   const win::ControlListing& control = *part.control;
   if (control.kind == "label") return control.shown;
   std::wstring text = std::to_wstring(control.id) + L' ';
+  if (control.kind == "spin") return text + L"[+/-]";
   if (control.check) {
     text += checkMark(control) + L' ' + control.shown;
   } else if (control.kind == "button") {

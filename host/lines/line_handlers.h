@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <span>
 #include <string_view>
@@ -14,6 +15,13 @@ namespace kovra::host {
 class TerminalGuide;
 class TextModule;
 
+/// What a line goes on with before the next one is read: once more, each time that everything that
+/// it caused has come to rest, until it fails.
+struct Repetition {
+  int times = 0;
+  std::function<Result<void>()> once;
+};
+
 /// What the handlers of `@` lines work on.
 struct LineContext {
   const RunOptions& options;
@@ -21,6 +29,7 @@ struct LineContext {
   std::ostream& out;               ///< for what is printed also with --quiet
   unsigned usedTemplate = 0;       ///< the dialog that lines mean, by its template; 0: the topmost
   TerminalGuide* guide = nullptr;  ///< of the person at the terminal; null in scripts
+  Repetition rest{};               ///< of the line in progress
 };
 
 /// An `@` line by its name.

@@ -24,6 +24,7 @@ LineRunner::~LineRunner() {
 }
 
 bool LineRunner::dispatchOne() {
+  if (carryOn()) return true;
   settle();
   if (stopped_ || ended_) return cancelWhatWaits();
   if (context_.guide != nullptr) context_.guide->beforeLine();
@@ -76,6 +77,21 @@ void LineRunner::carryOutAt(std::wstring_view text) {
   Arguments arguments(text.substr(nameEnd));
   const Result<void> done = handler->carryOut(context_, arguments);
   if (!done) failure_ = Failure{done.error(), handler->file};
+}
+
+/// False when the line in progress has nothing left to do.
+bool LineRunner::carryOn() {
+  Repetition& rest = context_.rest;
+  if (rest.times == 0) return false;
+  failure_ = takeFailure();
+  if (failure_) {
+    rest = {};
+    return false;
+  }
+  --rest.times;
+  const Result<void> done = rest.once();
+  if (!done) failure_ = Failure{done.error()};
+  return true;
 }
 
 std::optional<LineRunner::Failure> LineRunner::takeFailure() {

@@ -36,6 +36,7 @@ class LineRunner : public win::PumpSource {
   void begin(const InputLine& line);
   void carryOut(std::wstring_view text);
   void carryOutAt(std::wstring_view text);
+  bool carryOn();
   void settle();
   std::optional<Failure> takeFailure();
   void fail(const Failure& failure);

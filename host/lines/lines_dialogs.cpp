@@ -1,4 +1,6 @@
 // Lines for dialogs and their controls.
+#include <cstdlib>
+
 #include "host/lines/dialog_view.h"
 #include "host/lines/line_handlers.h"
 #include "platform/win/base/interaction.h"
@@ -128,6 +130,25 @@ Result<void> checkLine(LineContext& context, Arguments& arguments) {
                : checkControl(window.value(), wanted.value());
 }
 
+/// One press here, the others after it, as fast as a person who waits for what each does.
+Result<void> spinLine(LineContext& context, Arguments& arguments) {
+  const Result<HWND> window = control(context, arguments);
+  if (!window) return window.error();
+  const Result<int> presses = arguments.integer("how many presses, below 0 for downward");
+  if (!presses) return presses.error();
+  if (const Result<void> end = arguments.end(); !end) return end;
+  constexpr int kMostPresses = 100000;
+  if (presses.value() == 0 || std::abs(presses.value()) > kMostPresses) {
+    return refused("@spin presses once at least, and " + std::to_string(kMostPresses) +
+                   " times at most");
+  }
+  const auto press = [arrows = window.value(), up = presses.value() > 0] {
+    return done(win::pressArrow(arrows, up));
+  };
+  context.rest = {std::abs(presses.value()) - 1, press};
+  return press();
+}
+
 Result<void> focusLine(LineContext& context, Arguments& arguments) {
   const Result<HWND> window = control(context, arguments);
   if (!window) return window.error();
@@ -240,6 +261,7 @@ constexpr LineHandler kLines[] = {
      L"picks an item of a list by its text, #N by its index from 0"},
     {L"check", checkLine, false, L"ID [ROW] on|off",
      L"checks a box or not, also that of a list's row (from 0), and says how it stands"},
+    {L"spin", spinLine, false, L"ID N", L"presses an up-down N times, its lower arrow for -N"},
     {L"focus", focusLine, false, L"ID", L"moves the focus"},
     {L"key", keyLine, false, L"ID KEY", L"presses a key there: Tab, F2, Ctrl+C ..."},
     {L"place", placeLine, false, L"X Y [W H]|min", L"moves, sizes or minimises the dialog"},

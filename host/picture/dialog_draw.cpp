@@ -11,6 +11,7 @@
 #include "platform/win/controls/edit_control.h"
 #include "platform/win/controls/painting.h"
 #include "platform/win/controls/static_control.h"
+#include "platform/win/controls/up_down_control.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/window_api.h"
 
@@ -299,6 +300,35 @@ void DialogDraw::combo(const Control& control) {
   canvas_.stroke(arrow, control.ink(), 1.2);
 }
 
+/// The two arrows of an up-down.
+void DialogDraw::arrows(const Control& control) {
+  const bool sideways = (control.style & UDS_HORZ) != 0;
+  const Spot middle{(control.box.left + control.box.right) / 2,
+                    (control.box.top + control.box.bottom) / 2};
+  for (const bool up : {true, false}) {
+    Bounds half = control.box;
+    if (sideways) {
+      (up ? half.left : half.right) = std::floor(middle.x);
+    } else {
+      (up ? half.bottom : half.top) = std::floor(middle.y);
+    }
+    button(half, control.listing.enabled, false, false);
+    const Spot at{(half.left + half.right) / 2, (half.top + half.bottom) / 2};
+    const double reach = up ? 1.5 : -1.5;
+    Path arrow;
+    if (sideways) {
+      arrow.moveTo({at.x - reach, at.y - 3});
+      arrow.lineTo({at.x + reach, at.y});
+      arrow.lineTo({at.x - reach, at.y + 3});
+    } else {
+      arrow.moveTo({at.x - 3, at.y + reach});
+      arrow.lineTo({at.x, at.y - reach});
+      arrow.lineTo({at.x + 3, at.y + reach});
+    }
+    canvas_.fill(arrow, control.ink());
+  }
+}
+
 void DialogDraw::control(const Control& control) {
   using Draw = void (DialogDraw::*)(const Control&);
   static const std::map<std::string_view, Draw> kKinds = {
@@ -307,6 +337,7 @@ void DialogDraw::control(const Control& control) {
       {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
       {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
       {"list", &DialogDraw::list},
+      {"spin", &DialogDraw::arrows},
   };
   const auto draw = kKinds.find(control.listing.kind);
   if (draw != kKinds.end()) return (this->*draw->second)(control);

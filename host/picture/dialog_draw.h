@@ -32,6 +32,7 @@ class DialogDraw {
   void list(const Control& control);
   /// `check` is 0, 1 or 2 (in between).
   void checkBox(Spot corner, int check, bool enabled);
+  void arrows(const Control& control);
   void button(const Bounds& box, bool enabled, bool pressed, bool defaulted);
   void box(const Bounds& box, Rgb inside, Rgb edge);
   void line(Spot from, Spot to, Rgb color, double width = 1);

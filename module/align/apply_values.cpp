@@ -3,11 +3,11 @@
 #include <optional>
 
 #include "module/align/alignments.h"
-#include "module/align/open_text.h"
 #include "module/align/text_anchor.h"
 #include "module/drawing/angles.h"
 #include "module/drawing/current_database.h"
 #include "module/drawing/number_text.h"
+#include "module/drawing/open_text.h"
 #include "module/drawing/text_styles.h"
 
 namespace kovra {

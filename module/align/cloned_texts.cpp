@@ -1,7 +1,7 @@
 #include "module/align/cloned_texts.h"
 
-#include "module/align/open_text.h"
 #include "module/drawing/current_database.h"
+#include "module/drawing/open_text.h"
 
 namespace kovra {
 namespace {

@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "module/align/apply_values.h"
-#include "module/align/open_text.h"
 #include "module/align/text_anchor.h"
 #include "module/drawing/current_database.h"
+#include "module/drawing/open_text.h"
 
 namespace kovra {
 namespace {

@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
-#include "module/align/open_text.h"
 #include "module/align/text_anchor.h"
 #include "module/drawing/group_list.h"
+#include "module/drawing/open_text.h"
 #include "module/drawing/selection_set.h"
 #include "module/drawing/symbol_tables.h"
 #include "module/drawing/text_styles.h"

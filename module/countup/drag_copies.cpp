@@ -2,6 +2,7 @@
 
 #include "module/countup/count_up_value.h"
 #include "module/countup/hidden_copies.h"
+#include "module/drawing/coordinates.h"
 #include "module/drawing/text_entity.h"
 #include "module/frame/reporting.h"
 
@@ -18,10 +19,9 @@ constexpr double DragOffset = 9999.0;
 ads_point DragBasePoint = {};
 
 int DragTransform(ads_point cursor, ads_matrix transform) {
-  for (int row = 0; row < 4; ++row) {
-    for (int column = 0; column < 4; ++column) transform[row][column] = row == column ? 1.0 : 0.0;
-  }
-  for (int axis = X; axis <= Z; ++axis) transform[axis][3] = cursor[axis] - DragBasePoint[axis];
+  ads_point way = {};
+  for (int axis = X; axis <= Z; ++axis) way[axis] = cursor[axis] - DragBasePoint[axis];
+  SetTranslation(transform, way);
   return RTNORM;
 }
 

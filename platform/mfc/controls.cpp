@@ -207,3 +207,29 @@ BOOL CListCtrl::GetItemRect(int row, LPRECT rect, UINT part) const {
   rect->left = static_cast<LONG>(part);
   return SendMessage(LVM_GETITEMRECT, wide(row), address(rect)) != 0;
 }
+
+BOOL CSpinButtonCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+  return CWnd::Create(UPDOWN_CLASSW, nullptr, style, rect, parent, id);
+}
+
+void CSpinButtonCtrl::SetRange(short lower, short upper) {
+  SendMessage(UDM_SETRANGE, 0, MAKELPARAM(static_cast<UINT>(upper), static_cast<UINT>(lower)));
+}
+
+void CSpinButtonCtrl::SetRange32(int lower, int upper) {
+  SendMessage(UDM_SETRANGE32, static_cast<WPARAM>(static_cast<LONG_PTR>(lower)), upper);
+}
+
+void CSpinButtonCtrl::GetRange(int& lower, int& upper) const {
+  SendMessage(UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lower), reinterpret_cast<LPARAM>(&upper));
+}
+
+CWnd* CSpinButtonCtrl::SetBuddy(CWnd* buddy) {
+  const HWND window = buddy != nullptr ? buddy->m_hWnd : nullptr;
+  return FromHandle(
+      reinterpret_cast<HWND>(SendMessage(UDM_SETBUDDY, reinterpret_cast<WPARAM>(window))));
+}
+
+CWnd* CSpinButtonCtrl::GetBuddy() const {
+  return FromHandle(reinterpret_cast<HWND>(SendMessage(UDM_GETBUDDY)));
+}

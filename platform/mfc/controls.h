@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/mfc/wnd.h"
+#include "platform/win/controls/up_down.h"
 
 class CButton : public CWnd {
  public:
@@ -161,4 +162,25 @@ class CListCtrl : public CWnd {
 
  private:
   static WPARAM wide(int index) { return static_cast<WPARAM>(static_cast<LONG_PTR>(index)); }
+};
+
+class CSpinButtonCtrl : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  /// The ends of the range; the upper one may be less.
+  void SetRange(short lower, short upper);
+  void SetRange32(int lower, int upper);
+  void GetRange(int& lower, int& upper) const;
+  void GetRange32(int& lower, int& upper) const { GetRange(lower, upper); }
+  /// Give the former position.
+  int SetPos(int position) { return static_cast<SHORT>(SendMessage(UDM_SETPOS, 0, position)); }
+  int SetPos32(int position) { return static_cast<int>(SendMessage(UDM_SETPOS32, 0, position)); }
+  int GetPos() const { return static_cast<int>(SendMessage(UDM_GETPOS)); }
+  int GetPos32(BOOL* failed = nullptr) const {
+    return static_cast<int>(SendMessage(UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(failed)));
+  }
+  /// Gives the former buddy.
+  CWnd* SetBuddy(CWnd* buddy);
+  CWnd* GetBuddy() const;
 };

@@ -29,6 +29,7 @@ std::unique_ptr<CWnd> objectFor(HWND window) {
   if (className == L"EDIT") return std::make_unique<CEdit>();
   if (className == L"COMBOBOX") return std::make_unique<CComboBox>();
   if (className == L"STATIC") return std::make_unique<CStatic>();
+  if (className == L"MSCTLS_UPDOWN32") return std::make_unique<CSpinButtonCtrl>();
   return std::make_unique<CWnd>();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/win/base/wide_text.h"
 #include "platform/win/base/windows_types.h"
 #include "platform/win/controls/painting.h"
+#include "platform/win/controls/up_down.h"
 #include "platform/win/dialogs/message_box.h"
 #include "platform/win/resources/cursors.h"
 #include "platform/win/resources/icons.h"

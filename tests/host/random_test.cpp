@@ -187,9 +187,43 @@ const Scene kPropertyCopy = {
      "@choose 2013 #3\n@click 1\n@activate b.dxf\nU", "@click 1\n@closedrawing"},
 };
 
-const Scene* const kScenes[] = {&kCountUpCopy, &kTextDialog,       &kTextsOneByOne,
-                                &kTextAlign,   &kChangeProperties, &kEditProperty,
-                                &kPropertyCopy};
+const Scene kResizeText = {
+    {"KOVRA_TEXT_RESIZEH\n@pick 60", "@preselect 61\nKOVRA_TEXT_RESIZEH",
+     "KOVRA_TEXT_RESIZEH\n@pick 100", "@preselect all\nKOVRA_TEXT_RESIZEH", "KOVRA_TEXT_RESIZEH"},
+    {"@spin 1930 1",
+     "@spin 1930 -3",
+     "@spin 1930 40",
+     "@key 1931 Up",
+     "@type 1932 0.25",
+     "@type 1932 0",
+     "@type 1932 5000",
+     "@type 1931 7",
+     "@type 1931 1.2.3",
+     "@type 1931 \"\"",
+     "@click 1953\n@pick 61",
+     "@click 1953\n@pick 100",
+     "@click 1953\n@esc",
+     "@click 1953",
+     "@click 1954\n@move 3,3\n@point 9,9",
+     "@click 1954\n@move 1,1\n@esc",
+     "@click 1954",
+     "@click 1954\n@enter",
+     "ORTHOMODE\n1",
+     "KOVRA_TEXT_RESIZEH",
+     "U",
+     "REDO",
+     "ERASE\n@select 60\n@enter",
+     "-LAYER\nLO\n0\n",
+     "-LAYER\nU\n0\n",
+     "@activate a.dxf",
+     "@activate b.dxf",
+     "@dialog"},
+    {"@click 1", "@click 2", "@esc", "@close", "@click 1954\n@move 2,2\n@closedrawing",
+     "@closedrawing", "@reload", "@click 1953\n@open b.dxf"},
+};
+
+const Scene* const kScenes[] = {&kCountUpCopy,      &kTextDialog,   &kTextsOneByOne, &kTextAlign,
+                                &kChangeProperties, &kEditProperty, &kPropertyCopy,  &kResizeText};
 
 /// What must have been seen, so that the random users aren't kept out by a closed door.
 const Pieces kSeen = {"The number of rows must be",
@@ -224,7 +258,10 @@ const Pieces kSeen = {"The number of rows must be",
                       "text or attribute to take all",
                       "Select block references or",
                       "/b.dxf]",
-                      "Attributes changed in 1 "};
+                      "Attributes changed in 1 ",
+                      "The text height must be",
+                      "The step must be",
+                      "Specify new position:"};
 
 class RandomTest : public ProgramTest {
  protected:

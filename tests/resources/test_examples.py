@@ -59,7 +59,7 @@ class ExampleTest(unittest.TestCase):
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "change_properties.kovra", "count_up.kovra",
                                    "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra",
-                                   "property_copy.kovra"})
+                                   "property_copy.kovra", "resize_text.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -85,6 +85,8 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual([changed[sheet] for sheet in ("motor-1", "motor-2", "terminals")], [([], 7), ([], 0), ([], 0)])
                 sets = self.run_on_copy("edit_properties.kovra", language, folder)
                 self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
+                resized = self.run_on_copy("resize_text.kovra", language, folder)
+                self.assertEqual((resized["motor-1"], resized["motor-2"]), (([], 3), ([], 0)))
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
                 everywhere = self.run_on_copy("property_copy.kovra", language, folder)

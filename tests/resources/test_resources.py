@@ -39,6 +39,7 @@ TEXT_523 = {
     "button": [1, 2, 1986, 1988, 1990, 1992, 1994, 1995, 2000], "combo list": [1985, 1993, 1998],
     "combo edit": [1987, 1989, 1991, 1996],
 }
+RESIZE = {"button": [1, 2, 1953, 1954], "msctls_updown32": [1930], "edit": [1931, 1932]}
 TEXT_529 = {
     "button": [1, 2, *range(1960, 1967), 1986, 1988, 1990, 1992, 1994, 1995, 1997, 1999], "check": [1967],
     "radio": [1974, 1975, 1976], "combo list": [1978, 1993], "combo edit": [1985, 1987, 1989, 1991, 1998],
@@ -74,6 +75,7 @@ COPY_PROP = {
 COPY_PROP_533 = joined(COPY_PROP, {"button": [1958], "check": [1971], "combo list": [1982]})
 CONTROLS = {
     523: TEXT_523,
+    524: RESIZE,
     526: COUNT_UP,
     529: TEXT_529,
     531: joined(COUNT_UP, {"edit": [1936], "radio": [1976, 1977]}),
@@ -270,7 +272,7 @@ class DialogTest(unittest.TestCase):
     def test_array_section_of_the_text_dialogs(self):
         """1952 begins the section, which ends before OK; the room left of it is the margin below OK."""
         for _, template, dialog in self.each():
-            if template in (523, *MODAL):
+            if template in (523, 524, *MODAL):
                 continue
             ids = [control.id for control in dialog.controls]
             section = set(ids[ids.index(1952):ids.index(1)])

@@ -11,6 +11,7 @@
 
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/pump.h"
+#include "platform/win/controls/up_down.h"
 #include "platform/win/desktop/desktop.h"
 #include "platform/win/desktop/user_input.h"
 #include "platform/win/dialogs/dialogs.h"
@@ -148,7 +149,15 @@ class DialogTest : public testing::Test {
            codeName(reinterpret_cast<HWND>(lParam), HIWORD(wParam)));
       return TRUE;
     }
-    if (message == WM_NOTIFY) noteRow(*reinterpret_cast<const NMLISTVIEW*>(lParam));
+    if (message == WM_NOTIFY) {
+      const auto* step = reinterpret_cast<const NMUPDOWN*>(lParam);
+      if (step->hdr.code == UDN_DELTAPOS) {
+        note(std::to_string(wParam) + " at " + std::to_string(step->iPos) + " by " +
+             std::to_string(step->iDelta));
+      } else {
+        noteRow(*reinterpret_cast<const NMLISTVIEW*>(lParam));
+      }
+    }
     if (message == WM_SHOWWINDOW) note(wParam != 0 ? "show" : "hide");
     if (message == WM_SIZE) note("size");
     if (message >= WM_USER + 100 && message < WM_USER + 200) {

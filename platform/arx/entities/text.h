@@ -87,6 +87,7 @@ class AcDbText : public AcDbEntity {
   kovra::arx::TextNumbers& numbers() const;
   Acad::ErrorStatus setPoint(const kovra::arx::Property& property, const AcGePoint3d& point);
   Acad::ErrorStatus putPoint(const kovra::arx::Property& property, const AcGePoint3d& inPlane);
+  AcGePoint3d inPlaneOf(const kovra::arx::Property& property, const AcGePoint3d& point);
   kovra::arx::TextShape shape(const AcDbDatabase* database) const;
   Acad::ErrorStatus setFlag(std::int64_t flag, bool on);
 

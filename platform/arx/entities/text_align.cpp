@@ -52,4 +52,21 @@ bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
   return changed;
 }
 
+bool restoreUnusedPoint(RecordEdit& edit, const dxf::RecordDraft& before) {
+  const auto isUnused = [](const dxf::RecordDraft& draft) {
+    return findProperty(draft, kTextAlignment) != dxf::kNoGroup &&
+           !usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
+  };
+  if (!isUnused(edit.draft()) || !isUnused(before)) return false;
+  const AcGePoint3d position = textPoint(edit.draft(), kTextPosition);
+  const AcGePoint3d alignment = textPoint(edit.draft(), kTextAlignment);
+  if (samePoint(position, textPoint(before, kTextPosition)) ||
+      !samePoint(alignment, textPoint(before, kTextAlignment)))
+    return false;
+  dxf::RecordDraft file;
+  if (!edit.loadOriginal(file) || !isUnused(file)) return false;
+  if (!samePoint(position, textPoint(file, kTextPosition))) return false;
+  return edit.setPoint(kTextAlignment, textPoint(file, kTextAlignment));
+}
+
 }  // namespace kovra::arx

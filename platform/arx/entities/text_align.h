@@ -12,4 +12,10 @@ namespace kovra::arx {
 /// points. Says whether something changed.
 bool alignText(RecordEdit& edit, const AcDbDatabase& database);
 
+/// Puts an alignment point that nothing hangs on back to where the file has it, if a change of the
+/// position alone has brought its text back there: what moves the text moves both. Says whether
+/// something changed.
+/// @param before the record before that change
+bool restoreUnusedPoint(RecordEdit& edit, const dxf::RecordDraft& before);
+
 }  // namespace kovra::arx

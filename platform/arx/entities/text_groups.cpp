@@ -182,6 +182,21 @@ bool samePlacement(const dxf::RecordDraft& a, const dxf::RecordDraft& b) {
          readBytes(a, kTextStyle) == readBytes(b, kTextStyle);
 }
 
+bool sameBetweenPoints(const dxf::RecordDraft& a, const dxf::RecordDraft& b) {
+  const TextShape left = textShape(a);
+  const TextShape right = textShape(b);
+  const bool aligned = left.horizontal == AcDb::kTextAlign;
+  const bool sameGiven = aligned
+                             ? readReal(a, kTextWidthFactor, 1) == readReal(b, kTextWidthFactor, 1)
+                             : readReal(a, kTextHeight, 0) == readReal(b, kTextHeight, 0);
+  return sameGiven && readBytes(a, kTextValue) == readBytes(b, kTextValue) &&
+         left.oblique == right.oblique && left.mirroredInX == right.mirroredInX &&
+         left.mirroredInY == right.mirroredInY && left.horizontal == right.horizontal &&
+         left.verticalMode == right.verticalMode && samePoint(left.position, right.position) &&
+         samePoint(left.alignment, right.alignment) &&
+         readBytes(a, kTextStyle) == readBytes(b, kTextStyle);
+}
+
 TextAnchor textAnchor(const dxf::RecordDraft& draft) {
   const bool aligned = usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
   return {textPoint(draft, aligned ? kTextAlignment : kTextPosition),

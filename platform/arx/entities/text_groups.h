@@ -45,6 +45,9 @@ double textRotation(const dxf::RecordDraft& draft);
 TextShape textShape(const dxf::RecordDraft& draft);
 /// Whether both records' groups put their texts in the same place, the style and value included.
 bool samePlacement(const dxf::RecordDraft& a, const dxf::RecordDraft& b);
+/// Whether two aligned or two fitted texts are the same but for what follows from their two points:
+/// the height of an aligned one, the width factor of a fitted one, and the rotation.
+bool sameBetweenPoints(const dxf::RecordDraft& a, const dxf::RecordDraft& b);
 
 /// To the last bit.
 bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b);

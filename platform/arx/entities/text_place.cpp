@@ -47,6 +47,14 @@ bool setElevated(RecordEdit& edit, const Property& property, AcGePoint3d inPlane
   return edit.setPoint(property, inPlane) || changed;
 }
 
+/// What follows from the two points of an aligned or fitted text, as another record has it.
+bool takeShape(const dxf::RecordDraft& from, RecordEdit& edit) {
+  bool changed = edit.setReal(kTextHeight, readReal(from, kTextHeight, 0));
+  changed |= edit.setReal(kTextWidthFactor, readReal(from, kTextWidthFactor, 1), 1);
+  changed |= edit.setReal(kTextRotation, readReal(from, kTextRotation, 0), 0);
+  return changed;
+}
+
 AcGePoint3d toWorld(const TextNumbers& numbers, const AcGePoint3d& inPlane) {
   return numbers.inWorldPlane ? inPlane : ocsToWcs(inPlane, numbers.normal);
 }
@@ -111,7 +119,21 @@ Acad::ErrorStatus AcDbText::setPoint(const Property& property, const AcGePoint3d
   const AcGePoint3d& present = isPosition(property) ? known.shape.position : known.shape.alignment;
   if (samePoint(toWorld(known, present), point) && (isStored || isDefaultAlignment()))
     return Acad::eOk;
-  return putPoint(property, known.inWorldPlane ? point : wcsToOcs(point, known.normal));
+  return putPoint(property, known.inWorldPlane ? point : inPlaneOf(property, point));
+}
+
+/// A point that is again where the file has it gets the file's numbers, to the last digit.
+AcGePoint3d AcDbText::inPlaneOf(const Property& property, const AcGePoint3d& point) {
+  const AcGeVector3d normal = numbers().normal;
+  const AcDbDatabase* own = database();
+  if (own != nullptr && recordIndex() < own->store().originalCount()) {
+    dxf::RecordDraft file;
+    file.decode(own->store().originalBytes(recordIndex()), own->store().dialect());
+    const std::optional<AcGePoint3d> stored = readPoint(file, property);
+    const bool sameNormal = samePoint(textNormal(file).asPoint(), normal.asPoint());
+    if (stored && sameNormal && samePoint(ocsToWcs(*stored, normal), point)) return *stored;
+  }
+  return wcsToOcs(point, normal);
 }
 
 /// Where the record has the point already, the change is held back: a drag moves its texts far more
@@ -152,6 +174,9 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* given) {
   if (!isBetweenPoints(line)) return putPoint(kTextPosition, place.position);
   return applyPlaced(
       [&](RecordEdit& edit) {
+        dxf::RecordDraft file;
+        if (edit.loadOriginal(file) && sameBetweenPoints(file, edit.draft()))
+          return takeShape(file, edit);
         bool changed = edit.setReal(kTextHeight, place.height);
         changed |= edit.setReal(kTextWidthFactor, place.widthFactor, 1);
         if (place.rotation != textRotation(edit.draft()))
@@ -173,9 +198,12 @@ void AcDbText::subClose() {
   if (!placeChanged_) return;
   placeChanged_ = false;
   apply([&](RecordEdit& edit) { return alignText(edit, *database()); });
-  if (groups().embedded().empty()) return;
+  const bool unusedPoint = isDefaultAlignment() && numbers().hasAlignment;
+  if (!unusedPoint && groups().embedded().empty()) return;
   dxf::RecordDraft before;
   database()->store().load(recordIndex(), before);
+  if (unusedPoint) apply([&](RecordEdit& edit) { return restoreUnusedPoint(edit, before); });
+  if (groups().embedded().empty()) return;
   const TextAnchor anchor = textAnchor(before);
   apply([&](RecordEdit& edit) {
     syncEmbedded(edit.draft(), anchor);

@@ -145,7 +145,7 @@ std::vector<OutlineGroup> inOrder(std::vector<Block> blocks) {
 
 bool isField(const ControlListing& control) {
   return !control.check && !isLabel(control) && control.kind != "button" &&
-         control.kind != "icon" && control.kind != "group";
+         control.kind != "icon" && control.kind != "group" && control.kind != "spin";
 }
 
 std::vector<OutlineGroup> outlineOf(const DialogListing& dialog) {

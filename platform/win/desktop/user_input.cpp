@@ -5,6 +5,7 @@
 #include "platform/win/base/wide_text.h"
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/edit_control.h"
+#include "platform/win/controls/up_down_control.h"
 #include "platform/win/desktop/input_keys.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/focus.h"
@@ -51,6 +52,7 @@ POINT middleOf(HWND window) {
 bool canBeClicked(HWND control) {
   const std::wstring className = classNameOf(control);
   if (className == L"BUTTON") return buttonKind(control) != BS_GROUPBOX;
+  if (stateOf<UpDownState>(control) != nullptr) return false;  // which of its arrows?
   return className != L"STATIC" || hasStyle(control, SS_NOTIFY);
 }
 
@@ -177,6 +179,16 @@ InputResult doubleClickControl(HWND control) {
 InputResult moveOver(HWND window) {
   if (auto result = reachable(window); !result) return result;
   deliver(window, WM_MOUSEMOVE, 0, moveCursorTo(window, middleOf(window)));
+  return {};
+}
+
+InputResult pressArrow(HWND control, bool up) {
+  if (auto result = reachable(control); !result) return result;
+  if (stateOf<UpDownState>(control) == nullptr) return refused(control, "has no arrows to press");
+  const LPARAM where = moveCursorTo(control, arrowOf(control, up));
+  deliver(control, WM_MOUSEMOVE, 0, where);
+  deliver(control, WM_LBUTTONDOWN, MK_LBUTTON, where);
+  deliver(control, WM_LBUTTONUP, 0, where);
   return {};
 }
 

@@ -38,6 +38,8 @@ InputResult clickControl(HWND control);
 InputResult doubleClickControl(HWND control);
 /// Moves the cursor over a window without pressing anything.
 InputResult moveOver(HWND window);
+/// Presses an arrow of an up-down once.
+InputResult pressArrow(HWND control, bool up);
 InputResult chooseItem(HWND control, std::wstring_view text);
 InputResult chooseIndex(HWND control, int index);
 /// Clicks the check box of an item of a list, scrolled into sight.
