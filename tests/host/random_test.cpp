@@ -8,7 +8,7 @@
 namespace kovra::test {
 namespace {
 
-constexpr int kRuns = 50;
+constexpr int kRuns = 60;
 constexpr int kPiecesPerRun = 30;
 
 using Pieces = std::vector<const char*>;
@@ -132,10 +132,10 @@ const Scene kResizeText = {
      "@spin 1930 40",
      "@key 1931 Up",
      "@type 1932 0.25",
-     "@type 1932 0",
+     "@type 1932 0\n@spin 1930 1",
      "@type 1932 5000",
      "@type 1931 7",
-     "@type 1931 1.2.3",
+     "@type 1931 1.2.3\n@click 1",
      "@type 1931 \"\"",
      "@click 1953\n@pick 61",
      "@click 1953\n@pick 100",
