@@ -336,8 +336,7 @@ void DialogDraw::control(const Control& control) {
       {"icon", &DialogDraw::label},  {"button", &DialogDraw::pushButton},
       {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
       {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
-      {"list", &DialogDraw::list},
-      {"spin", &DialogDraw::arrows},
+      {"list", &DialogDraw::list},   {"spin", &DialogDraw::arrows},
   };
   const auto draw = kKinds.find(control.listing.kind);
   if (draw != kKinds.end()) return (this->*draw->second)(control);

@@ -146,7 +146,8 @@ void moveTo(const ads_name entity, const ads_point place) {
 
 }  // namespace
 
-TextChange TextChangeOf(const TextPropertyFlags& checks, const TextValues& values, int attachIndex) {
+TextChange TextChangeOf(const TextPropertyFlags& checks, const TextValues& values,
+                        int attachIndex) {
   const auto number = [&](TextProperty property) { return _wtof(values[property].GetString()); };
   TextChange change;
   change.checks = checks;
