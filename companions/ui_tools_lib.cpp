@@ -69,7 +69,7 @@ int SelectObjectsSorted(const char* prompt, AcDbObjectIdArray& ids, const resbuf
   const std::wstring text = kovra::win::fromUtf8(prompt ? prompt : "");
   const ACHAR* prompts[] = {prompt ? text.c_str() : nullptr, nullptr};
   ads_name selection;
-  const int status = acedSSGet(L":$", prompts, nullptr, filter, selection);
+  const int status = acedSSGet(L":$:N", prompts, nullptr, filter, selection);
   if (status != RTNORM) return status;
   ids = idsOf(selection);
   acedSSFree(selection);

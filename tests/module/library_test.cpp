@@ -126,11 +126,5 @@ TEST(Library, RegistrySwitchOrVersion15AdoptsTextStyles) {
   }
 }
 
-TEST(Library, CommandsThatAreMissingSaySo) {
-  ModuleRun run;
-  run.exported(1007)();
-  EXPECT_EQ(run.takeTranscript(), "This command isn't available in this version.");
-}
-
 }  // namespace
 }  // namespace kovra::test

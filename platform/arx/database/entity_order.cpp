@@ -37,6 +37,12 @@ void forEachEntityOfAllSpaces(const AcDbDatabase& database,
       forEachOf(structure, block, work);
 }
 
+dxf::RecordIndex attributeOwner(const AcDbDatabase& database, dxf::RecordIndex record) {
+  const bool isAttribute =
+      database.store().kind(record) == dxf::RecordKind::kAttrib && !database.store().erased(record);
+  return isAttribute ? database.structure().insertOf(record) : dxf::kNoRecord;
+}
+
 bool isEntityOfCurrentSpace(const AcDbDatabase& database, dxf::RecordIndex record) {
   const dxf::RecordStore& store = database.store();
   const dxf::RecordKind kind = store.kind(record);

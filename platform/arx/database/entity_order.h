@@ -16,6 +16,8 @@ void forEachEntity(const AcDbDatabase& database, const std::function<void(dxf::R
 /// The same of every space of the drawing, model space first.
 void forEachEntityOfAllSpaces(const AcDbDatabase& database,
                               const std::function<void(dxf::RecordIndex)>& work);
+/// The block reference that a record is an attribute of; kNoRecord for what is none or erased.
+dxf::RecordIndex attributeOwner(const AcDbDatabase& database, dxf::RecordIndex record);
 /// Whether the record is an entity of the current space and of nothing else.
 bool isEntityOfCurrentSpace(const AcDbDatabase& database, dxf::RecordIndex record);
 

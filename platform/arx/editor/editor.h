@@ -72,7 +72,8 @@ int acedNEntSelP(const ACHAR* prompt, ads_name entity, ads_point point, int pick
 
 /// `mode` null: asks; "I": the implied selection; "X": every entity of every space, also on locked,
 /// off and frozen layers; "_" before a letter is allowed; ":$": asks with the two prompts (adding,
-/// removing) that `first` points at, an array of two texts; "W" and "C": the box of two points.
+/// removing) that `first` points at, an array of two texts; ":N": asks, and attributes of block
+/// references can be selected by themselves; "W" and "C": the box of two points.
 /// `filter`: group codes and values, wild cards in texts. RTERROR when nothing is selected.
 int acedSSGet(const ACHAR* mode, const void* first, const void* second, const resbuf* filter,
               ads_name set);

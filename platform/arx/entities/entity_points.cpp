@@ -248,18 +248,21 @@ class Shifting {
     const auto coordinate = static_cast<unsigned>(*coordinateOf(row, draft_.code(group)));
     if (row.role == Role::kMatrix) {
       // The fourth number of each of the first three rows is the matrix's own displacement.
-      if (matrixNumber_ % 4 == 3 && matrixNumber_ < 12) add(group, by_.world[matrixNumber_ / 4]);
+      if (matrixNumber_ % 4 == 3 && matrixNumber_ < 12) add(group, by_.world, matrixNumber_ / 4);
       ++matrixNumber_;
       return;
     }
     const AcGeVector3d& by = row.role == Role::kWorld ? by_.world : by_.plane;
     if (row.role == Role::kHeight || row.role == Role::kElevation) heightSeen_ = true;
     if (coordinate == 0 && by.z != 0 && isSpatial(row.role)) ensureHeight(group);
-    if (row.role != Role::kHeight || coordinate == 2) add(group, by[coordinate]);
+    if (row.role != Role::kHeight || coordinate == 2) add(group, by, coordinate);
   }
 
-  void add(std::size_t group, double by) {
-    if (by != 0) draft_.setReal(group, draft_.real(group) + by);
+  void add(std::size_t group, const AcGeVector3d& by, unsigned coordinate) {
+    if (by[coordinate] == 0) return;
+    const double value = draft_.real(group);
+    const bool isPoint = by_.fromTo && value == by_.fromTo->first[coordinate];
+    draft_.setReal(group, isPoint ? by_.fromTo->second[coordinate] : value + by[coordinate]);
   }
 
   /// Gives a point that has no z one, behind its y, unless the record has a height for all.
@@ -297,13 +300,26 @@ class Shifting {
 
 }  // namespace
 
-Displacement displacementIn(const AcGeVector3d& normal, const AcGeVector3d& world) {
-  AcGeVector3d plane = AcGeVector3d(world).transformBy(wcsToOcs(normal));
+Displacement displacementBy(const AcGeVector3d& vector) {
+  return {vector, vector, std::nullopt};
+}
+
+Displacement displacementOf(const AcGePoint3d& from, const AcGePoint3d& to) {
+  Displacement displacement = displacementBy(to - from);
+  displacement.fromTo = {from, to};
+  return displacement;
+}
+
+Displacement displacementIn(const AcGeVector3d& normal, const Displacement& world) {
+  Displacement by = world;
+  by.plane.transformBy(wcsToOcs(normal));
   // What rounding leaves of a displacement along an axis would become a height of its own.
-  const double noise = 1e-15 * world.length();
+  const double noise = 1e-15 * world.world.length();
   for (unsigned i = 0; i < 3; ++i)
-    if (std::fabs(plane[i]) <= noise) plane[i] = 0;
-  return {world, plane};
+    if (std::fabs(by.plane[i]) <= noise) by.plane[i] = 0;
+  const bool turned = normal.x != 0 || normal.y != 0 || !(normal.z > 0);
+  if (turned) by.fromTo.reset();
+  return by;
 }
 
 bool hasKnownPoints(std::string_view typeName) {

@@ -38,11 +38,11 @@ bool isFace(const dxf::RecordDraft& draft) {
 /// One displacement of entities of a drawing.
 class Translation {
  public:
-  Translation(AcDbDatabase& database, const AcGeVector3d& vector)
+  Translation(AcDbDatabase& database, const Displacement& displacement)
       : database_(database),
         store_(database.store()),
         structure_(database.structure()),
-        vector_(vector) {}
+        displacement_(displacement) {}
 
   /// An entity that is moved by itself, so not once more with another.
   void choose(dxf::RecordIndex entity) { chosen_.insert(entity); }
@@ -59,13 +59,14 @@ class Translation {
   void moveRecord(dxf::RecordIndex record, const std::optional<AcGeVector3d>& plane = {}) {
     changeRecord(database_, record, [&](RecordEdit& edit) {
       dxf::RecordDraft& draft = edit.draft();
-      Displacement by = displacementIn(entityNormal(draft), vector_);
+      Displacement by = displacementIn(entityNormal(draft), displacement_);
+      if (plane) by.fromTo.reset();
       if (isFace(draft))
         by.plane = AcGeVector3d();
       else if (plane)
         by.plane = *plane;
       shiftPoints(draft, by);
-      translateProxyGraphics(draft, vector_);
+      translateProxyGraphics(draft, displacement_.world);
     });
   }
 
@@ -76,8 +77,8 @@ class Translation {
     if (store_.kind(main) == RecordKind::kPolyline) {
       store_.load(main, draft_);
       const bool inSpace = (flagsOf(draft_) & kInSpace) != 0;
-      own = inSpace ? AcGeVector3d() : displacementIn(entityNormal(draft_), vector_).plane;
-      ofVertices = inSpace ? vector_ : own;
+      own = inSpace ? AcGeVector3d() : displacementIn(entityNormal(draft_), displacement_).plane;
+      ofVertices = inSpace ? displacement_.world : own;
     }
     moveRecord(main, own);
     const dxf::RecordIndex end = structure_.pastSubordinates(main);
@@ -93,7 +94,7 @@ class Translation {
     if (block == dxf::kNoBlock) return;
     if (!isMovable(block)) {
       changeRecord(database_, dimension, [&](RecordEdit& edit) {
-        const AcGeVector3d by = displacementIn(entityNormal(edit.draft()), vector_).plane;
+        const AcGeVector3d by = displacementIn(entityNormal(edit.draft()), displacement_).plane;
         edit.setPoint(kBlockOffset,
                       readPoint(edit.draft(), kBlockOffset).value_or(AcGePoint3d()) + by);
       });
@@ -146,7 +147,7 @@ class Translation {
   AcDbDatabase& database_;
   const dxf::RecordStore& store_;
   const dxf::Structure& structure_;
-  AcGeVector3d vector_;
+  Displacement displacement_;
   std::unordered_set<dxf::RecordIndex> chosen_;
   /// How many dimensions and references show a block; counted when it is needed.
   std::optional<std::unordered_map<dxf::BlockNumber, int>> uses_;
@@ -180,11 +181,11 @@ AcGeVector3d entityNormal(AcDbObjectId id) {
 }
 
 std::vector<AcDbObjectId> translateEntities(std::span<const AcDbObjectId> ids,
-                                            const AcGeVector3d& vector) {
+                                            const Displacement& displacement) {
   std::vector<AcDbObjectId> left;
   if (ids.empty()) return left;
   AcDbDatabase& database = *ids.front().database();
-  Translation translation(database, vector);
+  Translation translation(database, displacement);
   for (const AcDbObjectId& id : ids) translation.choose(id.index());
   for (const AcDbObjectId& id : ids) {
     if (hasKnownPoints(database.store().typeName(id.index())) && canBeWritten(id))

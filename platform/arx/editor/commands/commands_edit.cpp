@@ -17,7 +17,7 @@ namespace kovra::arx {
 namespace {
 
 /// How far a MOVE goes, in world coordinates; nothing when cancelled.
-std::optional<AcGeVector3d> askDisplacement(AcApDocument& document) {
+std::optional<Displacement> askDisplacement(AcApDocument& document) {
   // Commands move texts by the hundred thousand, one at a time.
   static const PromptControl control = {0, KeywordList(L"Displacement")};
   const Reply base = askPoint(L"Specify base point or [Displacement] <Displacement>: ", control);
@@ -25,14 +25,15 @@ std::optional<AcGeVector3d> askDisplacement(AcApDocument& document) {
   if (base.status == RTNONE || base.status == RTKWORD) {
     const Reply vector = askPoint(L"Specify displacement <0,0,0>: ", {}, AcGePoint3d());
     if (!vector) return std::nullopt;
-    return vector.point.asVector().transformBy(toWorld);
+    return displacementBy(vector.point.asVector().transformBy(toWorld));
   }
   if (!base) return std::nullopt;
   const Reply target =
       askPoint(L"Specify second point or <use first point as displacement>: ", {}, base.point);
-  if (target.status == RTNONE) return base.point.asVector().transformBy(toWorld);
+  if (target.status == RTNONE) return displacementBy(base.point.asVector().transformBy(toWorld));
   if (!target) return std::nullopt;
-  return (target.point - base.point).transformBy(toWorld);
+  return displacementOf(AcGePoint3d(base.point).transformBy(toWorld),
+                        AcGePoint3d(target.point).transformBy(toWorld));
 }
 
 /// The types of entities in the order in which they come, each with its number if they differ:
@@ -60,12 +61,13 @@ std::wstring kindsOf(const AcDbDatabase& database, std::span<const AcDbObjectId>
 void moveCommand(AcApDocument& document) {
   SelectionSet set;
   if (!editableSelection(document, set) || set.members().empty()) return;
-  const std::optional<AcGeVector3d> vector = askDisplacement(document);
-  if (!vector) return;
+  const std::optional<Displacement> displacement = askDisplacement(document);
+  if (!displacement) return;
   // So far that no sum of coordinates leaves the range of numbers.
   constexpr double kFarthest = 1e99;
-  if (!(vector->length() <= kFarthest)) return refuseAnswer({}, L"The displacement is too large.");
-  const std::vector<AcDbObjectId> left = translateEntities(set.members(), *vector);
+  if (!(displacement->world.length() <= kFarthest))
+    return refuseAnswer({}, L"The displacement is too large.");
+  const std::vector<AcDbObjectId> left = translateEntities(set.members(), *displacement);
   if (left.empty()) return;
   const std::wstring message =
       std::to_wstring(left.size()) + L" not moved: " + kindsOf(*document.database(), left);

@@ -105,18 +105,23 @@ Result<AcDbObjectId> entityOf(const AcApDocument& document, uint64_t handle) {
   return database.idOf(record);
 }
 
-Result<std::vector<AcDbObjectId>> chosen(AcApDocument& document, const SelectionInput& input) {
-  if (input.all) return allEntities(document);
+Result<std::vector<AcDbObjectId>> chosen(AcApDocument& document, const SelectionInput& input,
+                                         Attributes attributes) {
+  if (input.all) return allEntities(document, attributes);
   if (input.box) {
     const AcGePoint3d first = world(document, input.box->first);
     const AcGePoint3d second = world(document, input.box->second);
-    return entitiesInBox(document, first, second, second.x < first.x);
+    return entitiesInBox(document, first, second, second.x < first.x, attributes);
   }
   std::vector<AcDbObjectId> ids;
   for (const uint64_t handle : input.handles) {
     const Result<AcDbObjectId> id = entityOf(document, handle);
     if (!id) return id.error();
-    if (!isEntityOfCurrentSpace(*document.database(), id.value().index()))
+    const AcDbDatabase& database = *document.database();
+    const dxf::RecordIndex record = id.value().index();
+    const dxf::RecordIndex reference =
+        attributes == Attributes::kTaken ? attributeOwner(database, record) : dxf::kNoRecord;
+    if (!isEntityOfCurrentSpace(database, reference != dxf::kNoRecord ? reference : record))
       return refused("the object " + handleText(handle) + " isn't an entity of the current space");
     ids.push_back(id.value());
   }
@@ -166,7 +171,9 @@ Result<void> select(const SelectionInput& input) {
   ActivePrompt* prompt = topPrompt();
   if (prompt == nullptr || !prompt->question().takesEntities)
     return refused("nothing asks for a selection");
-  Result<std::vector<AcDbObjectId>> ids = chosen(*document.value(), input);
+  const Attributes attributes =
+      prompt->question().takesAttributes ? Attributes::kTaken : Attributes::kLeftOut;
+  Result<std::vector<AcDbObjectId>> ids = chosen(*document.value(), input, attributes);
   if (!ids) return ids.error();
   focusDrawing();
   Answer answer;
@@ -181,7 +188,7 @@ Result<void> preselect(const SelectionInput& input) {
   if (!document) return document.error();
   const ActivePrompt* prompt = topPrompt();
   if (prompt == nullptr || !prompt->isIdle()) return refused("a command is running");
-  Result<std::vector<AcDbObjectId>> ids = chosen(*document.value(), input);
+  Result<std::vector<AcDbObjectId>> ids = chosen(*document.value(), input, Attributes::kLeftOut);
   if (!ids) return ids.error();
   focusDrawing();
   document.value()->session().implied = std::move(ids.value());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <span>
 
 #include "platform/arx/database/database.h"
@@ -131,6 +132,30 @@ BoxRelation relationTo(const Box& box, DrawingWalk& walk, dxf::RecordIndex recor
   return relation;
 }
 
+/// The attributes of a block reference that a box takes.
+void appendAttributes(const Box& box, DrawingWalk& walk, const AcDbDatabase& database,
+                      dxf::RecordIndex reference, bool crossing, std::vector<AcDbObjectId>& found) {
+  const dxf::RecordIndex first = database.structure().firstAttribute(reference);
+  if (first == dxf::kNoRecord) return;
+  std::map<dxf::RecordIndex, BoxRelation> relations;
+  const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
+    if (database.store().kind(leaf.record) != dxf::RecordKind::kAttrib) return true;
+    for (const DrawnShape& shape : walk.shapes(leaf))
+      if (!shape.points.empty())
+        relations[leaf.record].add(
+            std::ranges::all_of(shape.points, [&](const auto& p) { return box.holds(p); }),
+            shapeTouches(box, shape));
+    return true;
+  };
+  walk.entity(reference, visit, [](const DrawnCopies&) { return Way::kPast; });
+  for (dxf::RecordIndex attribute = first; attribute != dxf::kNoRecord;
+       attribute = database.structure().nextAttribute(attribute)) {
+    const BoxRelation& relation = relations[attribute];
+    if (relation.drawn && (crossing ? relation.touched : relation.inside))
+      found.push_back(database.idOf(attribute));
+  }
+}
+
 /// Points on a shape that a pick may try: its middle if filled, the middles and ends of its pieces.
 void appendCandidates(const DrawnShape& shape, std::vector<AcGePoint3d>& out) {
   const std::vector<AcGePoint3d>& points = shape.points;
@@ -250,7 +275,8 @@ std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id) 
 }
 
 std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3d& first,
-                                        const AcGePoint3d& second, bool crossing) {
+                                        const AcGePoint3d& second, bool crossing,
+                                        Attributes attributes) {
   const AcDbDatabase& database = *document.database();
   const Box box{{std::min(first.x, second.x), std::min(first.y, second.y), 0},
                 {std::max(first.x, second.x), std::max(first.y, second.y), 0}};
@@ -260,19 +286,26 @@ std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3
     const BoxRelation relation = relationTo(box, walk, record, crossing);
     if (relation.drawn && (crossing ? relation.touched : relation.inside))
       found.push_back(database.idOf(record));
+    if (attributes == Attributes::kTaken && relation.drawn)
+      appendAttributes(box, walk, database, record, crossing, found);
   });
   sayUnsearched(walk.unfinished());
   return found;
 }
 
-std::vector<AcDbObjectId> allEntities(AcApDocument& document) {
+std::vector<AcDbObjectId> allEntities(AcApDocument& document, Attributes attributes) {
   const AcDbDatabase& database = *document.database();
   std::vector<AcDbObjectId> found;
   const DrawingLooks looks(database, Showing::kScreen);
   dxf::RecordDraft draft;
   forEachEntity(database, [&](dxf::RecordIndex record) {
     database.store().load(record, draft);
-    if (!looks.of(draft, spaceLook(), false).layer.frozen) found.push_back(database.idOf(record));
+    if (looks.of(draft, spaceLook(), false).layer.frozen) return;
+    found.push_back(database.idOf(record));
+    if (attributes == Attributes::kLeftOut) return;
+    for (dxf::RecordIndex attribute = database.structure().firstAttribute(record);
+         attribute != dxf::kNoRecord; attribute = database.structure().nextAttribute(attribute))
+      found.push_back(database.idOf(attribute));
   });
   return found;
 }

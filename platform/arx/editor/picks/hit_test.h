@@ -25,12 +25,18 @@ std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point);
 /// others cover it or it isn't drawn.
 std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id);
 
+/// Whether a selection has block references as a whole, or their attributes too, each behind its
+/// reference.
+enum class Attributes { kLeftOut, kTaken };
+
 /// The entities of the current space inside a box of world points (a window), or also those that it
-/// touches (a crossing); in drawing order.
+/// touches (a crossing); in drawing order. Attributes are measured by themselves.
 std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3d& first,
-                                        const AcGePoint3d& second, bool crossing);
+                                        const AcGePoint3d& second, bool crossing,
+                                        Attributes attributes = Attributes::kLeftOut);
 /// Everything in the current space that isn't on a frozen layer.
-std::vector<AcDbObjectId> allEntities(AcApDocument& document);
+std::vector<AcDbObjectId> allEntities(AcApDocument& document,
+                                      Attributes attributes = Attributes::kLeftOut);
 
 // Plane geometry; z doesn't count.
 double distanceToSegment(const AcGePoint3d& point, const AcGePoint3d& a, const AcGePoint3d& b);

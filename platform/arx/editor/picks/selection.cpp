@@ -24,6 +24,7 @@ struct SelectionMode {
   std::wstring method;   ///< "", "I", "X", "A", "L", "P", "W", "C"
   bool prompts = false;  ///< ":$"
   bool single = false;   ///< ":S"
+  bool nested = false;   ///< ":N"
 };
 
 std::optional<SelectionMode> readMode(const ACHAR* text) {
@@ -39,6 +40,8 @@ std::optional<SelectionMode> readMode(const ACHAR* text) {
       mode.prompts = true;
     else if (*at == L'S' || *at == L's')
       mode.single = true;
+    else if (*at == L'N' || *at == L'n')
+      mode.nested = true;
     else if (*at != L'E' && *at != L'e')
       return std::nullopt;
   }
@@ -83,6 +86,7 @@ int promptSelection(AcApDocument& document, const SelectionMode& mode, const voi
   SelectionRequest request;
   request.filter = filter;
   request.single = mode.single;
+  request.attributes = mode.nested;
   if (mode.prompts && prompts != nullptr) {
     const ACHAR* const* texts = static_cast<const ACHAR* const*>(prompts);
     if (texts[0] != nullptr) request.addPrompt = texts[0];

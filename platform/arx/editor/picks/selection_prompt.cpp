@@ -35,6 +35,12 @@ class SelectionDialogue {
   bool pickOrBox(const Answer& answer, const AcGePoint3d& first);
   bool box(const Answer& answer, std::optional<bool> crossing);
   void undo();
+  bool canBeMember(AcDbObjectId id) const;
+  AcDbObjectId memberOf(const PickHit& hit) const;
+  Ids inBox(const AcGePoint3d& a, const AcGePoint3d& b, bool crossing) const;
+  Attributes kindsTaken() const {
+    return request_.attributes ? Attributes::kTaken : Attributes::kLeftOut;
+  }
   Ids last() const;
   Question question() const;
 
@@ -56,6 +62,7 @@ Question SelectionDialogue::question() const {
   asked.prompt = removing_ ? request_.removePrompt : request_.addPrompt;
   asked.takesPoints = true;
   asked.takesEntities = true;
+  asked.takesAttributes = request_.attributes;
   asked.keywords = &selectionWords();
   return asked;
 }
@@ -77,10 +84,29 @@ bool SelectionDialogue::run() {
   }
 }
 
+bool SelectionDialogue::canBeMember(AcDbObjectId id) const {
+  const AcDbDatabase& database = *document_.database();
+  const dxf::RecordIndex reference =
+      request_.attributes ? attributeOwner(database, id.index()) : dxf::kNoRecord;
+  return isEntityOfCurrentSpace(database, reference != dxf::kNoRecord ? reference : id.index());
+}
+
+/// What a click hit: the attribute, where attributes can be selected, else what it belongs to.
+AcDbObjectId SelectionDialogue::memberOf(const PickHit& hit) const {
+  const bool isAttribute =
+      request_.attributes &&
+      attributeOwner(*document_.database(), hit.leaf.index()) == hit.entity.index();
+  return isAttribute ? hit.leaf : hit.entity;
+}
+
+Ids SelectionDialogue::inBox(const AcGePoint3d& a, const AcGePoint3d& b, bool crossing) const {
+  return entitiesInBox(document_, a, b, crossing, kindsTaken());
+}
+
 void SelectionDialogue::take(const Answer&, Ids ids) {
   const AcDbDatabase& database = *document_.database();
   std::erase_if(ids, [&](AcDbObjectId id) {
-    return id.database() != &database || !isEntityOfCurrentSpace(database, id.index()) ||
+    return id.database() != &database || !canBeMember(id) ||
            !request_.filter.matches(database, id.index());
   });
   size_t found = ids.size();
@@ -119,14 +145,14 @@ Ids SelectionDialogue::last() const {
 
 bool SelectionDialogue::pickOrBox(const Answer& answer, const AcGePoint3d& first) {
   if (const std::optional<PickHit> hit = pickAt(document_, first)) {
-    take(answer, {hit->entity});
+    take(answer, {memberOf(*hit)});
     return true;
   }
   const AcGePoint3d corner = toUcs(document_, first);
   const Reply second = askCorner(L"Specify opposite corner: ", {kNoNull, {}}, corner);
   if (!second) return second.status != RTCAN;
   const AcGePoint3d opposite = toWorld(document_, second.point);
-  take(answer, entitiesInBox(document_, first, opposite, opposite.x < first.x));
+  take(answer, inBox(first, opposite, opposite.x < first.x));
   return true;
 }
 
@@ -138,7 +164,7 @@ bool SelectionDialogue::box(const Answer& answer, std::optional<bool> crossing) 
   const AcGeMatrix3d toWorld = ucsToWcs(document_);
   const AcGePoint3d a = AcGePoint3d(first.point).transformBy(toWorld);
   const AcGePoint3d b = AcGePoint3d(second.point).transformBy(toWorld);
-  take(answer, entitiesInBox(document_, a, b, crossing.value_or(b.x < a.x)));
+  take(answer, inBox(a, b, crossing.value_or(b.x < a.x)));
   return true;
 }
 
@@ -159,7 +185,7 @@ bool SelectionDialogue::text(const Answer& answer) {
   if (name == L"Crossing") return box(answer, true);
   if (name == L"BOX") return box(answer, std::nullopt);
   if (name == L"Last") take(answer, last());
-  if (name == L"ALL") take(answer, allEntities(document_));
+  if (name == L"ALL") take(answer, allEntities(document_, kindsTaken()));
   if (name == L"Previous") take(answer, document_.session().previous);
   if (name == L"Undo") undo();
   if (name == L"Add") removing_ = false;
@@ -171,7 +197,13 @@ bool SelectionDialogue::text(const Answer& answer) {
 
 bool askSelection(AcApDocument& document, const SelectionRequest& request, SelectionSet& set) {
   if (!SelectionDialogue(document, request, set).run()) return false;
-  if (!set.members().empty()) document.session().previous = set.members();
+  if (set.members().empty()) return true;
+  // What other commands can have too.
+  Ids& previous = document.session().previous;
+  previous = set.members();
+  std::erase_if(previous, [&](AcDbObjectId id) {
+    return !isEntityOfCurrentSpace(*document.database(), id.index());
+  });
   return true;
 }
 

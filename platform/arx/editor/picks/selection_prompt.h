@@ -13,6 +13,7 @@ struct SelectionRequest {
   std::wstring addPrompt = L"Select objects: ";
   std::wstring removePrompt = L"Remove objects: ";
   SelectionFilter filter{};
+  bool attributes = false;    ///< attributes of block references can be selected by themselves
   bool single = false;        ///< ends with the first answer that finds something
   bool refuseLocked = false;  ///< entities on locked layers are counted and left out
 };

@@ -28,6 +28,7 @@ struct Question {
   Blanks blanks = Blanks::kAccept;
   bool takesPoints = false;               ///< a click answers
   bool takesEntities = false;             ///< a selection answers
+  bool takesAttributes = false;           ///< its attributes of block references count by themselves
   host::NamesAsked names{};               ///< which names answer
   const KeywordList* keywords = nullptr;  ///< which words answer; outlives the question
   std::optional<AcGePoint3d> base{};      ///< world point from which ORTHOMODE works
