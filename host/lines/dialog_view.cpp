@@ -13,7 +13,17 @@ namespace {
 constexpr size_t kLineWidth = 100;
 constexpr size_t kLongestValue = 60;
 
+std::wstring tableText(const win::TableListing& table) {
+  std::wstring text = L"table of " + std::to_wstring(table.cells.size()) + L":";
+  for (const win::TableState::FilledCell& cell : table.cells) {
+    if (text.size() > kLongestValue) return text + L" ...";
+    text += L' ' + quotedText(cell.shown);
+  }
+  return text;
+}
+
 std::wstring valueText(const win::ControlListing& field) {
+  if (field.table) return tableText(*field.table);
   std::wstring text = quotedText(std::wstring_view(field.text).substr(0, kLongestValue));
   if (field.text.size() > kLongestValue) text += L"...";
   if (!field.items.empty()) text += L" of " + std::to_wstring(field.items.size());

@@ -4,34 +4,17 @@
 #include <cmath>
 #include <map>
 
+#include "host/picture/dialog_colors.h"
 #include "host/picture/icon_pixels.h"
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/combo_control.h"
 #include "platform/win/controls/edit_control.h"
-#include "platform/win/controls/painting.h"
 #include "platform/win/controls/static_control.h"
-#include "platform/win/desktop/dialog_listing.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::host {
 namespace {
-
-constexpr Rgb kFace{240, 240, 240};
-constexpr Rgb kInk{0, 0, 0};
-constexpr Rgb kGrayInk{131, 131, 131};
-constexpr Rgb kEdge{122, 122, 122};
-constexpr Rgb kPaleEdge{204, 204, 204};
-constexpr Rgb kGroupEdge{220, 220, 220};
-constexpr Rgb kWhite{255, 255, 255};
-constexpr Rgb kButton{225, 225, 225};
-constexpr Rgb kPressed{204, 228, 247};
-constexpr Rgb kAccent{0, 120, 215};
-constexpr Rgb kCaption{255, 255, 255};
-
-/// A line of dialog text, and what a half-width character takes of it (see DrawTextW).
-constexpr double kLineHeight = 13;
-constexpr double kHalfWidth = 6;
 
 double measured(std::wstring_view text) {
   double width = 0;
@@ -62,15 +45,6 @@ Rgb blended(Rgb color, Rgb ground, double opacity) {
 }
 
 }  // namespace
-
-struct DialogDraw::Control {
-  win::ControlListing listing;
-  DWORD style = 0;
-  Bounds box;
-  bool focused = false;
-
-  Rgb ink() const { return listing.enabled ? kInk : kGrayInk; }
-};
 
 Bounds DialogDraw::onPicture(const RECT& place) const {
   return {static_cast<double>(place.left - origin_.x), static_cast<double>(place.top - origin_.y),
@@ -192,37 +166,6 @@ void DialogDraw::pushButton(const Control& control) {
   text(control.listing.text, control.box, Align::kCenter, control.ink(), true);
 }
 
-/// Carries out what the program paints.
-void DialogDraw::ownDrawn(const Control& control) {
-  const bool enabled = control.listing.enabled;
-  for (const win::PaintStep& step : win::paintWindow(control.listing.window)) {
-    const Bounds place{control.box.left + step.place.left, control.box.top + step.place.top,
-                       control.box.left + step.place.right, control.box.top + step.place.bottom};
-    switch (step.kind) {
-      case win::PaintStep::Kind::themePart:
-        button(place, step.state != PBS_DISABLED, step.state == PBS_PRESSED,
-               step.state == PBS_DEFAULTED || step.state == PBS_HOT);
-        break;
-      case win::PaintStep::Kind::frame:
-        button(place, (step.state & DFCS_INACTIVE) == 0, (step.state & DFCS_PUSHED) != 0, false);
-        break;
-      case win::PaintStep::Kind::icon:
-        icon(step.icon, place.left, place.top, enabled);
-        break;
-      case win::PaintStep::Kind::text: {
-        Bounds room = place;
-        if ((step.format & DT_VCENTER) == 0) room.bottom = room.top + kLineHeight;
-        text(step.text, room, (step.format & DT_CENTER) != 0 ? Align::kCenter : Align::kLeft,
-             control.ink(), true);
-        break;
-      }
-      case win::PaintStep::Kind::focus:
-      case win::PaintStep::Kind::fill:
-        break;
-    }
-  }
-}
-
 /// Check boxes and radios.
 void DialogDraw::mark(const Control& control) {
   constexpr double kMark = 13, kGap = 4;
@@ -331,6 +274,7 @@ void DialogDraw::control(const Control& control) {
       {"icon", &DialogDraw::label},  {"button", &DialogDraw::pushButton},
       {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
       {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
+      {"grid", &DialogDraw::grid},   {"tabs", &DialogDraw::tabs},
   };
   const auto draw = kKinds.find(control.listing.kind);
   if (draw != kKinds.end()) return (this->*draw->second)(control);
@@ -357,10 +301,11 @@ void DialogDraw::dialog(HWND window) {
       line({middle.x - kArm, middle.y + kArm}, {middle.x + kArm, middle.y - kArm}, kInk);
     }
   }
-  // Group frames lie below what they hold, whatever their place in the tab order.
-  for (const bool groups : {true, false})
+  // Frames lie below what they hold, whatever their place in the tab order.
+  for (const bool frames : {true, false})
     for (const win::ControlListing& entry : listing.controls) {
-      if (!entry.visible || (entry.kind == "group") != groups) continue;
+      const bool frame = entry.kind == "group" || entry.kind == "tabs";
+      if (!entry.visible || frame != frames) continue;
       Control shown{entry, 0, onPicture(win::screenPlace(entry.window)), false};
       if (const win::Window* record = win::findWindow(entry.window)) shown.style = record->style;
       shown.focused = entry.id != 0 && entry.id == listing.focusId;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "host/picture/canvas.h"
+#include "host/picture/dialog_colors.h"
 #include "platform/win/base/windows_types.h"
+#include "platform/win/desktop/dialog_listing.h"
 
 namespace kovra::host {
 
@@ -16,7 +18,14 @@ class DialogDraw {
   void dialog(HWND window);
 
  private:
-  struct Control;
+  struct Control {
+    win::ControlListing listing;
+    DWORD style = 0;
+    Bounds box;
+    bool focused = false;
+
+    Rgb ink() const { return listing.enabled ? kInk : kGrayInk; }
+  };
   enum class Align { kLeft, kCenter };
 
   Bounds onPicture(const RECT& place) const;
@@ -29,6 +38,8 @@ class DialogDraw {
   void field(const Control& control);
   void fieldLines(const Control& control, const Bounds& room);
   void combo(const Control& control);
+  void grid(const Control& control);
+  void tabs(const Control& control);
   void button(const Bounds& box, bool enabled, bool pressed, bool defaulted);
   void box(const Bounds& box, Rgb inside, Rgb edge);
   void line(Spot from, Spot to, Rgb color, double width = 1);

@@ -20,11 +20,11 @@ bool tellKey(HWND grid, WPARAM key) {
   return gridOf(grid) != nullptr && gridOf(grid)->editor == before;
 }
 
-/// Shift and Control with the space bar take the whole row or column.
-void selectWhole(HWND grid, bool row, bool column) {
-  GridState* state = gridOf(grid);
-  const SS_CELL active = state->selection.active;
-  state->selection.extendTo({row ? -1 : active.col, column ? -1 : active.row});
+/// The selected cells become whole rows or columns.
+void selectWhole(HWND grid, bool rows, bool columns) {
+  Selection& selection = gridOf(grid)->selection;
+  const SS_CELL corner = selection.block ? selection.lead : selection.active;
+  selection.extendTo({rows ? -1 : corner.col, columns ? -1 : corner.row});
   changed(grid);
 }
 
