@@ -16,7 +16,7 @@ class GridTest : public DialogTest {
   void SetUp() override {
     DialogTest::SetUp();
     notes().clear();
-    show({{1, kGrid, kTab | WS_BORDER}, {2, L"EDIT", kTab}, {IDOK, L"BUTTON", kTab}});
+    show({{1, kGrid, kTab | WS_BORDER}, {2, L"EDIT", kTab}, {3, L"BUTTON", kTab}});
     grid = control(1);
     MoveWindow(grid, 4, 4, 300, 200, TRUE);
     formerProcedure() = reinterpret_cast<WNDPROC>(
@@ -133,7 +133,7 @@ TEST_F(GridTest, FocusElsewhereTakesTheText) {
   EXPECT_EQ(GetFocus(), control(2));
   EXPECT_EQ(cell(1), "ab");
   press("Up 'cd");
-  clickControl(control(IDOK));
+  clickControl(control(3));
   EXPECT_EQ(cell(1), "cd");
   press("Up 'ef");
   EXPECT_EQ(GetDlgCtrlID(focusedControl()), 1);
