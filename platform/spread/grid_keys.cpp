@@ -116,7 +116,10 @@ void characterTyped(HWND grid, wchar_t character) {
 LRESULT dialogCode(HWND grid, const MSG* message, bool inEditor) {
   LRESULT code = DLGC_WANTCHARS | DLGC_WANTARROWS | (wantsTab(grid) ? DLGC_WANTTAB : 0);
   if (message == nullptr || message->message != WM_KEYDOWN) return code;
-  const bool own = message->wParam == VK_RETURN || (inEditor && message->wParam == VK_ESCAPE);
+  const GridState* state = gridOf(grid);
+  const bool enterMoves = state != nullptr && state->enterAction != SS_ENTER_STAYS;
+  const bool own = (message->wParam == VK_RETURN && (inEditor || enterMoves)) ||
+                   (inEditor && message->wParam == VK_ESCAPE);
   return own ? code | DLGC_WANTALLKEYS : code;
 }
 

@@ -51,7 +51,8 @@ void cell(HDC context, const GridState& grid, LONG col, LONG row) {
   if (place.right <= place.left) return;
   const bool header = col == 0 || row == 0;
   const auto& block = grid.selection.block;
-  const bool selected = !header && block && holds(*block, {col, row});
+  const bool active = col == grid.selection.active.col && row == grid.selection.active.row;
+  const bool selected = !header && !active && block && holds(*block, {col, row});
   fill(context, place, header ? COLOR_BTNFACE : selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
   fill(context, {place.right - 1, place.top, place.right, place.bottom}, COLOR_3DLIGHT);
   fill(context, {place.left, place.bottom - 1, place.right, place.bottom}, COLOR_3DLIGHT);
