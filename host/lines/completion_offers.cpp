@@ -50,6 +50,7 @@ bool suits(const win::ControlListing& control, std::wstring_view line) {
   if (line == L"@click") return !field;
   if (line == L"@check") return control.check.has_value();
   if (line == L"@choose") return !control.items.empty();
+  if (line == L"@cell" || line == L"@cells") return control.table.has_value();
   return field || line == L"@focus" || line == L"@key";
 }
 

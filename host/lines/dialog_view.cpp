@@ -24,7 +24,17 @@ std::wstring checkedRows(const win::ControlListing& list) {
   return text.empty() ? text : text.substr(1);
 }
 
+std::wstring tableText(const win::TableListing& table) {
+  std::wstring text = L"table of " + std::to_wstring(table.cells.size()) + L":";
+  for (const win::TableState::FilledCell& cell : table.cells) {
+    if (text.size() > kLongestValue) return text + L" ...";
+    text += L' ' + quotedText(cell.shown);
+  }
+  return text;
+}
+
 std::wstring valueText(const win::ControlListing& field) {
+  if (field.table) return tableText(*field.table);
   if (!field.checks.empty()) return checkedRows(field);
   const bool ofRow = field.kind == "list" && field.selected >= 0;
   const std::wstring_view value =

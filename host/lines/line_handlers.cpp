@@ -5,8 +5,8 @@
 namespace kovra::host {
 
 std::span<const std::span<const LineHandler>> lineTables() {
-  static const std::array kTables = {keyLines(),    pointerLines(),  dialogLines(),
-                                     answerLines(), documentLines(), pictureLines()};
+  static const std::array kTables = {keyLines(),      pointerLines(), dialogLines(), answerLines(),
+                                     documentLines(), pictureLines(), tableLines()};
   return kTables;
 }
 
@@ -17,6 +17,11 @@ const LineHandler* findLineHandler(std::wstring_view name) {
     }
   }
   return nullptr;
+}
+
+Result<void> done(const win::InputResult& input) {
+  if (input) return {};
+  return Error{ErrorKind::kInvalidInput, input.error};
 }
 
 }  // namespace kovra::host

@@ -9,6 +9,7 @@
 #include "host/program/script_text.h"
 #include "platform/dxf/result.h"
 #include "platform/win/base/windows_types.h"
+#include "platform/win/desktop/user_input.h"
 
 namespace kovra::host {
 
@@ -50,6 +51,7 @@ std::span<const LineHandler> answerLines();
 std::span<const LineHandler> pointerLines();
 std::span<const LineHandler> dialogLines();
 std::span<const LineHandler> pictureLines();
+std::span<const LineHandler> tableLines();
 
 /// All the tables.
 std::span<const std::span<const LineHandler>> lineTables();
@@ -59,5 +61,9 @@ const LineHandler* findLineHandler(std::wstring_view name);
 /// The dialog that lines mean: the one that @use named if the user could reach it, else the
 /// topmost; null if none is open.
 HWND meantDialog(const LineContext& context);
+/// The control of that dialog whose number the next word is.
+Result<HWND> namedControl(LineContext& context, Arguments& arguments);
+/// What became of the user's input.
+Result<void> done(const win::InputResult& input);
 
 }  // namespace kovra::host

@@ -15,37 +15,21 @@ Error refused(std::string message) {
   return {ErrorKind::kInvalidInput, std::move(message)};
 }
 
-Result<void> done(const win::InputResult& input) {
-  return input ? Result<void>() : refused(input.error);
-}
-
 Result<HWND> openDialog(const LineContext& context) {
   HWND dialog = meantDialog(context);
   if (dialog == nullptr) return refused("no dialog is open");
   return dialog;
 }
 
-Result<HWND> control(LineContext& context, Arguments& arguments) {
-  const Result<HWND> dialog = openDialog(context);
-  if (!dialog) return dialog.error();
-  const Result<int> id = arguments.integer("a control's number");
-  if (!id) return id.error();
-  HWND window = win::controlWithId(dialog.value(), id.value());
-  if (window == nullptr) {
-    return refused("the dialog has no control " + std::to_string(id.value()));
-  }
-  return window;
-}
-
 Result<void> clickLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   if (const Result<void> end = arguments.end(); !end) return end;
   return done(win::clickControl(window.value()));
 }
 
 Result<void> typeLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   const Result<std::wstring> text = arguments.text("a text (\"\" for none)");
   if (!text) return text.error();
@@ -53,7 +37,7 @@ Result<void> typeLine(LineContext& context, Arguments& arguments) {
 }
 
 Result<void> caretLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   const Result<int> from = arguments.integer("the caret's place");
   if (!from) return from.error();
@@ -64,7 +48,7 @@ Result<void> caretLine(LineContext& context, Arguments& arguments) {
 }
 
 Result<void> chooseLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   const bool byIndex = arguments.startsWith(L'#');
   const Result<std::wstring> item = arguments.text("an item");
@@ -116,7 +100,7 @@ Result<void> checkItem(HWND window, int index, bool wanted) {
 }
 
 Result<void> checkLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   Arguments ahead = arguments;
   const Result<std::vector<std::wstring>> words = ahead.words();
@@ -132,7 +116,7 @@ Result<void> checkLine(LineContext& context, Arguments& arguments) {
 
 /// One press here, the others after it, as fast as a person who waits for what each does.
 Result<void> spinLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   const Result<int> presses = arguments.integer("how many presses, below 0 for downward");
   if (!presses) return presses.error();
@@ -150,14 +134,14 @@ Result<void> spinLine(LineContext& context, Arguments& arguments) {
 }
 
 Result<void> focusLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   if (const Result<void> end = arguments.end(); !end) return end;
   return done(win::focusControl(window.value()));
 }
 
 Result<void> keyLine(LineContext& context, Arguments& arguments) {
-  const Result<HWND> window = control(context, arguments);
+  const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   const Result<std::wstring> name = arguments.word("a key's name");
   if (!name) return name.error();
@@ -205,6 +189,28 @@ Result<void> useLine(LineContext& context, Arguments& arguments) {
   return {};
 }
 
+std::string cellText(win::TableState::Cell cell) {
+  return std::to_string(cell.row) + ' ' + std::to_string(cell.column);
+}
+
+/// What a table is like, then a line for each cell with a text.
+std::string tableText(const win::TableListing& table) {
+  std::string text = " rows " + std::to_string(table.size.row) + " columns " +
+                     std::to_string(table.size.column) + " active " + cellText(table.active);
+  if (table.block)
+    text += " block " + cellText(table.block->first) + ' ' + cellText(table.block->second);
+  if (table.editing) {
+    text += " editor " + win::toUtf8(quotedText(table.editorText)) + " caret " +
+            std::to_string(table.from);
+    if (table.to != table.from) text += ' ' + std::to_string(table.to);
+  }
+  for (const win::TableState::FilledCell& cell : table.cells) {
+    text += "\n    " + cellText(cell.place) + ' ' + win::toUtf8(quotedText(cell.text));
+    if (cell.shown != cell.text) text += " shows " + win::toUtf8(quotedText(cell.shown));
+  }
+  return text;
+}
+
 std::string controlText(const win::ControlListing& listing) {
   std::string text = std::to_string(listing.id) + ' ' + listing.kind;
   text += listing.enabled ? " enabled" : " disabled";
@@ -228,7 +234,8 @@ void printAll(const win::DialogListing& listing, std::ostream& out) {
       << place.bottom - place.top << (listing.minimized ? " minimized" : "") << '\n';
   for (const win::ControlListing& entry : listing.controls) {
     out << "  " << controlText(entry)
-        << (entry.id == listing.focusId && entry.id != 0 ? " focus" : "") << '\n';
+        << (entry.id == listing.focusId && entry.id != 0 ? " focus" : "")
+        << (entry.table ? tableText(*entry.table) : "") << '\n';
   }
 }
 
@@ -276,6 +283,18 @@ constexpr LineHandler kLines[] = {
 HWND meantDialog(const LineContext& context) {
   HWND dialog = context.usedTemplate == 0 ? nullptr : win::dialogOfTemplate(context.usedTemplate);
   return dialog != nullptr ? dialog : win::topDialog();
+}
+
+Result<HWND> namedControl(LineContext& context, Arguments& arguments) {
+  const Result<HWND> dialog = openDialog(context);
+  if (!dialog) return dialog.error();
+  const Result<int> id = arguments.integer("a control's number");
+  if (!id) return id.error();
+  HWND window = win::controlWithId(dialog.value(), id.value());
+  if (window == nullptr) {
+    return refused("the dialog has no control " + std::to_string(id.value()));
+  }
+  return window;
 }
 
 std::span<const LineHandler> dialogLines() {

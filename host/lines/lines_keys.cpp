@@ -20,11 +20,6 @@ bool controlHasKeys() {
   return focused != nullptr && focused != win::drawingWindow() && focused != win::frameWindow();
 }
 
-Result<void> done(const win::InputResult& input) {
-  if (input) return {};
-  return Error{ErrorKind::kInvalidInput, input.error};
-}
-
 Result<void> pressKey(Arguments& arguments, const char* key, const wchar_t* character) {
   if (const Result<void> end = arguments.end(); !end) return end;
   if (!modalDialogHasKeys()) return arx::host::typeText(character);

@@ -9,7 +9,6 @@
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/combo_control.h"
 #include "platform/win/controls/edit_control.h"
-#include "platform/win/controls/painting.h"
 #include "platform/win/controls/static_control.h"
 #include "platform/win/controls/up_down_control.h"
 #include "platform/win/dialogs/dialogs.h"
@@ -162,37 +161,6 @@ void DialogDraw::pushButton(const Control& control) {
   text(control.listing.text, control.box, Align::kCenter, control.ink(), true);
 }
 
-/// Carries out what the program paints.
-void DialogDraw::ownDrawn(const Control& control) {
-  const bool enabled = control.listing.enabled;
-  for (const win::PaintStep& step : win::paintWindow(control.listing.window)) {
-    const Bounds place{control.box.left + step.place.left, control.box.top + step.place.top,
-                       control.box.left + step.place.right, control.box.top + step.place.bottom};
-    switch (step.kind) {
-      case win::PaintStep::Kind::themePart:
-        button(place, step.state != PBS_DISABLED, step.state == PBS_PRESSED,
-               step.state == PBS_DEFAULTED || step.state == PBS_HOT);
-        break;
-      case win::PaintStep::Kind::frame:
-        button(place, (step.state & DFCS_INACTIVE) == 0, (step.state & DFCS_PUSHED) != 0, false);
-        break;
-      case win::PaintStep::Kind::icon:
-        icon(step.icon, place.left, place.top, enabled);
-        break;
-      case win::PaintStep::Kind::text: {
-        Bounds room = place;
-        if ((step.format & DT_VCENTER) == 0) room.bottom = room.top + kLineHeight;
-        text(step.text, room, (step.format & DT_CENTER) != 0 ? Align::kCenter : Align::kLeft,
-             control.ink(), true);
-        break;
-      }
-      case win::PaintStep::Kind::focus:
-      case win::PaintStep::Kind::fill:
-        break;
-    }
-  }
-}
-
 void DialogDraw::checkBox(Spot corner, int check, bool enabled) {
   const auto [left, top] = corner;
   const Rgb ink = enabled ? kInk : kGrayInk;
@@ -337,6 +305,7 @@ void DialogDraw::control(const Control& control) {
       {"check", &DialogDraw::mark},  {"radio", &DialogDraw::mark},
       {"edit", &DialogDraw::field},  {"combo", &DialogDraw::combo},
       {"list", &DialogDraw::list},   {"spin", &DialogDraw::arrows},
+      {"grid", &DialogDraw::grid},   {"tabs", &DialogDraw::tabs},
   };
   const auto draw = kKinds.find(control.listing.kind);
   if (draw != kKinds.end()) return (this->*draw->second)(control);
@@ -363,10 +332,11 @@ void DialogDraw::dialog(HWND window) {
       line({middle.x - kArm, middle.y + kArm}, {middle.x + kArm, middle.y - kArm}, kInk);
     }
   }
-  // Group frames lie below what they hold, whatever their place in the tab order.
-  for (const bool groups : {true, false})
+  // Frames lie below what they hold, whatever their place in the tab order.
+  for (const bool frames : {true, false})
     for (const win::ControlListing& entry : listing.controls) {
-      if (!entry.visible || (entry.kind == "group") != groups) continue;
+      const bool frame = entry.kind == "group" || entry.kind == "tabs";
+      if (!entry.visible || frame != frames) continue;
       Control shown{entry, 0, onPicture(win::screenPlace(entry.window)), false};
       if (const win::Window* record = win::findWindow(entry.window)) shown.style = record->style;
       shown.focused = entry.id != 0 && entry.id == listing.focusId;

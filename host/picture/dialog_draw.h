@@ -33,6 +33,8 @@ class DialogDraw {
   /// `check` is 0, 1 or 2 (in between).
   void checkBox(Spot corner, int check, bool enabled);
   void arrows(const Control& control);
+  void grid(const Control& control);
+  void tabs(const Control& control);
   void button(const Bounds& box, bool enabled, bool pressed, bool defaulted);
   void box(const Bounds& box, Rgb inside, Rgb edge);
   void line(Spot from, Spot to, Rgb color, double width = 1);

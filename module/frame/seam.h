@@ -27,4 +27,5 @@
 #include "platform/arx/geometry/units.h"
 #include "platform/arx/lists/entity_lists.h"
 #include "platform/mfc/mfc.h"
+#include "platform/spread/spread.h"
 #include "platform/win/win.h"

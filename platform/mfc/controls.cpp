@@ -64,6 +64,17 @@ BOOL CComboBox::SetEditSel(int from, int to) {
                      MAKELPARAM(static_cast<UINT>(from), static_cast<UINT>(to))) == TRUE;
 }
 
+BOOL CTabCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+  return CWnd::Create(L"SysTabControl32", nullptr, style, rect, parent, id);
+}
+
+LONG CTabCtrl::InsertItem(int index, LPCWSTR text) {
+  TCITEM item{};
+  item.mask = TCIF_TEXT;
+  item.pszText = const_cast<LPWSTR>(text);
+  return InsertItem(index, &item);
+}
+
 BOOL CStatic::Create(LPCWSTR text, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
   return CWnd::Create(L"STATIC", text, style, rect, parent, id);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/mfc/wnd.h"
+#include "platform/win/controls/tab_messages.h"
 #include "platform/win/controls/up_down.h"
 
 class CButton : public CWnd {
@@ -99,6 +100,33 @@ class CComboBox : public CWnd {
   int number(UINT message, int index = 0, LPCWSTR text = nullptr) const {
     return static_cast<int>(SendMessage(message, static_cast<WPARAM>(static_cast<LONG_PTR>(index)),
                                         reinterpret_cast<LPARAM>(text)));
+  }
+};
+
+/// Tabs; the first one put in is selected. What is shown for a tab is the parent's to show.
+class CTabCtrl : public CWnd {
+ public:
+  using CWnd::Create;
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  /// The new tab's index, -1 when it failed.
+  LONG InsertItem(int index, LPCWSTR text);
+  LONG InsertItem(int index, const TCITEM* item) { return number(TCM_INSERTITEMW, index, item); }
+  int GetItemCount() const { return number(TCM_GETITEMCOUNT); }
+  int GetCurSel() const { return number(TCM_GETCURSEL); }
+  /// The tab selected before; the parent isn't told.
+  int SetCurSel(int index) { return number(TCM_SETCURSEL, index); }
+  BOOL GetItem(int index, TCITEM* item) const { return number(TCM_GETITEMW, index, item); }
+  BOOL SetItem(int index, const TCITEM* item) { return number(TCM_SETITEMW, index, item); }
+  BOOL GetItemRect(int index, LPRECT rect) const { return number(TCM_GETITEMRECT, index, rect); }
+  BOOL DeleteItem(int index) { return number(TCM_DELETEITEM, index); }
+  BOOL DeleteAllItems() { return number(TCM_DELETEALLITEMS); }
+  /// With `larger` from the part below the tabs to the whole control, else the other way.
+  void AdjustRect(BOOL larger, LPRECT rect) const { number(TCM_ADJUSTRECT, larger, rect); }
+
+ private:
+  int number(UINT message, int index = 0, const void* data = nullptr) const {
+    return static_cast<int>(SendMessage(message, static_cast<WPARAM>(static_cast<LONG_PTR>(index)),
+                                        reinterpret_cast<LPARAM>(data)));
   }
 };
 

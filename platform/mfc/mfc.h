@@ -8,6 +8,7 @@
 #include "platform/mfc/dialog.h"
 #include "platform/mfc/extension_module.h"
 #include "platform/mfc/frame.h"
+#include "platform/mfc/menu.h"
 #include "platform/mfc/message_boxes.h"
 #include "platform/mfc/message_map.h"
 #include "platform/mfc/object.h"

@@ -28,6 +28,7 @@ std::unique_ptr<CWnd> objectFor(HWND window) {
   if (className == L"BUTTON") return std::make_unique<CButton>();
   if (className == L"EDIT") return std::make_unique<CEdit>();
   if (className == L"COMBOBOX") return std::make_unique<CComboBox>();
+  if (className == L"SysTabControl32") return std::make_unique<CTabCtrl>();
   if (className == L"STATIC") return std::make_unique<CStatic>();
   if (className == L"MSCTLS_UPDOWN32") return std::make_unique<CSpinButtonCtrl>();
   return std::make_unique<CWnd>();

@@ -5,6 +5,7 @@
 
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
+#include "platform/win/controls/edit_menu.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::win {
@@ -55,6 +56,7 @@ void insertByUser(HWND field, EditState& state, std::wstring_view text) {
   if (hasStyle(field, ES_READONLY)) return;
   std::wstring taken = acceptable(field, text);
   if (taken.empty() && !text.empty()) return;
+  if (state.allows && !state.allows(state.edit.textWith(taken))) return;
   const std::size_t kept = state.edit.text().size() - state.edit.selected().size();
   const std::size_t room = state.limit > kept ? state.limit - kept : 0;
   const bool cut = taken.size() > room;
@@ -302,7 +304,11 @@ LRESULT editProcedure(HWND field, UINT message, WPARAM wParam, LPARAM lParam) {
       notifyParent(field, message == WM_SETFOCUS ? EN_SETFOCUS : EN_KILLFOCUS);
       return 0;
     case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
       SetFocus(field);
+      return 0;
+    case WM_CONTEXTMENU:
+      showEditMenu(field, *state, lParam);
       return 0;
     case WM_CHAR:
       typeCharacter(field, *state, static_cast<wchar_t>(wParam));

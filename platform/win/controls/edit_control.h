@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/win/controls/edit_text.h"
 #include "platform/win/windows/window.h"
 
@@ -11,6 +13,8 @@ class EditState : public WindowState {
   EditText edit;
   std::size_t limit = kNoLimit;  ///< characters that a user can type in all
   bool modified = false;
+  /// Whether a user may come by this text, by typing or pasting; empty: by any.
+  std::function<bool(std::wstring_view)> allows;
 
   const char* kind(const Window& /*window*/) const override { return "edit"; }
 

@@ -18,6 +18,11 @@ class EditText {
     return std::wstring_view(text_).substr(from(), to() - from());
   }
 
+  /// What the text would be with another one in the place of the selection.
+  std::wstring textWith(std::wstring_view inserted) const {
+    return text_.substr(0, from()).append(inserted).append(text_, to());
+  }
+
   /// A new text, nothing selected, the caret at its beginning, nothing to undo.
   void setText(std::wstring_view text);
   /// Selects from the anchor to the caret; both are brought into the text.

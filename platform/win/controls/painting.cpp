@@ -106,13 +106,13 @@ int ReleaseDC(HWND /*window*/, HDC /*context*/) {
 }
 
 BOOL DrawFrameControl(HDC context, RECT* rect, UINT type, UINT state) {
-  return kovra::win::add(context, {PaintStep::Kind::frame, *rect, type, state, nullptr, {}, 0});
+  return kovra::win::add(context, {PaintStep::Kind::frame, *rect, type, state, -1, nullptr, {}, 0});
 }
 
 BOOL DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UINT /*step*/,
                 HBRUSH /*background*/, UINT /*flags*/) {
-  return kovra::win::add(context,
-                         {PaintStep::Kind::icon, {x, y, x + width, y + height}, 0, 0, icon, {}, 0});
+  return kovra::win::add(
+      context, {PaintStep::Kind::icon, {x, y, x + width, y + height}, 0, 0, -1, icon, {}, 0});
 }
 
 int DrawTextW(HDC context, LPCWSTR text, int length, RECT* rect, UINT format) {
@@ -122,7 +122,7 @@ int DrawTextW(HDC context, LPCWSTR text, int length, RECT* rect, UINT format) {
       length < 0 ? all : all.substr(0, static_cast<std::size_t>(length));
   if ((format & DT_CALCRECT) == 0) {
     kovra::win::add(context,
-                    {PaintStep::Kind::text, *rect, 0, 0, nullptr, std::wstring(shown), format});
+                    {PaintStep::Kind::text, *rect, 0, 0, -1, nullptr, std::wstring(shown), format});
     return kHeight;
   }
   LONG width = 0;
@@ -133,11 +133,16 @@ int DrawTextW(HDC context, LPCWSTR text, int length, RECT* rect, UINT format) {
 }
 
 BOOL DrawFocusRect(HDC context, const RECT* rect) {
-  return kovra::win::add(context, {PaintStep::Kind::focus, *rect, 0, 0, nullptr, {}, 0});
+  return kovra::win::add(context, {PaintStep::Kind::focus, *rect, 0, 0, -1, nullptr, {}, 0});
 }
 
-int FillRect(HDC context, const RECT* rect, HBRUSH /*brush*/) {
-  return kovra::win::add(context, {PaintStep::Kind::fill, *rect, 0, 0, nullptr, {}, 0});
+HBRUSH GetSysColorBrush(int color) {
+  return reinterpret_cast<HBRUSH>(static_cast<std::intptr_t>(color) + 1);
+}
+
+int FillRect(HDC context, const RECT* rect, HBRUSH brush) {
+  const int color = static_cast<int>(reinterpret_cast<std::intptr_t>(brush)) - 1;
+  return kovra::win::add(context, {PaintStep::Kind::fill, *rect, 0, 0, color, nullptr, {}, 0});
 }
 
 int GetDeviceCaps(HDC /*context*/, int index) {
@@ -169,6 +174,7 @@ HRESULT DrawThemeBackground(HTHEME theme, HDC context, int part, int state, cons
                        *rect,
                        static_cast<unsigned>(part),
                        static_cast<unsigned>(state),
+                       -1,
                        nullptr,
                        {},
                        0};

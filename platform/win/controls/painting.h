@@ -18,6 +18,7 @@ struct PaintStep {
   RECT place{};        ///< in the painted window's client area
   unsigned part = 0;   ///< DFC_ number or part of the theme
   unsigned state = 0;  ///< DFCS_ flags or state of the part
+  int color = -1;      ///< of a fill, COLOR_; -1: none
   HICON icon = nullptr;
   std::wstring text;
   unsigned format = 0;  ///< DT_ flags of a text
@@ -90,6 +91,16 @@ BOOL DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UI
 /// one.
 int DrawTextW(HDC context, LPCWSTR text, int length, RECT* rect, UINT format);
 BOOL DrawFocusRect(HDC context, const RECT* rect);
+/// The brush of a color that the desktop gives (COLOR_).
+HBRUSH GetSysColorBrush(int color);
+inline constexpr int COLOR_WINDOW = 5;
+inline constexpr int COLOR_WINDOWTEXT = 8;
+inline constexpr int COLOR_HIGHLIGHT = 13;
+inline constexpr int COLOR_BTNFACE = 15;
+inline constexpr int COLOR_BTNSHADOW = 16;
+inline constexpr int COLOR_3DLIGHT = 22;
+inline constexpr int COLOR_HOTLIGHT = 26;
+/// With a null brush nothing is seen.
 int FillRect(HDC context, const RECT* rect, HBRUSH brush);
 int GetDeviceCaps(HDC context, int index);
 inline constexpr int LOGPIXELSX = 88;

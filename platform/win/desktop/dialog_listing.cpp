@@ -1,5 +1,6 @@
 #include "platform/win/desktop/dialog_listing.h"
 
+#include "platform/win/controls/edit_control.h"
 #include "platform/win/desktop/user_input.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/window.h"
@@ -23,6 +24,21 @@ std::wstring withoutMarks(std::wstring_view text) {
   return plain;
 }
 
+TableListing listTable(const TableState& table) {
+  TableListing listing;
+  listing.size = table.size();
+  listing.active = table.activeCell();
+  listing.block = table.selectedBlock();
+  listing.cells = table.filledCells();
+  if (const auto* field = stateOf<EditState>(table.openEditor())) {
+    listing.editing = true;
+    listing.editorText = field->edit.text();
+    listing.from = field->edit.from();
+    listing.to = field->edit.to();
+  }
+  return listing;
+}
+
 }  // namespace
 
 ControlListing listControl(HWND control) {
@@ -41,7 +57,10 @@ ControlListing listControl(HWND control) {
     listing.checks = state->itemChecks();
     listing.selected = state->selectedItem();
   }
+  if (const auto* table = stateOf<TableState>(control)) listing.table = listTable(*table);
   listing.text = windowText(control);
+  if (listing.kind == "tabs" && listing.selected >= 0)
+    listing.text = listing.items[static_cast<std::size_t>(listing.selected)];
   listing.place = screenPlace(control);
   window = findWindow(control);
   const bool marks = window != nullptr && marksAccessKeys(*window, listing.kind);

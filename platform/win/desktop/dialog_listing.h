@@ -5,8 +5,21 @@
 #include <vector>
 
 #include "platform/win/base/windows_types.h"
+#include "platform/win/windows/table_state.h"
 
 namespace kovra::win {
+
+/// What a user sees of a table of cells.
+struct TableListing {
+  TableState::Cell size;
+  TableState::Cell active;
+  std::optional<std::pair<TableState::Cell, TableState::Cell>> block;
+  std::vector<TableState::FilledCell> cells;  ///< with a text, row by row
+  bool editing = false;
+  std::wstring editorText;
+  std::size_t from = 0;  ///< the editor's selection, or twice its caret
+  std::size_t to = 0;
+};
 
 /// What a user sees of a control.
 struct ControlListing {
@@ -23,6 +36,7 @@ struct ControlListing {
   std::vector<std::wstring> items;  ///< of a list
   std::vector<int> checks;          ///< 0 or 1 for each item, of a list with check boxes
   int selected = -1;                ///< index into them
+  std::optional<TableListing> table;
 };
 
 /// What a user sees of a dialog.

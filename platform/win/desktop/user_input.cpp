@@ -7,47 +7,16 @@
 #include "platform/win/controls/edit_control.h"
 #include "platform/win/controls/up_down_control.h"
 #include "platform/win/desktop/input_keys.h"
+#include "platform/win/desktop/input_targets.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/focus.h"
 #include "platform/win/windows/message_queue.h"
+#include "platform/win/windows/table_state.h"
 #include "platform/win/windows/window.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::win {
 namespace {
-
-std::string nameOf(HWND window) {
-  if (isDialog(window)) return "the dialog \"" + toUtf8(windowText(window)) + "\"";
-  return "control " + std::to_string(GetDlgCtrlID(window));
-}
-
-InputResult refused(HWND window, const std::string& why) {
-  return {nameOf(window) + " " + why};
-}
-
-/// Why a user can't reach a window; no error if he can.
-InputResult reachable(HWND window) {
-  if (!IsWindow(window)) return {"there is no such window"};
-  if (!IsWindowVisible(window)) return refused(window, "is hidden");
-  if (!IsWindowEnabled(window)) return refused(window, "is disabled");
-  if (!IsWindowEnabled(topLevelOf(window))) return refused(topLevelOf(window), "is disabled");
-  if (!canTakeFocus(window)) return refused(window, "is disabled with what it lies in");
-  return {};
-}
-
-/// A place in the window's own client area, as messages of the mouse carry it. The cursor goes
-/// there.
-LPARAM moveCursorTo(HWND window, POINT place) {
-  const RECT client = clientOnScreen(window);
-  setCursorPosition({client.left + place.x, client.top + place.y});
-  trackCursor(window);
-  return MAKELPARAM(static_cast<UINT>(place.x), static_cast<UINT>(place.y));
-}
-
-POINT middleOf(HWND window) {
-  const RECT client = clientOnScreen(window);
-  return {widthOf(client) / 2, heightOf(client) / 2};
-}
 
 bool canBeClicked(HWND control) {
   const std::wstring className = classNameOf(control);
@@ -75,12 +44,11 @@ InputResult click(HWND control, UINT pressMessage) {
   return clickAt(control, middleOf(control), pressMessage);
 }
 
-/// The edit of a field or combo box; null for other controls.
+/// The edit of a field or combo box, or the one that is open in a table; null for other controls.
 HWND fieldOf(HWND control) {
   if (stateOf<EditState>(control) != nullptr) return control;
   const HWND inner = GetWindow(control, GW_CHILD);
-  const bool combo = classNameOf(control) == L"COMBOBOX";
-  return combo && stateOf<EditState>(inner) != nullptr ? inner : nullptr;
+  return stateOf<EditState>(inner) != nullptr ? inner : nullptr;
 }
 
 InputResult focusField(HWND control) {
@@ -164,7 +132,8 @@ HWND controlWithId(HWND dialog, int id) {
 HWND focusedControl() {
   const HWND focused = GetFocus();
   const HWND parent = GetParent(focused);
-  return classNameOf(parent) == L"COMBOBOX" ? parent : focused;
+  const bool inner = classNameOf(parent) == L"COMBOBOX" || stateOf<TableState>(parent) != nullptr;
+  return inner ? parent : focused;
 }
 
 InputResult clickControl(HWND control) {
@@ -253,10 +222,12 @@ InputResult typeOver(HWND control, std::wstring_view text) {
 }
 
 InputResult typeCharacters(std::wstring_view text) {
-  const HWND field = GetFocus();
-  if (auto result = reachable(field); !result) return {"no field has the focus"};
+  // A table opens and closes a field inside it while it is typed to.
+  const HWND control = focusedControl();
+  if (auto result = reachable(control); !result) return {"no field has the focus"};
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (GetFocus() != field)
+    const HWND field = GetFocus();
+    if (focusedControl() != control)
       return {"the focus left the field after " + std::to_string(i) + " characters"};
     const bool breakPair = text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n';
     if (breakPair) continue;

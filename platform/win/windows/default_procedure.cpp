@@ -49,6 +49,14 @@ LRESULT hitTest(HWND handle, LPARAM where) {
   return PtInRect(&client, point) ? HTCLIENT : HTCAPTION;
 }
 
+/// The right button asks for the context menu, with the place on the screen.
+LRESULT contextMenu(HWND handle, LPARAM where) {
+  POINT point{static_cast<SHORT>(LOWORD(where)), static_cast<SHORT>(HIWORD(where))};
+  ClientToScreen(handle, &point);
+  return SendMessageW(handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle),
+                      MAKELPARAM(static_cast<UINT>(point.x), static_cast<UINT>(point.y)));
+}
+
 }  // namespace
 
 LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -75,6 +83,8 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
       return systemCommand(handle, wParam);
     case WM_NCHITTEST:
       return hitTest(handle, lParam);
+    case WM_RBUTTONUP:
+      return contextMenu(handle, lParam);
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE && !kovra::win::focusIsChosen()) SetFocus(handle);
       return 0;
