@@ -30,7 +30,8 @@ std::unique_ptr<CWnd> objectFor(HWND window) {
   if (className == L"COMBOBOX") return std::make_unique<CComboBox>();
   if (className == L"SysTabControl32") return std::make_unique<CTabCtrl>();
   if (className == L"STATIC") return std::make_unique<CStatic>();
-  if (className == L"MSCTLS_UPDOWN32") return std::make_unique<CSpinButtonCtrl>();
+  if (className == WC_LISTVIEW) return std::make_unique<CListCtrl>();
+  if (className == UPDOWN_CLASSW) return std::make_unique<CSpinButtonCtrl>();
   return std::make_unique<CWnd>();
 }
 

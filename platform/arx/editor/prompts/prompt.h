@@ -26,10 +26,10 @@ struct Question {
   host::WaitKind kind = host::WaitKind::kString;
   std::wstring prompt;
   Blanks blanks = Blanks::kAccept;
-  bool takesPoints = false;               ///< a click answers
-  bool takesEntities = false;             ///< a selection answers
-  bool takesAttributes = false;           ///< its attributes of block references count by themselves
-  host::NamesAsked names{};               ///< which names answer
+  bool takesPoints = false;      ///< a click answers
+  bool takesEntities = false;    ///< a selection answers
+  bool takesAttributes = false;  ///< its attributes of block references count by themselves
+  host::NamesAsked names{};      ///< which names answer
   const KeywordList* keywords = nullptr;  ///< which words answer; outlives the question
   std::optional<AcGePoint3d> base{};      ///< world point from which ORTHOMODE works
   bool ortho = true;                      ///< false where ORTHOMODE has no effect
