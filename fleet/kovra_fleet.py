@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Runs `kovra each` on the drawings of a folder over many machines.
 
 The machines are workers of a dask.distributed scheduler (Debian: python3-distributed); without an address, processes
@@ -109,7 +109,8 @@ class Progress:
         status = entry["status"]
         self.counts[status] = self.counts.get(status, 0) + 1
         if status == "failed" and len(self.reasons) < 10:
-            self.reasons.append(f"{entry['file']}: {entry.get('error', '')}")
+            file, error = entry["file"], entry.get("error", "")
+            self.reasons.append(error if file in error else f"{file}: {error}")
         done = sum(self.counts.values())
         if sys.stderr.isatty():
             left = (time.monotonic() - self.begin) / done * (self.total - done)
