@@ -43,12 +43,24 @@ void CWnd::CenterWindow() {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+namespace {
+
+/// Not through a pointer that takes the rectangle for two points: a compiler may take what is
+/// written through it for something else.
+void mapCorners(HWND from, HWND to, RECT& rect) {
+  POINT corners[] = {{rect.left, rect.top}, {rect.right, rect.bottom}};
+  ::MapWindowPoints(from, to, corners, 2);
+  rect = {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
+}
+
+}  // namespace
+
 void CWnd::ScreenToClient(LPRECT rect) const {
-  ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2);
+  mapCorners(nullptr, m_hWnd, *rect);
 }
 
 void CWnd::ClientToScreen(LPRECT rect) const {
-  ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(rect), 2);
+  mapCorners(m_hWnd, nullptr, *rect);
 }
 
 CWnd* CWnd::GetNextDlgTabItem(CWnd* control, BOOL previous) const {
