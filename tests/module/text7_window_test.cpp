@@ -40,8 +40,9 @@ class Text7Window : public ::testing::Test {
   RECT place(int id) const {
     RECT rect{};
     GetWindowRect(control(id), &rect);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
+    POINT corners[] = {{rect.left, rect.top}, {rect.right, rect.bottom}};
+    MapWindowPoints(nullptr, dialog, corners, 2);
+    return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
   }
   RECT client() const {
     RECT rect{};
