@@ -93,7 +93,9 @@ TEST_F(EachTest, CtrlCFinishesWhatRunsAndTheNextRunGoesOn) {
                                         "r.jsonl", "--resume", "r.jsonl", "-c", "-KOVRA_ATTR_COPY",
                                         "-c",      "* /H 7"};
   const pid_t batch = start(job);
-  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  // Not before it counts interruptions: the first drawing is done then.
+  while (!exists("r.jsonl") || read("r.jsonl").empty())
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   kill(batch, SIGINT);
   const ProgramRun stopped = finish(batch);
   const std::size_t finished = report("r.jsonl").size();
