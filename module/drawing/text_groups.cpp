@@ -1,6 +1,7 @@
 #include "module/drawing/text_groups.h"
 
 #include "module/drawing/angles.h"
+#include "module/drawing/attachment.h"
 #include "module/drawing/group_list.h"
 
 namespace kovra {
@@ -25,6 +26,12 @@ TextKind TextKindOf(resbuf* list) {
 TextModes TextModesOf(resbuf* list, TextKind kind) {
   const int vertical = kind == TextKind::text ? kTextVerticalGroup : kAttributeVerticalGroup;
   return {numberOf(list, kHorizontalGroup), numberOf(list, vertical)};
+}
+
+int ShownAttachIndex(resbuf* list, TextKind kind) {
+  const TextModes modes = TextModesOf(list, kind);
+  const int index = NearestAttachIndex(modes.horizontal, modes.vertical);
+  return index < 0 && modes.vertical == 0 ? 0 : index;
 }
 
 double SignedDegrees(double radians) {

@@ -29,6 +29,10 @@ struct TextModes {
 };
 TextModes TextModesOf(resbuf* list, TextKind kind);
 
+/// Index of the attachment that a list of attachments shows for the text: the first for an aligned
+/// or fitted one; -1 for modes that stand for nothing.
+int ShownAttachIndex(resbuf* list, TextKind kind);
+
 /// Degrees of a rotation in radians from 0 to a full turn; those above a half turn are negative.
 double SignedDegrees(double radians);
 

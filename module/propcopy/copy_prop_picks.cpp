@@ -1,6 +1,5 @@
 // What the property copy dialog takes from texts and attributes in the drawing.
 #include "module/drawing/angles.h"
-#include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
 #include "module/drawing/entity_pick.h"
 #include "module/drawing/group_list.h"
@@ -49,13 +48,6 @@ CString valueOf(resbuf* list, int property) {
   if (property == kCopyLayer) return found->resval.rstring;
   const double number = found->resval.rreal;
   return FormatDistance(property == kCopyRotation ? DegreesOf(number) : number);
-}
-
-/// An aligned or fitted text counts as the first row.
-int alignmentRowOf(resbuf* list) {
-  const TextModes modes = TextModesOf(list, TextKindOf(list));
-  const int row = NearestAttachIndex(modes.horizontal, modes.vertical);
-  return row < 0 && modes.vertical == 0 ? 0 : row;
 }
 
 }  // namespace
@@ -110,7 +102,7 @@ void CCopyPropDlg::OnPickValue(UINT id) {
 
 void CCopyPropDlg::showPicked(int property, resbuf* list) {
   if (property == kCopyAlignment) {
-    SelectIndex(*this, kAlignment, alignmentRowOf(list));
+    SelectIndex(*this, kAlignment, ShownAttachIndex(list, TextKindOf(list)));
   } else {
     SelectOrType(*this, ComboOf(property), valueOf(list, property).GetString());
   }

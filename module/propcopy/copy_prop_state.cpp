@@ -2,6 +2,7 @@
 #include <string>
 
 #include "module/drawing/number_text.h"
+#include "module/drawing/property_combos.h"
 #include "module/drawing/system_variables.h"
 #include "module/frame/dialog_items.h"
 #include "module/frame/dialog_state.h"
@@ -22,8 +23,6 @@ constexpr ACHAR kTagsKey[] = L"Tags";
 constexpr ACHAR kScopeKey[] = L"Radio";
 constexpr ACHAR kTagRowsKey[] = L"LstBox";
 constexpr ACHAR kUseDimScaleKey[] = L"UseDimScale";
-
-constexpr UINT kFirstAlignment = 2809;
 
 CString valueKey(int property) {
   CString key;
@@ -48,7 +47,7 @@ CString firstValue(int property) {
     case kCopyRotation:
       return L"0";
     case kCopyAlignment:
-      return ResourceText(kFirstAlignment);
+      return ResourceText(kTextJustifications);
     default:
       return {};
   }

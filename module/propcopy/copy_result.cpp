@@ -1,6 +1,5 @@
 #include "module/propcopy/copy_result.h"
 
-#include "module/drawing/group_list.h"
 #include "module/frame/reporting.h"
 
 namespace kovra {
@@ -18,11 +17,6 @@ CString ObjectsChangedText(int count) {
 
 void PrintObjectsChanged(int count) {
   acutPrintf(L"\n%s", ObjectsChangedText(count).GetString());
-}
-
-void RegenerateDrawing() {
-  const GroupList command(acutBuildList(RTSTR, L".REGEN", RTNONE));
-  acedCmdS(command.get());
 }
 
 }  // namespace kovra

@@ -10,7 +10,4 @@ CString ObjectsChangedText(int count);
 /// Prints it on a line of its own.
 void PrintObjectsChanged(int count);
 
-/// Regenerates the current drawing, which the writer changed behind the screen's back.
-void RegenerateDrawing();
-
 }  // namespace kovra

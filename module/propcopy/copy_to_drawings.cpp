@@ -1,5 +1,6 @@
 #include "module/propcopy/copy_to_drawings.h"
 
+#include "module/drawing/regenerate.h"
 #include "module/frame/companions/reactor_tools_lib.h"
 #include "module/frame/companions/ui_tools_lib.h"
 #include "module/frame/reporting.h"

@@ -5,6 +5,7 @@
 #include "module/drawing/auto_var.h"
 #include "module/drawing/current_database.h"
 #include "module/drawing/group_list.h"
+#include "module/drawing/regenerate.h"
 #include "module/drawing/selection_set.h"
 #include "module/frame/companions/ui_tools_lib.h"
 #include "module/frame/gates.h"

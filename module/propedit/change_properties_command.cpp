@@ -1,4 +1,5 @@
 #include "module/drawing/group_list.h"
+#include "module/drawing/regenerate.h"
 #include "module/drawing/selection_set.h"
 #include "module/frame/attach.h"
 #include "module/frame/commands.h"
@@ -51,11 +52,6 @@ class Highlight {
   const GrowingList<AcDbObjectId>& ids_;
 };
 
-void regenerate() {
-  const GroupList command(acutBuildList(RTSTR, L".REGEN", RTNONE));
-  acedCmdS(command.get());
-}
-
 }  // namespace
 
 void ChangePropertiesCommand() {
@@ -73,7 +69,7 @@ void ChangePropertiesCommand() {
   CPropDlg dialog(acedGetAcadFrame(), ResourceModule, tables);
   dialog.InitPropValues(ids);
   const Highlight highlight(ids);
-  if (dialog.DoModal() == IDOK) regenerate();
+  if (dialog.DoModal() == IDOK) RegenerateDrawing();
 }
 
 }  // namespace kovra

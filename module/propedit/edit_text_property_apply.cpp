@@ -8,6 +8,7 @@
 #include "module/drawing/group_list.h"
 #include "module/drawing/layer_snapshot.h"
 #include "module/drawing/layers.h"
+#include "module/drawing/regenerate.h"
 #include "module/frame/companions/entity_attr_lib.h"
 #include "module/frame/companions/ui_tools_lib.h"
 #include "module/frame/narrow_text.h"
@@ -90,8 +91,7 @@ void applyToObject(const AcDbObjectId& id, const Application& application) {
 void regenerate() {
   CAutoVar echo;
   echo.Set(L"CMDECHO", 0);
-  const GroupList command(acutBuildList(RTSTR, L".REGEN", RTNONE));
-  acedCmdS(command.get());
+  RegenerateDrawing();
 }
 
 void applyToObjects(const AcDbObjectIdArray& ids, const Application& application) {

@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "module/countup/spacing_pick.h"
-#include "module/drawing/attachment.h"
 #include "module/drawing/auto_var.h"
 #include "module/drawing/entity_pick.h"
 #include "module/drawing/group_list.h"
@@ -85,13 +84,6 @@ CString PickedValue(CText7Dlg& dialog, const PickRow& row, resbuf* list) {
   }
 }
 
-/// An aligned or fitted text counts as the first entry.
-int JustificationIndex(resbuf* list, TextKind kind) {
-  const TextModes modes = TextModesOf(list, kind);
-  const int index = NearestAttachIndex(modes.horizontal, modes.vertical);
-  return index < 0 && modes.vertical == 0 ? 0 : index;
-}
-
 /// Puts the value in the place of the selection, or at the caret.
 void InsertAtCaret(CText7Dlg& dialog, const CString& value) {
   CWnd* field = dialog.GetDlgItem(kLines);
@@ -138,7 +130,7 @@ void applyText(CText7Dlg& dialog, int button, resbuf* list, TextKind kind) {
   for (const PickRow& row : PickTable) {
     if (!countsFor(row, button)) continue;
     if (row.target == kJustification) {
-      SelectIndex(dialog, kJustification, JustificationIndex(list, kind));
+      SelectIndex(dialog, kJustification, ShownAttachIndex(list, kind));
     } else {
       ApplyPicked(dialog, row, PickedValue(dialog, row, list));
     }
