@@ -10,6 +10,7 @@ packages=(
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
   python3 python3-ezdxf
   help2man dpkg-dev file
+  qt6-base-dev libboost-dev xvfb
 )
 
 missing=()

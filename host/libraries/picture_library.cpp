@@ -1,6 +1,6 @@
 #include "host/libraries/picture_library.h"
 
-#include "host/libraries/program_library.h"
+#include "launch/program_library.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
@@ -13,7 +13,7 @@ Result<PictureForm> pictureForm(const std::filesystem::path& file) {
 }
 
 Result<PictureLibrary> loadPictureLibrary() {
-  const auto library = loadProgramExport<decltype(kovraPictureLibrary)>(
+  const auto library = launch::loadProgramExport<decltype(kovraPictureLibrary)>(
       "kovra_picture.so", "kovraPictureLibrary", "no picture can be drawn");
   if (!library) return library.error();
   return *library.value()();

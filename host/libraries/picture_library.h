@@ -32,7 +32,7 @@ struct PictureLibrary {
   Result<void> (*dialog)(const std::filesystem::path& file, PictureForm form);
 };
 
-/// kNotFound, kNotReadable: see loadProgramExport().
+/// kNotFound, kNotReadable: see launch::loadProgramExport().
 Result<PictureLibrary> loadPictureLibrary();
 
 }  // namespace kovra::host

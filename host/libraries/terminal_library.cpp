@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "host/libraries/program_library.h"
+#include "launch/program_library.h"
 
 namespace kovra::host {
 
@@ -11,7 +11,7 @@ bool terminalIsThere() {
 }
 
 Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete) {
-  const auto lines = loadProgramExport<decltype(kovraTerminalLines)>(
+  const auto lines = launch::loadProgramExport<decltype(kovraTerminalLines)>(
       "kovra_terminal.so", "kovraTerminalLines", "no lines can be typed");
   if (!lines) return lines.error();
   return std::unique_ptr<LineSource>(lines.value()(savesAtEnd, std::move(complete)));

@@ -14,7 +14,7 @@ bool terminalIsThere();
 /// The lines that a person types there, from the library of host/terminal/: most runs are scripts,
 /// which need no line editor. `savesAtEnd`: changes are written when the input ends, so there is
 /// nothing to warn of. `complete` is asked while a line is typed. kNotFound, kNotReadable: see
-/// loadProgramExport().
+/// launch::loadProgramExport().
 Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete);
 
 }  // namespace kovra::host

@@ -11,10 +11,13 @@
 #include "platform/win/base/windows_types.h"
 #include "platform/win/desktop/user_input.h"
 
+namespace kovra::launch {
+class TextModule;
+}
+
 namespace kovra::host {
 
 class TerminalGuide;
-class TextModule;
 
 /// What a line goes on with before the next one is read: once more, each time that everything that
 /// it caused has come to rest, until it fails.
@@ -26,7 +29,7 @@ struct Repetition {
 /// What the handlers of `@` lines work on.
 struct LineContext {
   const RunOptions& options;
-  TextModule& module;
+  launch::TextModule& module;
   std::ostream& out;               ///< for what is printed also with --quiet
   unsigned usedTemplate = 0;       ///< the dialog that lines mean, by its template; 0: the topmost
   TerminalGuide* guide = nullptr;  ///< of the person at the terminal; null in scripts

@@ -1,7 +1,7 @@
 // Lines about drawings, projects and the module.
 #include <filesystem>
 
-#include "host/libraries/text_module.h"
+#include "launch/text_module.h"
 #include "host/lines/line_handlers.h"
 #include "host/texts/row_writer.h"
 #include "platform/arx/database/database.h"

@@ -5,7 +5,7 @@
 #include "host/batch/batch_progress.h"
 #include "host/batch/batch_report.h"
 #include "host/program/program_errors.h"
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 #include "host/subcommands/run_command.h"
 
 namespace kovra::host {

@@ -5,7 +5,7 @@
 #include "host/batch/drawing_list.h"
 #include "host/libraries/picture_library.h"
 #include "host/program/program_errors.h"
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 #include "host/subcommands/each_in_order.h"
 
 namespace kovra::host {
@@ -32,7 +32,7 @@ int plot(const PlotOptions& options, const BatchDrawing& drawing,
   const Result<PictureLibrary> library = loadPictureLibrary();
   if (!form) {
     errors.report(kExitUsage, {}, form.error().message);
-  } else if (isSameFile(picture, drawing.file)) {
+  } else if (launch::isSameFile(picture, drawing.file)) {
     errors.report(kExitUsage, picture.string(), "the output is the drawing");
   } else if (!library) {
     errors.report(kExitFile, {}, library.error().message);

@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "host/libraries/terminal_library.h"
-#include "host/libraries/text_module.h"
+#include "launch/text_module.h"
 #include "host/lines/completion_offers.h"
 #include "host/lines/line_runner.h"
 #include "host/lines/terminal_guide.h"
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/run_settings.h"
@@ -23,12 +23,12 @@ constexpr const char* kOutputIsInput = "the output is one of the inputs";
 
 bool isInput(const path& file, const RunOptions& options) {
   for (const path& drawing : options.drawings) {
-    if (isSameFile(file, drawing)) return true;
+    if (launch::isSameFile(file, drawing)) return true;
   }
   for (const editor::DrawingInfo& drawing : editor::drawings()) {
-    if (!drawing.file.empty() && isSameFile(file, drawing.file)) return true;
+    if (!drawing.file.empty() && launch::isSameFile(file, drawing.file)) return true;
   }
-  return !options.script.empty() && isSameFile(file, options.script);
+  return !options.script.empty() && launch::isSameFile(file, options.script);
 }
 
 // What must be there before anything is opened; false when it isn't.
@@ -145,7 +145,7 @@ void runLines(const RunOptions& options, LineContext& context, LineSource& lines
 
 void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
   applySettings(options, moduleFile.parent_path());
-  TextModule module(moduleFile);
+  launch::TextModule module(moduleFile);
   LineContext context{options, module, std::cout};
   const auto lines = openInput(options, context);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
@@ -170,7 +170,7 @@ int runDrawings(const RunOptions& given) {
   if (isInteractive(options)) options.keepGoing = true;
   ProgramErrors errors;
   if (!checkPlaces(options, errors)) return errors.status();
-  const Result<path> module = findProgramFile("kovra_text.so");
+  const Result<path> module = launch::findProgramFile("kovra_text.so");
   if (!module) {
     errors.report(kExitFile, {}, module.error().message);
     return errors.status();

@@ -1,6 +1,6 @@
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 
 Result<std::filesystem::path> findProgramFile(const std::string& name) {
   std::error_code failure;
@@ -16,4 +16,4 @@ bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) 
   return std::filesystem::equivalent(a, b, failure) && !failure;
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

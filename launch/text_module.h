@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 #include "platform/dxf/result.h"
 #include "platform/win/base/windows_types.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 
 /// The library with the text commands: loaded, bound to its command names, unloaded again.
 class TextModule {
@@ -27,4 +27,4 @@ class TextModule {
   HMODULE module_ = nullptr;
 };
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

@@ -4,7 +4,7 @@
 
 #include "platform/dxf/result.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 
 /// A function of this name that a library of the installed program exports. The library is loaded
 /// if it isn't yet, and stays until the program ends. kNotFound without its file; kNotReadable when
@@ -22,4 +22,4 @@ Result<Function*> loadProgramExport(const std::string& library, const char* name
   return reinterpret_cast<Function*>(found.value());
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

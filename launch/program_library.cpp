@@ -1,9 +1,9 @@
-#include "host/libraries/program_library.h"
+#include "launch/program_library.h"
 
-#include "host/program/program_files.h"
+#include "launch/program_files.h"
 #include "platform/win/resources/loader.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 
 Result<void (*)()> findProgramExport(const std::string& library, const char* name,
                                      const std::string& failure) {
@@ -19,4 +19,4 @@ Result<void (*)()> findProgramExport(const std::string& library, const char* nam
   return exported;
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

@@ -1,4 +1,4 @@
-#include "host/libraries/text_module.h"
+#include "launch/text_module.h"
 
 #include <string>
 
@@ -6,7 +6,7 @@
 #include "platform/win/base/interaction.h"
 #include "platform/win/resources/loader.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 namespace {
 
 struct CommandName {
@@ -68,4 +68,4 @@ void TextModule::callByName(const char* name) const {
   if (const FARPROC function = win::exportByName(module_, name)) function();
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::launch
