@@ -13,6 +13,7 @@
 namespace kovra::dxf {
 
 class TextCodec;
+struct GroupStyle;
 
 /// No such group.
 inline constexpr std::size_t kNoGroup = static_cast<std::size_t>(-1);
@@ -180,10 +181,11 @@ class RecordDraft {
   void markEdited(std::uint32_t begin, std::uint32_t end);
   std::uint32_t beginPool();
   void setPooled(std::size_t group, std::uint32_t poolBegin);
+  void putPooled(std::size_t group, std::uint32_t poolBegin);
   void insertPooled(std::size_t at, int code, std::uint32_t poolBegin);
   void alignInteger(std::uint32_t poolBegin, std::string_view like);
   std::string_view integerLike(ValueType type) const;
-  void appendGroupBytes(const Group& group, std::string& out) const;
+  void appendGroupBytes(const Group& group, const GroupStyle& style, std::string& out) const;
 
   const Dialect* dialect_ = nullptr;
   std::string_view borrowed_;

@@ -85,25 +85,34 @@ void OverlayBuilder::strip() {
   new_.erase(new_.begin(), new_.begin() + static_cast<std::ptrdiff_t>(front));
 }
 
+/// Whether the groups that the store knows a record by differ in their order or their bytes.
 bool OverlayBuilder::indexed() const {
-  return std::any_of(old_.begin(), old_.end(),
-                     [](const GroupView& group) { return isIndexed(group.code); }) ||
-         std::any_of(new_.begin(), new_.end(),
-                     [](const Group& group) { return isIndexed(group.code); });
+  auto old = old_.begin();
+  const auto toIndexed = [&] {
+    while (old != old_.end() && !isIndexed(old->code)) ++old;
+  };
+  for (const Group& group : new_) {
+    if (!isIndexed(group.code)) continue;
+    toIndexed();
+    if (old == old_.end() || old->code != group.code || old->value() != draft_->value(group))
+      return true;
+    ++old;
+  }
+  toIndexed();
+  return old != old_.end();
 }
 
 /// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
-void OverlayBuilder::append(const GroupView* old, const Group& group, std::string& out) const {
-  if (old == nullptr) return draft_->appendGroupBytes(group, out);
+void OverlayBuilder::append(const GroupView* old, const Group& group) {
+  if (old == nullptr) return draft_->appendGroupBytes(group, draftStyle_, middle_);
   // Had the only pair been equal, strip() would have taken it.
   const bool onlyPair = old_.size() == 1 && new_.size() == 1;
   if (!onlyPair && same(*old, group)) {
-    out.append(old->begin, old->end);
-  } else if (draft_->dialect().binary) {
-    appendGroup(groupStyle(draft_->dialect()), group.code, draft_->value(group), out);
+    middle_.append(old->begin, old->end);
+  } else if (style_.binary) {
+    appendGroup(style_, group.code, draft_->value(group), middle_);
   } else {
-    const GroupStyle style = groupStyle(draft_->dialect(), original_);
-    appendRevalued(*old, draft_->value(group), style, out);
+    appendRevalued(*old, draft_->value(group), style_, middle_);
   }
 }
 
@@ -140,16 +149,17 @@ std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view orig
   overlay->head = head_;
   overlay->tail = tail_;
   overlay->indexed = indexed();
-  std::string& out = overlay->middle;
-  const std::string_view lineEnd = groupStyle(draft.dialect(), original_).lineEnd();
+  style_ = groupStyle(draft.dialect(), original_);
+  draftStyle_ = groupStyle(draft.dialect(), draft.base());
+  middle_.clear();
   // Nothing can follow a last line that has no end.
   const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
-  if (cutLine && !new_.empty()) out = lineEnd;
+  if (cutLine && !new_.empty()) middle_ = style_.lineEnd();
   for (std::size_t n = 0; n < new_.size(); ++n) {
-    if (!out.empty() && out.back() != '\n') out.append(lineEnd);
-    append(partners_[n] == kNoGroup ? nullptr : &old_[partners_[n]], new_[n], out);
+    if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
+    append(partners_[n] == kNoGroup ? nullptr : &old_[partners_[n]], new_[n]);
   }
-  out.shrink_to_fit();
+  overlay->middle = middle_;
   return overlay;
 }
 

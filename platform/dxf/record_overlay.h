@@ -50,7 +50,7 @@ class OverlayBuilder {
   void strip();
   bool indexed() const;
   void align();
-  void append(const GroupView* old, const Group& group, std::string& out) const;
+  void append(const GroupView* old, const Group& group);
 
   std::string_view original_;
   const RecordDraft* draft_ = nullptr;
@@ -60,6 +60,9 @@ class OverlayBuilder {
   std::vector<GroupView> old_;
   std::vector<Group> new_;
   std::vector<std::size_t> partners_;  ///< by new group: the old one that it stands for
+  GroupStyle style_;                   ///< of the original record
+  GroupStyle draftStyle_;              ///< of the record that the draft was decoded from
+  std::string middle_;
 };
 
 }  // namespace kovra::dxf

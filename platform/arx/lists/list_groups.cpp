@@ -54,7 +54,7 @@ bool belongsToPoint(const dxf::RecordDraft& draft, std::size_t group) {
   const int code = draft.code(group);
   for (std::size_t back = 1; back <= 2 && back <= group; ++back) {
     const int x = draft.code(group - back);
-    if (dxf::isPointCode(x) && (code == x + 10 || code == x + 20)) return true;
+    if ((code == x + 10 || code == x + 20) && dxf::isPointCode(x)) return true;
   }
   return false;
 }
@@ -215,6 +215,11 @@ bool equalsElement(const AcDbDatabase& database, const dxf::RecordDraft& draft, 
     case ListValue::kInt64:
       return draft.integer(group) == listInteger(element);
     case ListValue::kText:
+      if (readsAsItStands(draft, group)) {
+        const std::string_view bytes = draft.text(group);
+        const std::wstring_view text = listText(element);
+        return std::equal(bytes.begin(), bytes.end(), text.begin(), text.end());
+      }
       return groupText(database, draft, group) == listText(element);
     case ListValue::kName:
       return draft.handle(group) == elementHandle(element);
