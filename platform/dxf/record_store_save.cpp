@@ -200,9 +200,9 @@ Result<void> RecordStore::saveTo(const std::string& path, const SaveOptions& opt
     if (Result<void> unchanged = checkUnchangedOnDisk(file->target()); !unchanged) return unchanged;
   }
   const bool isBehind = options.behind && CommitsBehind::allowed();
-  const Result<FileStamp> stamp = isBehind
-                                      ? commitBehind(std::move(file), options.backup, options.behind)
-                                      : file->commit(options.backup);
+  const Result<FileStamp> stamp =
+      isBehind ? commitBehind(std::move(file), options.backup, options.behind)
+               : file->commit(options.backup);
   if (!stamp) return stamp.error();
   if (own || options.adopt) {
     if (!own) impl_->path = path;

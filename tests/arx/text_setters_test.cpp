@@ -305,10 +305,11 @@ TEST(Text, MultiLineAttributeIsAttachedByItsAlignment) {
     int horizontal;
     int vertical;
     const char* attachment;
-  } cases[] = {{AcDb::kTextLeft, AcDb::kTextTop, "1"},      {AcDb::kTextRight, AcDb::kTextTop, "3"},
-               {AcDb::kTextMid, AcDb::kTextBase, "5"},      {AcDb::kTextRight, AcDb::kTextVertMid, "6"},
-               {AcDb::kTextCenter, AcDb::kTextBottom, "8"}, {AcDb::kTextRight, AcDb::kTextBase, "9"},
-               {AcDb::kTextLeft, AcDb::kTextBase, "1"}};
+  } cases[] = {
+      {AcDb::kTextLeft, AcDb::kTextTop, "1"},      {AcDb::kTextRight, AcDb::kTextTop, "3"},
+      {AcDb::kTextMid, AcDb::kTextBase, "5"},      {AcDb::kTextRight, AcDb::kTextVertMid, "6"},
+      {AcDb::kTextCenter, AcDb::kTextBottom, "8"}, {AcDb::kTextRight, AcDb::kTextBase, "9"},
+      {AcDb::kTextLeft, AcDb::kTextBase, "1"}};
   for (const std::string present : {"1", ""}) {
     std::string multi =
         TestDrawing{1032, textEntity(TextKind::kAttribute, 1032, kHandle, {})}.bytes();

@@ -213,8 +213,8 @@ TextAnchor textAnchor(const dxf::RecordDraft& draft) {
   return {aligned ? ocsToWcs(textPoint(draft, kTextAlignment), normal) : position, position};
 }
 
-/// The attachment of several lines that stand where a text's modes put its one line. The lowest base is
-/// the bottom of several lines, so the base line stands for it.
+/// The attachment of several lines that stand where a text's modes put its one line. The lowest
+/// base is the bottom of several lines, so the base line stands for it.
 int attachmentOfModes(const dxf::RecordDraft& draft) {
   constexpr int kMiddleCenter = 5;
   const AcDb::TextHorzMode horizontal = textHorizontalMode(draft);
