@@ -98,6 +98,10 @@ void holdWritesBack(bool hold) {
   heldFiles().hold = hold;
 }
 
+bool writesAreHeldBack() {
+  return heldFiles().hold;
+}
+
 std::string heldBack(const std::string& path) {
   const auto held = heldFiles().files.find(resolvedPath(path));
   return held != heldFiles().files.end() ? pathOfDescriptor(held->second) : std::string();
@@ -203,6 +207,13 @@ void AtomicFile::giveName() {
   error_ = errno;
 }
 
+Result<FileStamp> AtomicFile::finishWriting() {
+  writeOut(buffer_);
+  buffer_.clear();
+  if (error_ != 0) return failure(error_);
+  return stampOf(pathOfDescriptor(file_));
+}
+
 Result<void> AtomicFile::flush() {
   writeOut(buffer_);
   buffer_.clear();
@@ -236,9 +247,7 @@ Result<void> AtomicFile::keepBackup() {
 
 /// The target's own stamp stands for the new file, so that a later save finds it as it should be.
 Result<FileStamp> AtomicFile::holdBack() {
-  writeOut(buffer_);
-  buffer_.clear();
-  if (error_ != 0) return failure(error_);
+  if (Result<FileStamp> written = finishWriting(); !written) return written;
   int& held = heldFiles().files.try_emplace(target_, -1).first->second;
   if (held >= 0) ::close(held);
   held = std::exchange(file_, -1);

@@ -29,6 +29,8 @@ class AtomicFile {
   const std::string& target() const { return target_; }
   /// Collects bytes; failures are kept for commit().
   void append(std::string_view bytes);
+  /// Writes out what was collected. The stamp of what is written, which a new name doesn't change.
+  Result<FileStamp> finishWriting();
   /// Flushes, keeps the former file as NAME.bak if wanted, renames. Returns the new file's stamp.
   Result<FileStamp> commit(bool backup);
 
@@ -54,6 +56,7 @@ class AtomicFile {
 /// don't see a difference, as long as they don't read it back. For runs that only say what they
 /// would do.
 void holdWritesBack(bool hold);
+bool writesAreHeldBack();
 /// A path under which the bytes can be read that `path` would have; empty if it wasn't written.
 std::string heldBack(const std::string& path);
 

@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/dxf/atomic_file.h"
+#include "platform/dxf/commit_behind.h"
 #include "platform/dxf/group_format.h"
 #include "platform/dxf/header_variables.h"
 #include "platform/dxf/record_store.h"
@@ -183,18 +186,23 @@ Result<void> RecordStore::checkUnchangedOnDisk(const std::string& target) const 
 }
 
 Result<void> RecordStore::saveTo(const std::string& path, const SaveOptions& options) {
-  AtomicFile file;
-  if (Result<void> opened = file.open(path); !opened) return opened;
-  const bool own = isOwnFile(file.target());
+  // It may be this very file, which is looked at next.
+  finishCommit();
+  auto file = std::make_unique<AtomicFile>();
+  if (Result<void> opened = file->open(path); !opened) return opened;
+  const bool own = isOwnFile(file->target());
   if (own) {
-    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
+    if (Result<void> unchanged = checkUnchangedOnDisk(file->target()); !unchanged) return unchanged;
   }
-  writeTo([&file](std::string_view bytes) { file.append(bytes); });
+  writeTo([&file](std::string_view bytes) { file->append(bytes); });
   if (own) {
     // Writing takes time: look again right before the rename.
-    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
+    if (Result<void> unchanged = checkUnchangedOnDisk(file->target()); !unchanged) return unchanged;
   }
-  const Result<FileStamp> stamp = file.commit(options.backup);
+  const bool isBehind = options.behind && CommitsBehind::allowed();
+  const Result<FileStamp> stamp =
+      isBehind ? commitBehind(std::move(file), options.backup, options.behind)
+               : file->commit(options.backup);
   if (!stamp) return stamp.error();
   if (own || options.adopt) {
     if (!own) impl_->path = path;
