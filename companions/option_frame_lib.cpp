@@ -2,7 +2,12 @@
 
 #include <vector>
 
+#include "companions/option_dialog.h"
 #include "companions/option_pages.h"
+#include "module/frame/companions/string_res_lib.h"
+#include "platform/mfc/cstring.h"
+#include "platform/win/base/interaction.h"
+#include "platform/win/base/wide_text.h"
 #include "platform/win/resources/loader.h"
 
 namespace {
@@ -40,4 +45,18 @@ std::intptr_t KovraOptionPage::PageInfo(int /*kind*/, int /*controlId*/) {
 
 void KovraOptionPage::SetModified() {
   modified_ = true;
+  if (const HWND page = PageWindow(); page != nullptr)
+    SendMessageW(GetParent(page), kovra::companions::kPageModifiedMessage, 0, 0);
+}
+
+void kovraShowOptions() {
+  if (!registry().empty()) {
+    kovra::companions::OptionDialog().DoModal();
+    return;
+  }
+  constexpr UINT kNoPages = 3922;
+  CString text;
+  text.LoadString(GetResourceModule(), kNoPages);
+  kovra::win::interaction().freshLine();
+  kovra::win::interaction().print(kovra::win::toUtf8(text.GetString()) + "\n");
 }
