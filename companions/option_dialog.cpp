@@ -107,7 +107,7 @@ bool OptionDialog::makePage(KovraOptionPage* page) {
   if (page->IsPageCreated()) return true;
   if (!page->CreatePage(this) || page->PageWindow() == nullptr) {
     page->DestroyPage();
-    AfxMessageBox(kPageNotShown);
+    AfxMessageBox(optionText(kPageNotShown).c_str());
     return false;
   }
   // Its controls come right behind the list in the tab order.

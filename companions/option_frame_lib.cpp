@@ -4,10 +4,10 @@
 
 #include "companions/option_dialog.h"
 #include "companions/option_pages.h"
+#include "companions/text.h"
 #include "module/frame/companions/string_res_lib.h"
 #include "platform/mfc/cstring.h"
 #include "platform/win/base/interaction.h"
-#include "platform/win/base/wide_text.h"
 #include "platform/win/resources/loader.h"
 
 namespace {
@@ -28,6 +28,12 @@ std::vector<KovraOptionPage*> kovra::companions::optionPages() {
   std::vector<KovraOptionPage*> pages;
   for (const Registered& registered : registry()) pages.push_back(registered.page);
   return pages;
+}
+
+std::wstring kovra::companions::optionText(UINT id) {
+  CString text;
+  text.LoadString(GetResourceModule(), id);
+  return text.GetString();
 }
 
 // The page itself is only being constructed; the text of its path lies in the same library.
@@ -55,8 +61,7 @@ void kovraShowOptions() {
     return;
   }
   constexpr UINT kNoPages = 3922;
-  CString text;
-  text.LoadString(GetResourceModule(), kNoPages);
   kovra::win::interaction().freshLine();
-  kovra::win::interaction().print(kovra::win::toUtf8(text.GetString()) + "\n");
+  kovra::win::interaction().print(
+      kovra::companions::narrow(kovra::companions::optionText(kNoPages)) + "\n");
 }

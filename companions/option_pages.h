@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "platform/win/base/messages.h"
@@ -10,6 +11,9 @@ namespace kovra::companions {
 
 /// The pages that the option dialog shows, in the order in which they were made.
 std::vector<KovraOptionPage*> optionPages();
+
+/// A string of the product's resources.
+std::wstring optionText(UINT id);
 
 /// What the parent of a page's window gets when the page tells that it holds changes.
 inline constexpr UINT kPageModifiedMessage = WM_APP + 1;

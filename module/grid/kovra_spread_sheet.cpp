@@ -13,14 +13,13 @@ constexpr UINT kClearItem = 2720;
 constexpr int kItemLength = 64;
 
 // Keys by their codes; of letters both forms come.
-constexpr UINT kInsertKey = 45;
-constexpr UINT kDeleteKey = 46;
-constexpr UINT kEditKey = 113;
-constexpr UINT kInputMethodKey = 229;
+constexpr int kInsertKey = 45;
+constexpr int kDeleteKey = 46;
+constexpr int kEditKey = 113;
+constexpr int kInputMethodKey = 229;
 
-bool isLetter(UINT key, char letter) {
-  const auto upper = static_cast<UINT>(letter);
-  return key == upper || key == upper + ('a' - 'A');
+bool isLetter(int key, char letter) {
+  return key == letter || key == letter + ('a' - 'A');
 }
 
 }  // namespace
@@ -65,7 +64,7 @@ void KovraSpreadSheet::MarkGridModified() {
   GetParent()->PostMessage(kGridModifiedMessage);
 }
 
-void KovraSpreadSheet::GridKey(UINT key, bool shift, bool control) {
+void KovraSpreadSheet::GridKey(int key, bool shift, bool control) {
   if (key == kInputMethodKey && !isEditing()) SSSetEditMode(m_hWnd, TRUE);
   if (isEditing()) {
     if (!GetEditFlag()) SetEditFlag(true);

@@ -8,7 +8,7 @@
 namespace kovra {
 
 /// What a grid posts to its parent when its data has changed; both parameters are 0.
-inline constexpr UINT kGridModifiedMessage = 1521;
+inline constexpr UINT kGridModifiedMessage = 0x5F1;
 
 /// A grid with the usual editing of a table: cut, copy, paste and clear by keys and by a context
 /// menu, on blocks of cells and in the open cell editor. Locked cells stay as they are.
@@ -34,7 +34,7 @@ class KovraSpreadSheet : public CSpreadSheet {
   LRESULT OnGridMenu(WPARAM, LPARAM);
 
  private:
-  void GridKey(UINT key, bool shift, bool control);
+  void GridKey(int key, bool shift, bool control);
   void GridMenu();
   UINT chosenFromMenu();
   /// Tells the parent, once until GridModified is set back.

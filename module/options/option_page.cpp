@@ -25,9 +25,11 @@ std::unique_ptr<OptionBase1> optionPage;
 
 }  // namespace
 
+/// A page that is open stays: the option dialog would go on with an object that isn't there, and its
+/// window keeps the library loaded anyway.
 void OptionEntry(int add) {
   if (add == 0) {
-    optionPage.reset();
+    if (optionPage != nullptr && !optionPage->IsPageCreated()) optionPage.reset();
   } else if (optionPage == nullptr) {
     optionPage = std::make_unique<OptionBase1>(kPagePath);
   }
