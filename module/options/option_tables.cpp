@@ -108,8 +108,11 @@ bool SaveOptionTables(COptionPage1& page) {
   ConfigFile file;
   if (!OpenParamFileForEdit(file, project, kParamFile, kTextSection, true, false)) return false;
   bool done = true;
-  for (int i = 0; i < page.TableCount; ++i)
+  for (int i = 0; i < page.TableCount; ++i) {
+    // A table without a grid, whose window couldn't be made, isn't an empty one.
+    if (page.Grids[i].m_hWnd == nullptr) continue;
     done = writeTable(file, kTables[i], page.Grids[i]) && done;
+  }
   return done && file.Save();
 }
 
