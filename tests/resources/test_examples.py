@@ -58,8 +58,8 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "change_properties.kovra", "count_up.kovra",
-                                   "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra",
-                                   "property_copy.kovra", "resize_text.kovra"})
+                                   "edit_properties.kovra", "options.kovra", "place_texts.kovra",
+                                   "place_texts_one_by_one.kovra", "property_copy.kovra", "resize_text.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -87,6 +87,13 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
                 resized = self.run_on_copy("resize_text.kovra", language, folder)
                 self.assertEqual((resized["motor-1"], resized["motor-2"]), (([], 3), ([], 0)))
+                self.assertEqual(set(map(str, self.run_on_copy("options.kovra", language, folder).values())), {"([], 0)"})
+                tables = (Path(folder) / f"options.kovra-{language}" / "KovrCad.prm").read_text("utf-8")
+                for key, values in (("LAYER", "CMNT ECMNT SYMBOL CABLE WIRENO AUX"), ("TEXT_H", "1.8 2.5 3.5 5 7.00"),
+                                    ("TEXT_ROT", "0.0 90.0 270.0")):
+                    count = int(re.search(rf"^{key}_CNT=(.*)$", tables, re.M)[1])
+                    rows = dict(re.findall(rf"^{key}(\d+)=(.*)$", tables, re.M))
+                    self.assertEqual([rows[str(row)] for row in range(1, count + 1)], values.split())
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
                 everywhere = self.run_on_copy("property_copy.kovra", language, folder)
