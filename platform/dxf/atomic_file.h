@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,7 +31,9 @@ class AtomicFile {
   /// Collects bytes; failures are kept for commit().
   void append(std::string_view bytes);
   /// Flushes, keeps the former file as NAME.bak if wanted, renames. Returns the new file's stamp.
-  Result<FileStamp> commit(bool backup);
+  /// @param mayReplace is asked right before, while no other program of ours can replace the file
+  /// Errors: that of mayReplace; kNotWritable, also when another program has the file locked.
+  Result<FileStamp> commit(bool backup, const std::function<Result<void>()>& mayReplace = {});
 
  private:
   Error failure(int error) const;
@@ -40,6 +43,7 @@ class AtomicFile {
   void giveName();
   Result<void> flush();
   Result<void> keepBackup();
+  Result<void> replaceTarget(bool backup);
 
   std::string path_;
   std::string target_;

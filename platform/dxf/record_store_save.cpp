@@ -190,11 +190,10 @@ Result<void> RecordStore::saveTo(const std::string& path, const SaveOptions& opt
     if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
   }
   writeTo([&file](std::string_view bytes) { file.append(bytes); });
-  if (own) {
-    // Writing takes time: look again right before the rename.
-    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
-  }
-  const Result<FileStamp> stamp = file.commit(options.backup);
+  // Writing takes time: look again right before the rename.
+  const Result<FileStamp> stamp = file.commit(options.backup, [&]() -> Result<void> {
+    return own ? checkUnchangedOnDisk(file.target()) : Result<void>();
+  });
   if (!stamp) return stamp.error();
   if (own || options.adopt) {
     if (!own) impl_->path = path;
