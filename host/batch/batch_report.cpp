@@ -156,13 +156,14 @@ Result<void> BatchReport::open(const path& file, std::string signature, bool dry
   return {};
 }
 
-void BatchReport::begin(const BatchDrawing& drawing) const {
-  if (begun_ < 0) return;
+Result<void> BatchReport::begin(const BatchDrawing& drawing) const {
+  if (begun_ < 0) return {};
   json entry = {{"stamp", stampText(drawing.file)}, {"job", signature_}};
   addNames(drawing.file, entry);
-  const std::string line = dump(entry) + '\n';
-  // Without it a batch that is killed right now would change the drawing twice, no more.
-  if (write(begun_, line.data(), line.size()) < 0) return;
+  // Behind half a line, which a full disk may have left, too.
+  const std::string line = '\n' + dump(entry) + '\n';
+  if (write(begun_, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return {};
+  return failure(dxf::systemMessage(errno));
 }
 
 void BatchReport::complete() {

@@ -46,8 +46,9 @@ class BatchReport {
 
   /// kNotWritable; also while another run writes it. Without it nothing is written.
   Result<void> open(const std::filesystem::path& file, std::string signature, bool dryRun);
-  /// To be called before a drawing is opened to be changed, from its process too.
-  void begin(const BatchDrawing& drawing) const;
+  /// To be called before a drawing is opened to be changed, from its process too. kNotWritable:
+  /// then it mustn't be changed, since a run that goes on after this one couldn't know.
+  Result<void> begin(const BatchDrawing& drawing) const;
   /// kNotWritable, on a full disk.
   Result<void> add(const BatchDrawing& drawing, const JobOutcome& outcome);
   /// All that was begun has ended.

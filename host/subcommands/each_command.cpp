@@ -68,7 +68,8 @@ PooledWork workOn(const EachOptions& options, const std::vector<BatchDrawing>& d
   work.count = drawings.size();
   work.jobs = options.jobs;
   work.carryOut = [&](std::size_t piece, int facts) {
-    report.begin(drawings[piece]);
+    const Result<void> begun = report.begin(drawings[piece]);
+    if (!begun) return fail(kExitFile, begun.error());
     return carryOutJob(options, drawings[piece], runDrawings, facts);
   };
   work.ended = [&](std::size_t piece, const ProcessResult& result) {
