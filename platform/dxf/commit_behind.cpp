@@ -25,9 +25,10 @@ Commits& commits() {
   return all;
 }
 
-std::future<Result<FileStamp>> start(std::unique_ptr<AtomicFile> file, bool backup) {
+std::future<Result<FileStamp>> start(std::unique_ptr<AtomicFile> file, bool backup,
+                                     MayReplace mayReplace) {
   const std::shared_ptr<AtomicFile> shared = std::move(file);
-  const auto commit = [shared, backup] { return shared->commit(backup); };
+  const auto commit = [=] { return shared->commit(backup, mayReplace); };
   try {
     return std::async(std::launch::async, commit);
   } catch (const std::system_error&) {
@@ -50,12 +51,14 @@ bool CommitsBehind::allowed() {
   return commits().scopes > 0 && !writesAreHeldBack();
 }
 
-Result<FileStamp> commitBehind(std::unique_ptr<AtomicFile> file, bool backup, CommitFailed failed) {
+Result<FileStamp> commitBehind(std::unique_ptr<AtomicFile> file, bool backup, MayReplace mayReplace,
+                               CommitFailed failed) {
   Result<FileStamp> stamp = file->finishWriting();
   if (!stamp) return stamp;
   std::string target = file->target();
   finishCommit();
-  commits().last.emplace(std::move(target), start(std::move(file), backup), std::move(failed));
+  commits().last.emplace(std::move(target), start(std::move(file), backup, std::move(mayReplace)),
+                         std::move(failed));
   return stamp;
 }
 

@@ -32,7 +32,8 @@ using CommitFailed = std::function<void(const Error&)>;
 
 /// Commits a file to which all was appended. Returns the stamp that it has, under whatever name, or
 /// why its bytes couldn't be written, which shows at once.
-Result<FileStamp> commitBehind(std::unique_ptr<AtomicFile> file, bool backup, CommitFailed failed);
+Result<FileStamp> commitBehind(std::unique_ptr<AtomicFile> file, bool backup, MayReplace mayReplace,
+                               CommitFailed failed);
 
 /// Waits for the commit that is under way, if one is, and tells its failure.
 void finishCommit();

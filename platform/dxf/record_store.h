@@ -153,7 +153,7 @@ class RecordStore {
   template <class Append>
   void writeTo(Append append) const;
   bool isOwnFile(const std::string& target) const;
-  Result<void> checkUnchangedOnDisk(const std::string& target) const;
+  std::function<Result<void>()> unchangedOnDisk(const std::string& target) const;
 
   Dialect dialect_;
   TextCodec codec_;
