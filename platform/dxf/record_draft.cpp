@@ -21,6 +21,7 @@ void RecordDraft::clear(const Dialect& dialect) {
   kind_ = RecordKind::kOther;
   groups_.clear();
   pool_.clear();
+  loaded_ = {};
   editBegin_ = 1;
   editEnd_ = 0;
 }

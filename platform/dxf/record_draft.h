@@ -26,6 +26,15 @@ enum class GroupPart : std::uint8_t {
   kXData,     ///< from 1001 on
 };
 
+/// A record of a store at a moment; equal to no other one's, and never again once the store
+/// changed.
+struct RecordVersion {
+  std::uint64_t moment = 0;  ///< 0: none
+  RecordIndex record = kNoRecord;
+
+  bool operator==(const RecordVersion&) const = default;
+};
+
 /// The decoded groups of one record, to be read and changed. Changes reach the drawing only through
 /// RecordStore::replace or RecordStore::insertBefore.
 ///
@@ -149,6 +158,7 @@ class RecordDraft {
 
  private:
   friend class OverlayBuilder;
+  friend class RecordStore;
 
   struct Group {
     std::int32_t code = 0;
@@ -194,6 +204,7 @@ class RecordDraft {
   RecordKind kind_ = RecordKind::kOther;
   std::vector<Group> groups_;
   std::string pool_;
+  RecordVersion loaded_;
   std::uint32_t editBegin_ = 1;  ///< range of the base that changes lie in; begin > end: none
   std::uint32_t editEnd_ = 0;
 };

@@ -102,30 +102,53 @@ bool OverlayBuilder::indexed() const {
   return old != old_.end();
 }
 
-/// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
-void OverlayBuilder::append(const GroupView* old, const Group& group) {
-  if (old == nullptr) return draft_->appendGroupBytes(group, draftStyle_, middle_);
+/// Appends what stands for a group of the original, which has another value now.
+void OverlayBuilder::appendChanged(const GroupView& old, const Group& group) {
+  if (style_.binary) return appendGroup(style_, group.code, draft_->value(group), middle_);
+  appendRevalued(old, draft_->value(group), style_, middle_);
+}
+
+void OverlayBuilder::endLine() {
+  if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
+}
+
+/// Puts the new groups together; those that are equal to neighbours in the original come along as
+/// one piece.
+void OverlayBuilder::fillMiddle() {
+  middle_.clear();
+  // Nothing can follow a last line that has no end.
+  const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
+  if (cutLine && !new_.empty()) middle_ = style_.lineEnd();
   // Had the only pair been equal, strip() would have taken it.
   const bool onlyPair = old_.size() == 1 && new_.size() == 1;
-  if (!onlyPair && same(*old, group)) {
-    middle_.append(old->begin, old->end);
-  } else if (style_.binary) {
-    appendGroup(style_, group.code, draft_->value(group), middle_);
-  } else {
-    appendRevalued(*old, draft_->value(group), style_, middle_);
+  for (std::size_t n = 0; n < new_.size();) {
+    endLine();
+    const std::size_t partner = partners_[n];
+    std::size_t equal = 0;
+    while (partner != kNoGroup && !onlyPair && n + equal < new_.size() &&
+           partners_[n + equal] == partner + equal && same(old_[partner + equal], new_[n + equal]))
+      ++equal;
+    if (equal > 0)
+      middle_.append(old_[partner].begin, old_[partner + equal - 1].end);
+    else if (partner != kNoGroup)
+      appendChanged(old_[partner], new_[n]);
+    else
+      draft_->appendGroupBytes(new_[n], draftStyle_, middle_);
+    n += std::max<std::size_t>(equal, 1);
   }
 }
 
 void OverlayBuilder::align() {
   partners_.assign(new_.size(), kNoGroup);
-  bool inPlace = old_.size() == new_.size();
-  for (std::size_t n = 0; n < new_.size() && inPlace; ++n) inPlace = old_[n].code == new_[n].code;
-  if (inPlace) {
+  oldCodes_.clear();
+  newCodes_.clear();
+  for (const GroupView& group : old_) oldCodes_.push_back(group.code);
+  for (const Group& group : new_) newCodes_.push_back(group.code);
+  if (oldCodes_ == newCodes_) {
     for (std::size_t n = 0; n < new_.size(); ++n) partners_[n] = n;
     return;
   }
-  alignGroups({old_.size(), new_.size(), [this](std::size_t n) { return old_[n].code; },
-               [this](std::size_t n) { return new_[n].code; },
+  alignGroups({oldCodes_, newCodes_,
                [this](std::size_t a, std::size_t b) { return same(old_[a], new_[b]); }},
               partners_);
 }
@@ -151,14 +174,7 @@ std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view orig
   overlay->indexed = indexed();
   style_ = groupStyle(draft.dialect(), original_);
   draftStyle_ = groupStyle(draft.dialect(), draft.base());
-  middle_.clear();
-  // Nothing can follow a last line that has no end.
-  const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
-  if (cutLine && !new_.empty()) middle_ = style_.lineEnd();
-  for (std::size_t n = 0; n < new_.size(); ++n) {
-    if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
-    append(partners_[n] == kNoGroup ? nullptr : &old_[partners_[n]], new_[n]);
-  }
+  fillMiddle();
   overlay->middle = middle_;
   return overlay;
 }

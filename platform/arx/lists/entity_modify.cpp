@@ -24,7 +24,10 @@ namespace {
 class ListToRecord {
  public:
   ListToRecord(AcDbDatabase& database, RecordEdit& edit)
-      : database_(database), draft_(edit.draft()), type_(draft_.typeName()) {}
+      : database_(database), draft_(edit.draft()), type_(draft_.typeName()) {
+    constexpr std::size_t kUsualCodes = 24;
+    seen_.reserve(kUsualCodes);
+  }
 
   /// False when an element isn't allowed; the draft is then of no use.
   bool apply(const resbuf* list) {
