@@ -1,13 +1,50 @@
 #include "platform/dxf/commit_behind.h"
 
+#include <condition_variable>
 #include <future>
+#include <mutex>
 #include <optional>
+#include <stop_token>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace kovra::dxf {
 
 namespace {
+
+using CommitTask = std::packaged_task<Result<FileStamp>()>;
+
+/// Carries commits out. One thread for all: on a busy machine a new one waits long for its turn.
+class Committer {
+ public:
+  Committer() : thread_([this](const std::stop_token& stop) { run(stop); }) {}
+
+  /// The one before must be over.
+  void start(CommitTask task) {
+    {
+      const std::lock_guard guard(lock_);
+      next_ = std::move(task);
+    }
+    came_.notify_one();
+  }
+
+ private:
+  void run(const std::stop_token& stop) {
+    std::unique_lock guard(lock_);
+    while (came_.wait(guard, stop, [this] { return next_.valid(); })) {
+      CommitTask task = std::move(next_);
+      guard.unlock();
+      task();
+      guard.lock();
+    }
+  }
+
+  std::mutex lock_;
+  std::condition_variable_any came_;
+  CommitTask next_;
+  std::jthread thread_;  ///< stands last, so that it ends first
+};
 
 struct UnderWay {
   std::string target;
@@ -17,6 +54,7 @@ struct UnderWay {
 
 struct Commits {
   int scopes = 0;
+  std::unique_ptr<Committer> committer;  ///< from the first commit of a scope to its end
   std::optional<UnderWay> last;
 };
 
@@ -27,14 +65,20 @@ Commits& commits() {
 
 std::future<Result<FileStamp>> start(std::unique_ptr<AtomicFile> file, bool backup,
                                      MayReplace mayReplace) {
-  const std::shared_ptr<AtomicFile> shared = std::move(file);
-  const auto commit = [=] { return shared->commit(backup, mayReplace); };
+  CommitTask task([file = std::move(file), backup, mayReplace = std::move(mayReplace)]() mutable {
+    Result<FileStamp> result = file->commit(backup, mayReplace);
+    file.reset();
+    return result;
+  });
+  std::future<Result<FileStamp>> result = task.get_future();
   try {
-    return std::async(std::launch::async, commit);
+    if (commits().committer == nullptr) commits().committer = std::make_unique<Committer>();
+    commits().committer->start(std::move(task));
   } catch (const std::system_error&) {
-    // No thread to be had: whoever waits for it does it.
-    return std::async(std::launch::deferred, commit);
+    // No thread to be had.
+    task();
   }
+  return result;
 }
 
 }  // namespace
@@ -44,7 +88,9 @@ CommitsBehind::CommitsBehind() {
 }
 
 CommitsBehind::~CommitsBehind() {
-  if (--commits().scopes == 0) finishCommit();
+  if (--commits().scopes > 0) return;
+  finishCommit();
+  commits().committer.reset();
 }
 
 bool CommitsBehind::allowed() {
