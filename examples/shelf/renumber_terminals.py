@@ -26,10 +26,10 @@ def terminals(folder, old):
 
 def lines_for(texts, new, first):
     """What a person would do: take the look of each text, place the next number there, at last erase the old ones."""
-    lines = ["KOVRA_TEXT"]
+    lines = ["KOVRA_TEXT", "@click 1974"]
     for number, text in enumerate(texts, first):
-        lines += ["@click 1995", f"@pick {text['handle']}", "@click 1975", f'@type 1932 "{new}"', f"@type 1933 {number}",
-                  '@type 1934 ""', "@click 1", f"@point {text['x']!r},{text['y']!r}", "@esc"]
+        lines += ["@click 1995", f"@pick {text['handle']}", f'@type 1937 "{new}{number}"', "@click 1",
+                  f"@point {text['x']!r},{text['y']!r}"]
     return [*lines, "@close", "ERASE", "@select " + " ".join(text["handle"] for text in texts), "@enter"]
 
 
