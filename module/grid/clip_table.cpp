@@ -6,7 +6,7 @@ namespace kovra {
 
 ClipTable::ClipTable(const ACHAR* text) : text_(text) {
   split();
-  wholeFirstCell_ = text_.c_str();
+  wholeFirstCell_ = text_.substr(0, text_.find(L'\0'));
   cutAtCarriageReturns();
 }
 
