@@ -118,8 +118,8 @@ Result<FinishedDrawings> FinishedDrawings::read(const path& report, const std::s
 }
 
 FinishedDrawings::State FinishedDrawings::stateOf(const BatchDrawing& drawing) const {
-  const std::string file = absolutePath(drawing.file);
-  const std::string stamp = stampText(drawing.file);
+  const std::string file = absolutePath(drawing.file());
+  const std::string stamp = stampText(drawing.file());
   const auto finished = finished_.find(file);
   if (finished != finished_.end()) {
     const bool same = !finished->second.empty() && finished->second == stamp;
@@ -158,8 +158,8 @@ Result<void> BatchReport::open(const path& file, std::string signature, bool dry
 
 Result<void> BatchReport::begin(const BatchDrawing& drawing) const {
   if (begun_ < 0) return {};
-  json entry = {{"stamp", stampText(drawing.file)}, {"job", signature_}};
-  addNames(drawing.file, entry);
+  json entry = {{"stamp", stampText(drawing.file())}, {"job", signature_}};
+  addNames(drawing.file(), entry);
   // Behind half a line, which a full disk may have left, too.
   const std::string line = '\n' + dump(entry) + '\n';
   if (write(begun_, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return {};
@@ -173,16 +173,16 @@ void BatchReport::complete() {
 Result<void> BatchReport::add(const BatchDrawing& drawing, const JobOutcome& outcome) {
   if (file_ < 0) return {};
   json entry;
-  addNames(drawing.file, entry);
+  addNames(drawing.file(), entry);
   entry.update({{"status", outcome.status},
                 {"line", outcome.place},
                 {"error", outcome.error},
                 {"seconds", std::round(outcome.seconds * 1000) / 1000},
-                {"stamp", stampText(drawing.file)},
+                {"stamp", stampText(drawing.file())},
                 {"job", signature_},
                 {"output", outcome.output}});
   std::error_code none;
-  const auto bytes = std::filesystem::file_size(drawing.file, none);
+  const auto bytes = std::filesystem::file_size(drawing.file(), none);
   if (!none) entry["bytes"] = bytes;
   if (dryRun_) entry["dry_run"] = true;
   entry["changes"] = json::parse(outcome.changes.empty() ? "[]" : outcome.changes, nullptr, false);

@@ -36,9 +36,23 @@ Result<LeftOut> leaveOutFinished(const EachOptions& options, const std::string& 
   left.count = std::erase_if(drawings, [&](const BatchDrawing& drawing) {
     const State state = finished.value().stateOf(drawing);
     if (state == State::kSaved) left.saved.push_back(drawing);
-    return state != State::kOpen && (folder.empty() || exists(folder / drawing.relative, failure));
+    return state != State::kOpen &&
+           (folder.empty() || exists(folder / drawing.relative(), failure));
   });
   return left;
+}
+
+/// Places in the output folder count from `root`, if it isn't empty. kInvalidInput for a drawing
+/// that doesn't lie below it.
+Result<void> countFrom(const path& root, std::vector<BatchDrawing>& drawings) {
+  if (root.empty()) return {};
+  for (BatchDrawing& drawing : drawings) {
+    const std::string place = drawing.file().lexically_proximate(root).string();
+    if (place.starts_with("..") || !drawing.name.ends_with(place))
+      return Error{ErrorKind::kInvalidInput, drawing.name + ": doesn't lie below the --root"};
+    drawing.above = static_cast<std::uint32_t>(drawing.name.size() - place.size());
+  }
+  return {};
 }
 
 /// The report gets a line for each drawing, also for those that a killed run couldn't tell of.
@@ -93,10 +107,8 @@ int runOnEach(const EachOptions& options) {
   Result<std::vector<BatchDrawing>> found = findDrawings(options.names, options.listFile);
   if (!found) return fail(found.error());
   std::vector<BatchDrawing>& drawings = found.value();
-  if (!options.root.empty()) {
-    for (BatchDrawing& drawing : drawings)
-      drawing.relative = drawing.file.lexically_proximate(options.root);
-  }
+  if (const Result<void> below = countFrom(options.root, drawings); !below)
+    return fail(below.error());
   if (!options.outputFolder.empty()) {
     if (const Result<void> apart = checkPlaces(drawings); !apart) return fail(apart.error());
   }
@@ -105,7 +117,7 @@ int runOnEach(const EachOptions& options) {
   if (!leftOut) return fail(leftOut.error());
   if (options.namesOnly) {
     for (const BatchDrawing& drawing : drawings)
-      std::cout << drawing.file.string() << '\t' << drawing.relative.string() << '\n';
+      std::cout << drawing.name << '\t' << drawing.relative().string() << '\n';
     return kExitDone;
   }
   BatchReport report;

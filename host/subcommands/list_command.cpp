@@ -71,7 +71,7 @@ int listDrawings(const ListOptions& options) {
   writeListHead(std::cout, form);
   return forEachInOrder(found.value(), options.jobs, [&](const BatchDrawing& drawing) {
     const auto write = options.extents ? writeMeasuredRows : writePlainRows;
-    if (const Result<void> written = write(form, drawing.file.string(), filter); !written)
+    if (const Result<void> written = write(form, drawing.name, filter); !written)
       return fail(kExitFile, written.error());
     return static_cast<int>(kExitDone);
   });
@@ -81,9 +81,9 @@ int checkDrawings(const CheckOptions& options) {
   const Result<std::vector<BatchDrawing>> found = findDrawings(options.drawings, {});
   if (!found) return fail(kExitFile, found.error());
   return forEachInOrder(found.value(), options.jobs, [](const BatchDrawing& drawing) {
-    const Result<void> same = dxf::checkRoundTrip(drawing.file.string());
+    const Result<void> same = dxf::checkRoundTrip(drawing.name);
     if (same) {
-      std::cout << drawing.file.string() << ": every byte comes back\n";
+      std::cout << drawing.name << ": every byte comes back\n";
       return static_cast<int>(kExitDone);
     }
     const bool differs = same.error().kind == ErrorKind::kNotSupported;
