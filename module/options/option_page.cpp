@@ -25,8 +25,8 @@ std::unique_ptr<OptionBase1> optionPage;
 
 }  // namespace
 
-/// A page that is open stays: the option dialog would go on with an object that isn't there, and its
-/// window keeps the library loaded anyway.
+/// A page that is open stays: the option dialog would go on with an object that isn't there, and
+/// its window keeps the library loaded anyway.
 void OptionEntry(int add) {
   if (add == 0) {
     if (optionPage != nullptr && !optionPage->IsPageCreated()) optionPage.reset();
