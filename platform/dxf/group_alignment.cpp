@@ -1,6 +1,7 @@
 #include "platform/dxf/group_alignment.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cstdint>
 
 #include "platform/dxf/record_draft.h"
@@ -14,14 +15,14 @@ namespace {
 void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners) {
   constexpr std::uint32_t kSameValue = 4;
   constexpr std::uint32_t kSameCode = 1;
-  const std::size_t width = task.newSize + 1;
-  std::vector<std::uint32_t> best((task.oldSize + 1) * width, 0);
+  const std::size_t width = task.newCodes.size() + 1;
+  std::vector<std::uint32_t> best((task.oldCodes.size() + 1) * width, 0);
   const auto pairScore = [&](std::size_t a, std::size_t b) -> std::uint32_t {
-    if (task.oldCode(a) != task.newCode(b)) return 0;
+    if (task.oldCodes[a] != task.newCodes[b]) return 0;
     return task.sameValue(a, b) ? kSameValue : kSameCode;
   };
-  for (std::size_t a = task.oldSize; a-- > 0;) {
-    for (std::size_t b = task.newSize; b-- > 0;) {
+  for (std::size_t a = task.oldCodes.size(); a-- > 0;) {
+    for (std::size_t b = task.newCodes.size(); b-- > 0;) {
       const std::uint32_t pair = pairScore(a, b);
       const std::uint32_t paired = pair == 0 ? 0 : pair + best[(a + 1) * width + b + 1];
       best[a * width + b] = std::max({paired, best[(a + 1) * width + b], best[a * width + b + 1]});
@@ -29,7 +30,7 @@ void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners)
   }
   std::size_t a = 0;
   std::size_t b = 0;
-  while (a < task.oldSize && b < task.newSize) {
+  while (a < task.oldCodes.size() && b < task.newCodes.size()) {
     const std::uint32_t here = best[a * width + b];
     const std::uint32_t pair = pairScore(a, b);
     if (pair != 0 && here == pair + best[(a + 1) * width + b + 1]) {
@@ -42,20 +43,68 @@ void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners)
   }
 }
 
+/// The codes of one side, and those among them that it has several times.
+class CodeSet {
+ public:
+  /// False for a code that no set holds.
+  bool add(int code) {
+    const auto n = static_cast<std::size_t>(code);
+    if (code < 0 || n >= kCodes) return false;
+    if (all_[n]) several_[n] = true;
+    all_[n] = true;
+    return true;
+  }
+  bool has(int code) const { return all_[static_cast<std::size_t>(code)]; }
+  bool hasSeveral(int code) const { return several_[static_cast<std::size_t>(code)]; }
+
+ private:
+  static constexpr std::size_t kCodes = 1072;
+  std::bitset<kCodes> all_;
+  std::bitset<kCodes> several_;
+};
+
+/// Most changes put groups in, take groups out and give others a new value, which leaves the codes
+/// that both sides have in one and the same order. Then all of them pair, and no other way to pair
+/// has the same score, as long as groups whose code comes several times are equal. False otherwise,
+/// and the partners are of no use.
+bool alignInOrder(const AlignmentTask& task, std::vector<std::size_t>& partners) {
+  CodeSet olds;
+  CodeSet news;
+  for (const int code : task.oldCodes)
+    if (!olds.add(code)) return false;
+  for (const int code : task.newCodes)
+    if (!news.add(code)) return false;
+  std::size_t a = 0;
+  const auto passUnpaired = [&] {
+    while (a < task.oldCodes.size() && !news.has(task.oldCodes[a])) ++a;
+  };
+  for (std::size_t b = 0; b < task.newCodes.size(); ++b) {
+    const int code = task.newCodes[b];
+    if (!olds.has(code)) continue;
+    passUnpaired();
+    if (a == task.oldCodes.size() || task.oldCodes[a] != code) return false;
+    const bool repeated = olds.hasSeveral(code) || news.hasSeveral(code);
+    if (repeated && !task.sameValue(a, b)) return false;
+    partners[b] = a++;
+  }
+  passUnpaired();
+  return a == task.oldCodes.size();
+}
+
 /// For very long lists: pairs equal codes, looking ahead a little where the codes differ.
 void alignByLookahead(const AlignmentTask& task, std::vector<std::size_t>& partners) {
   constexpr std::size_t kReach = 64;
   std::size_t a = 0;
   std::size_t b = 0;
-  while (a < task.oldSize && b < task.newSize) {
+  while (a < task.oldCodes.size() && b < task.newCodes.size()) {
     std::size_t skipOld = 0;
     std::size_t skipNew = 0;
-    while (skipOld < kReach && a + skipOld < task.oldSize &&
-           task.oldCode(a + skipOld) != task.newCode(b)) {
+    while (skipOld < kReach && a + skipOld < task.oldCodes.size() &&
+           task.oldCodes[a + skipOld] != task.newCodes[b]) {
       ++skipOld;
     }
-    while (skipNew < kReach && b + skipNew < task.newSize &&
-           task.newCode(b + skipNew) != task.oldCode(a)) {
+    while (skipNew < kReach && b + skipNew < task.newCodes.size() &&
+           task.newCodes[b + skipNew] != task.oldCodes[a]) {
       ++skipNew;
     }
     if (skipOld <= skipNew) {
@@ -63,7 +112,8 @@ void alignByLookahead(const AlignmentTask& task, std::vector<std::size_t>& partn
     } else {
       b += skipNew;
     }
-    if (a < task.oldSize && b < task.newSize && task.oldCode(a) == task.newCode(b)) {
+    if (a < task.oldCodes.size() && b < task.newCodes.size() &&
+        task.oldCodes[a] == task.newCodes[b]) {
       partners[b] = a;
     }
     ++a;
@@ -75,11 +125,12 @@ void alignByLookahead(const AlignmentTask& task, std::vector<std::size_t>& partn
 
 void alignGroups(const AlignmentTask& task, std::vector<std::size_t>& partners) {
   constexpr std::size_t kLargestTable = std::size_t{1} << 18U;
-  if (task.newSize < kLargestTable && task.oldSize * task.newSize <= kLargestTable) {
-    alignByScore(task, partners);
-  } else {
-    alignByLookahead(task, partners);
-  }
+  if (task.newCodes.size() >= kLargestTable ||
+      task.oldCodes.size() * task.newCodes.size() > kLargestTable)
+    return alignByLookahead(task, partners);
+  if (alignInOrder(task, partners)) return;
+  std::fill(partners.begin(), partners.end(), kNoGroup);
+  alignByScore(task, partners);
 }
 
 }  // namespace kovra::dxf

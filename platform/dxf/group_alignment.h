@@ -2,16 +2,15 @@
 
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace kovra::dxf {
 
 /// Two lists of groups, an old and a new one, of which it is to be told which stand for which.
 struct AlignmentTask {
-  std::size_t oldSize = 0;
-  std::size_t newSize = 0;
-  std::function<int(std::size_t)> oldCode;
-  std::function<int(std::size_t)> newCode;
+  std::span<const int> oldCodes;
+  std::span<const int> newCodes;
   std::function<bool(std::size_t, std::size_t)> sameValue;  ///< asked for equal codes only
 };
 

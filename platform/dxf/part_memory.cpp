@@ -13,7 +13,11 @@ namespace kovra::dxf {
 namespace {
 
 constexpr std::size_t kStep = alignof(std::max_align_t);  ///< sizes are rounded up to multiples
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t kLargestPart = 0;  // so that it sees what is lost or used too late
+#else
 constexpr std::size_t kLargestPart = 512;
+#endif
 constexpr std::size_t kFirstPiece = std::size_t{32} << 10U;
 constexpr std::size_t kLargestPiece = std::size_t{2} << 20U;
 

@@ -4,7 +4,8 @@
 
 namespace kovra::dxf {
 
-/// Memory for the many small parts that edits leave: states of records and what they differ in.
+/// Memory for the many small parts that edits leave: states of records and what they differ in;
+/// also for the elements of lists.
 /// They lie side by side in large pieces (see LargeMemory), since the heap takes new memory in
 /// small pages. What is given back waits for parts of the same size. For one thread; lives as long
 /// as the program. takePart() throws std::bad_alloc.

@@ -21,6 +21,7 @@ void RecordDraft::clear(const Dialect& dialect) {
   kind_ = RecordKind::kOther;
   groups_.clear();
   pool_.clear();
+  loaded_ = {};
   editBegin_ = 1;
   editEnd_ = 0;
 }
@@ -32,6 +33,9 @@ void RecordDraft::decode(std::string_view bytes, const Dialect& dialect) {
 }
 
 void RecordDraft::readGroups() {
+  // Most records have no more, so that a new draft takes its memory at once.
+  constexpr std::size_t kUsual = 32;
+  groups_.reserve(kUsual);
   const char* origin = base().data();
   const auto offset = [origin](const char* at) { return static_cast<std::uint32_t>(at - origin); };
   bool plain = false;  // nothing but data so far in this record, so a usual group is data too
@@ -227,12 +231,13 @@ std::size_t RecordDraft::findIn(Range range, int code, std::size_t occurrence) c
   return kNoGroup;
 }
 
-void RecordDraft::appendGroupBytes(const Group& group, std::string& out) const {
+/// `style` is that of the base.
+void RecordDraft::appendGroupBytes(const Group& group, const GroupStyle& style,
+                                   std::string& out) const {
   const std::string_view bytes = base();
   if (!group.pooled) {
     out.append(bytes.substr(group.begin, group.end - group.begin));
-  } else if (group.inserted() || dialect_->binary) {
-    const GroupStyle style = groupStyle(*dialect_, bytes);
+  } else if (group.inserted() || style.binary) {
     if (!style.binary && !out.empty() && out.back() != '\n') out.append(style.lineEnd());
     appendGroup(style, group.code, value(group), out);
   } else {
@@ -241,13 +246,14 @@ void RecordDraft::appendGroupBytes(const Group& group, std::string& out) const {
     like.valueBegin = bytes.data() + group.valueBegin;
     like.valueEnd = bytes.data() + group.valueEnd;
     like.end = bytes.data() + group.end;
-    appendRevalued(like, value(group), groupStyle(*dialect_, bytes), out);
+    appendRevalued(like, value(group), style, out);
   }
 }
 
 void RecordDraft::appendBytes(std::string& out) const {
   if (out.empty()) {
-    for (const Group& group : groups_) appendGroupBytes(group, out);
+    const GroupStyle style = groupStyle(*dialect_, base());
+    for (const Group& group : groups_) appendGroupBytes(group, style, out);
     return;
   }
   std::string record;

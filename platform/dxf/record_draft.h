@@ -13,6 +13,7 @@
 namespace kovra::dxf {
 
 class TextCodec;
+struct GroupStyle;
 
 /// No such group.
 inline constexpr std::size_t kNoGroup = static_cast<std::size_t>(-1);
@@ -23,6 +24,15 @@ enum class GroupPart : std::uint8_t {
   kAppGroup,  ///< between 102 "{NAME" and 102 "}", both included (not in XRECORD)
   kEmbedded,  ///< from 101 "Embedded Object" on
   kXData,     ///< from 1001 on
+};
+
+/// A record of a store at a moment; equal to no other one's, and never again once the store
+/// changed.
+struct RecordVersion {
+  std::uint64_t moment = 0;  ///< 0: none
+  RecordIndex record = kNoRecord;
+
+  bool operator==(const RecordVersion&) const = default;
 };
 
 /// The decoded groups of one record, to be read and changed. Changes reach the drawing only through
@@ -148,6 +158,7 @@ class RecordDraft {
 
  private:
   friend class OverlayBuilder;
+  friend class RecordStore;
 
   struct Group {
     std::int32_t code = 0;
@@ -180,10 +191,11 @@ class RecordDraft {
   void markEdited(std::uint32_t begin, std::uint32_t end);
   std::uint32_t beginPool();
   void setPooled(std::size_t group, std::uint32_t poolBegin);
+  void putPooled(std::size_t group, std::uint32_t poolBegin);
   void insertPooled(std::size_t at, int code, std::uint32_t poolBegin);
   void alignInteger(std::uint32_t poolBegin, std::string_view like);
   std::string_view integerLike(ValueType type) const;
-  void appendGroupBytes(const Group& group, std::string& out) const;
+  void appendGroupBytes(const Group& group, const GroupStyle& style, std::string& out) const;
 
   const Dialect* dialect_ = nullptr;
   std::string_view borrowed_;
@@ -192,6 +204,7 @@ class RecordDraft {
   RecordKind kind_ = RecordKind::kOther;
   std::vector<Group> groups_;
   std::string pool_;
+  RecordVersion loaded_;
   std::uint32_t editBegin_ = 1;  ///< range of the base that changes lie in; begin > end: none
   std::uint32_t editEnd_ = 0;
 };

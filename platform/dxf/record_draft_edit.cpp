@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "platform/dxf/group_format.h"
 #include "platform/dxf/record_draft.h"
@@ -47,12 +48,18 @@ void RecordDraft::setPooled(std::size_t at, std::uint32_t poolBegin) {
     pool_.resize(poolBegin);
     return;
   }
-  Group& group = groups_[at];
   const std::string_view encoded = std::string_view(pool_).substr(poolBegin);
-  if (sameValue(*dialect_, group.code, value(group), encoded)) {
+  if (sameValue(*dialect_, groups_[at].code, value(groups_[at]), encoded)) {
     pool_.resize(poolBegin);
     return;
   }
+  putPooled(at, poolBegin);
+}
+
+/// The same for a value that is known to differ from the group's.
+void RecordDraft::putPooled(std::size_t at, std::uint32_t poolBegin) {
+  Group& group = groups_[at];
+  const std::string_view encoded = std::string_view(pool_).substr(poolBegin);
   if (group.pooled && encoded.size() == group.poolEnd - group.poolBegin) {
     // Binary numbers stay in their place, so a text that is dragged about doesn't grow.
     std::copy(encoded.begin(), encoded.end(), pool_.begin() + group.poolBegin);
@@ -99,9 +106,14 @@ std::string_view RecordDraft::integerLike(ValueType type) const {
 }
 
 void RecordDraft::setReal(std::size_t group, double value) {
+  // As numbers they are compared without being written.
+  const bool asNumbers = group < size() && !dialect_->binary && type(group) == ValueType::kReal &&
+                         std::isfinite(value);
+  double present = 0;
+  if (asNumbers && parseReal(valueAt(group), present) && present == value) return;
   const std::uint32_t begin = beginPool();
   encodeReal(*dialect_, code(group), value, pool_);
-  setPooled(group, begin);
+  asNumbers ? putPooled(group, begin) : setPooled(group, begin);
 }
 
 void RecordDraft::setInteger(std::size_t group, std::int64_t value) {

@@ -85,38 +85,70 @@ void OverlayBuilder::strip() {
   new_.erase(new_.begin(), new_.begin() + static_cast<std::ptrdiff_t>(front));
 }
 
+/// Whether the groups that the store knows a record by differ in their order or their bytes.
 bool OverlayBuilder::indexed() const {
-  return std::any_of(old_.begin(), old_.end(),
-                     [](const GroupView& group) { return isIndexed(group.code); }) ||
-         std::any_of(new_.begin(), new_.end(),
-                     [](const Group& group) { return isIndexed(group.code); });
+  auto old = old_.begin();
+  const auto toIndexed = [&] {
+    while (old != old_.end() && !isIndexed(old->code)) ++old;
+  };
+  for (const Group& group : new_) {
+    if (!isIndexed(group.code)) continue;
+    toIndexed();
+    if (old == old_.end() || old->code != group.code || old->value() != draft_->value(group))
+      return true;
+    ++old;
+  }
+  toIndexed();
+  return old != old_.end();
 }
 
-/// Appends a group of the draft; `old` is the group of the original that it stands for, or null.
-void OverlayBuilder::append(const GroupView* old, const Group& group, std::string& out) const {
-  if (old == nullptr) return draft_->appendGroupBytes(group, out);
+/// Appends what stands for a group of the original, which has another value now.
+void OverlayBuilder::appendChanged(const GroupView& old, const Group& group) {
+  if (style_.binary) return appendGroup(style_, group.code, draft_->value(group), middle_);
+  appendRevalued(old, draft_->value(group), style_, middle_);
+}
+
+void OverlayBuilder::endLine() {
+  if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
+}
+
+/// Puts the new groups together; those that are equal to neighbours in the original come along as
+/// one piece.
+void OverlayBuilder::fillMiddle() {
+  middle_.clear();
+  // Nothing can follow a last line that has no end.
+  const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
+  if (cutLine && !new_.empty()) middle_ = style_.lineEnd();
   // Had the only pair been equal, strip() would have taken it.
   const bool onlyPair = old_.size() == 1 && new_.size() == 1;
-  if (!onlyPair && same(*old, group)) {
-    out.append(old->begin, old->end);
-  } else if (draft_->dialect().binary) {
-    appendGroup(groupStyle(draft_->dialect()), group.code, draft_->value(group), out);
-  } else {
-    const GroupStyle style = groupStyle(draft_->dialect(), original_);
-    appendRevalued(*old, draft_->value(group), style, out);
+  for (std::size_t n = 0; n < new_.size();) {
+    endLine();
+    const std::size_t partner = partners_[n];
+    std::size_t equal = 0;
+    while (partner != kNoGroup && !onlyPair && n + equal < new_.size() &&
+           partners_[n + equal] == partner + equal && same(old_[partner + equal], new_[n + equal]))
+      ++equal;
+    if (equal > 0)
+      middle_.append(old_[partner].begin, old_[partner + equal - 1].end);
+    else if (partner != kNoGroup)
+      appendChanged(old_[partner], new_[n]);
+    else
+      draft_->appendGroupBytes(new_[n], draftStyle_, middle_);
+    n += std::max<std::size_t>(equal, 1);
   }
 }
 
 void OverlayBuilder::align() {
   partners_.assign(new_.size(), kNoGroup);
-  bool inPlace = old_.size() == new_.size();
-  for (std::size_t n = 0; n < new_.size() && inPlace; ++n) inPlace = old_[n].code == new_[n].code;
-  if (inPlace) {
+  oldCodes_.clear();
+  newCodes_.clear();
+  for (const GroupView& group : old_) oldCodes_.push_back(group.code);
+  for (const Group& group : new_) newCodes_.push_back(group.code);
+  if (oldCodes_ == newCodes_) {
     for (std::size_t n = 0; n < new_.size(); ++n) partners_[n] = n;
     return;
   }
-  alignGroups({old_.size(), new_.size(), [this](std::size_t n) { return old_[n].code; },
-               [this](std::size_t n) { return new_[n].code; },
+  alignGroups({oldCodes_, newCodes_,
                [this](std::size_t a, std::size_t b) { return same(old_[a], new_[b]); }},
               partners_);
 }
@@ -140,16 +172,10 @@ std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view orig
   overlay->head = head_;
   overlay->tail = tail_;
   overlay->indexed = indexed();
-  std::string& out = overlay->middle;
-  const std::string_view lineEnd = groupStyle(draft.dialect(), original_).lineEnd();
-  // Nothing can follow a last line that has no end.
-  const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
-  if (cutLine && !new_.empty()) out = lineEnd;
-  for (std::size_t n = 0; n < new_.size(); ++n) {
-    if (!out.empty() && out.back() != '\n') out.append(lineEnd);
-    append(partners_[n] == kNoGroup ? nullptr : &old_[partners_[n]], new_[n], out);
-  }
-  out.shrink_to_fit();
+  style_ = groupStyle(draft.dialect(), original_);
+  draftStyle_ = groupStyle(draft.dialect(), draft.base());
+  fillMiddle();
+  overlay->middle = middle_;
   return overlay;
 }
 

@@ -50,7 +50,9 @@ class OverlayBuilder {
   void strip();
   bool indexed() const;
   void align();
-  void append(const GroupView* old, const Group& group, std::string& out) const;
+  void appendChanged(const GroupView& old, const Group& group);
+  void endLine();
+  void fillMiddle();
 
   std::string_view original_;
   const RecordDraft* draft_ = nullptr;
@@ -60,6 +62,11 @@ class OverlayBuilder {
   std::vector<GroupView> old_;
   std::vector<Group> new_;
   std::vector<std::size_t> partners_;  ///< by new group: the old one that it stands for
+  std::vector<int> oldCodes_;
+  std::vector<int> newCodes_;
+  GroupStyle style_;       ///< of the original record
+  GroupStyle draftStyle_;  ///< of the record that the draft was decoded from
+  std::string middle_;
 };
 
 }  // namespace kovra::dxf

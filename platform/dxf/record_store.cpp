@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/dxf/commit_behind.h"
 #include "platform/dxf/header_variables.h"
 #include "platform/dxf/store_impl.h"
 
@@ -63,6 +64,7 @@ std::unique_ptr<RecordStore> RecordStore::make(FileBytes bytes, ScannedFile scan
 }
 
 Result<std::unique_ptr<RecordStore>> RecordStore::readFile(const std::string& path) {
+  finishCommitOf(path);
   const Result<std::unique_ptr<FileReading>> reading = FileReading::start(path);
   if (!reading) return reading.error();
   Result<ScannedFile> scanned =
@@ -152,12 +154,17 @@ std::string_view RecordStore::typeName(RecordIndex record) const {
   return trimmed(name);
 }
 
+// Commands ask for an entity's groups and at once change the entity, so drafts that come back from
+// their last user often hold the record already.
 void RecordStore::load(RecordIndex record, RecordDraft& draft) const {
+  const RecordVersion version{impl_->moment, record};
+  if (draft.loaded_ == version && !draft.edited()) return;
   if (impl_->state(record).overlay == nullptr) {
     draft.decode(impl_->original(record), dialect_);
   } else {
     draft.decodeOwned(dialect_, [&](std::string& out) { impl_->fill(record, out); });
   }
+  draft.loaded_ = version;
 }
 
 void RecordStore::mapHandles() const {
@@ -209,6 +216,7 @@ void RecordStore::restore(RecordIndex record, const RecordState& state) {
   const bool refresh = indexed(slot.now) || indexed(state);
   const bool before = differs(slot.now, slot.saved);
   slot.now = state;
+  impl_->moment = Impl::newMoment();
   const bool after = differs(slot.now, slot.saved);
   if (before != after) impl_->differing += after ? 1 : static_cast<std::size_t>(-1);
   if (refresh) refreshFields(record);

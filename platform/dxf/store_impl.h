@@ -63,6 +63,12 @@ struct RecordStore::Impl {
     out.append(bytes.substr(bytes.size() - overlay->tail));
   }
 
+  /// Moments of all stores, so that none is like another's.
+  static std::uint64_t newMoment() {
+    static std::uint64_t last = 0;
+    return ++last;
+  }
+
   FileBytes file;
   RecordTable records;
   std::vector<RecordIndex> structural;
@@ -73,6 +79,7 @@ struct RecordStore::Impl {
   mutable bool handlesMapped = false;
   RecordOrder order;
   std::deque<Slot, PartAllocator<Slot>> slots;  ///< slot 0 stands for all records as in the file
+  std::uint64_t moment = newMoment();           ///< a new one with each change
   std::size_t differing = 0;                    ///< records that aren't what the file on disk has
   OverlayBuilder overlays;
   std::string newBytes;  ///< of the record being inserted; keeps its memory for the next one

@@ -49,6 +49,38 @@ bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
 }
 
+/// Digits around one point, as nearly all reals stand in drawings. Where a double holds the digits
+/// as an integer, and the power of ten too, a single division rounds as the whole text would be
+/// rounded (Clinger, "How to read floating point numbers accurately", 1990). False for any other
+/// text, which may be a number all the same.
+bool parsePlainReal(std::string_view text, double& value) {
+  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                                       1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17};
+  constexpr std::uint64_t kLargest = std::uint64_t{1} << 53U;
+  constexpr std::size_t kLongest = 18;  // that many digits fit into 64 bits
+  const bool negative = text.starts_with('-');
+  if (negative) text.remove_prefix(1);
+  if (text.size() > kLongest) return false;
+  std::uint64_t digits = 0;
+  std::size_t pointAt = text.size();
+  for (std::size_t n = 0; n < text.size(); ++n) {
+    const auto digit = static_cast<unsigned char>(text[n] - '0');
+    if (digit < 10) {
+      digits = digits * 10 + digit;
+    } else if (text[n] == '.' && pointAt == text.size()) {
+      pointAt = n;
+    } else {
+      return false;
+    }
+  }
+  const std::size_t behind = pointAt == text.size() ? 0 : text.size() - pointAt - 1;
+  const bool someOnBothSides = pointAt > 0 && (behind > 0 || pointAt == text.size());
+  if (!someOnBothSides || digits > kLargest) return false;
+  const double size = static_cast<double>(digits) / kPowers[behind];
+  value = negative ? -size : size;
+  return true;
+}
+
 }  // namespace
 
 ValueType valueType(int code) {
@@ -69,6 +101,7 @@ std::string_view trimmed(std::string_view text) {
 
 bool parseReal(std::string_view text, double& value) {
   text = trimmed(text);
+  if (parsePlainReal(text, value)) return true;
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   double parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);

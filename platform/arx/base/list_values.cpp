@@ -1,5 +1,7 @@
 #include "platform/arx/base/list_values.h"
 
+#include <array>
+
 #include "platform/arx/base/result_codes.h"
 #include "platform/dxf/values.h"
 
@@ -36,16 +38,9 @@ bool isTextHandle(int code) {
          code == 481;
 }
 
-}  // namespace
-
-ListValue listValue(int type) {
-  if (type >= RTNONE) return ofResultCode(type);
-  if (type == -1 || type == -2) return ListValue::kName;
-  if (type == -4 || type == 0) return ListValue::kText;
-  constexpr int kLastGroupCode = 1071;
-  if (type < 0 || type > kLastGroupCode) return ListValue::kNone;
-  if (dxf::isPointCode(type)) return ListValue::kPoint;
-  switch (dxf::valueType(type)) {
+ListValue ofGroupCode(int code) {
+  if (dxf::isPointCode(code)) return ListValue::kPoint;
+  switch (dxf::valueType(code)) {
     case dxf::ValueType::kReal:
       return ListValue::kReal;
     case dxf::ValueType::kInt16:
@@ -58,11 +53,32 @@ ListValue listValue(int type) {
     case dxf::ValueType::kBinary:
       return ListValue::kBinary;
     case dxf::ValueType::kHandle:
-      return isTextHandle(type) ? ListValue::kText : ListValue::kName;
+      return isTextHandle(code) ? ListValue::kText : ListValue::kName;
     case dxf::ValueType::kText:
       break;
   }
   return ListValue::kText;
+}
+
+constexpr std::size_t kGroupCodes = 1072;
+
+/// Lists are made and given back by the million.
+std::array<ListValue, kGroupCodes> makeGroupValues() {
+  std::array<ListValue, kGroupCodes> values{};
+  for (std::size_t code = 0; code < kGroupCodes; ++code)
+    values[code] = ofGroupCode(static_cast<int>(code));
+  return values;
+}
+
+}  // namespace
+
+ListValue listValue(int type) {
+  static const std::array<ListValue, kGroupCodes> groupValues = makeGroupValues();
+  if (type >= 0 && type < static_cast<int>(kGroupCodes))
+    return groupValues[static_cast<std::size_t>(type)];
+  if (type >= RTNONE) return ofResultCode(type);
+  if (type == -1 || type == -2) return ListValue::kName;
+  return type == -4 ? ListValue::kText : ListValue::kNone;
 }
 
 }  // namespace kovra::arx

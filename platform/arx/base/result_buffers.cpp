@@ -3,17 +3,22 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <new>
 
 #include "platform/arx/base/ads.h"
 #include "platform/arx/base/list_values.h"
+#include "platform/dxf/part_memory.h"
 
 using kovra::arx::ListValue;
 using kovra::arx::listValue;
 
-resbuf* acutNewRb(int type) {
-  auto* element = static_cast<resbuf*>(std::calloc(1, sizeof(resbuf)));
-  if (element != nullptr) element->restype = static_cast<short>(type);
+// Lists of a drawing's entities come and go by the million, an element at a time.
+resbuf* acutNewRb(int type) try {
+  auto* element = ::new (kovra::dxf::takePart(sizeof(resbuf))) resbuf{};
+  element->restype = static_cast<short>(type);
   return element;
+} catch (const std::bad_alloc&) {
+  return nullptr;
 }
 
 int acutRelRb(resbuf* list) {
@@ -22,7 +27,7 @@ int acutRelRb(resbuf* list) {
     const ListValue kind = listValue(list->restype);
     if (kind == ListValue::kText) std::free(list->resval.rstring);
     if (kind == ListValue::kBinary) std::free(list->resval.rbinary.buf);
-    std::free(list);
+    kovra::dxf::giveBackPart(list, sizeof(resbuf));
     list = next;
   }
   return RTNORM;

@@ -1,6 +1,7 @@
 #include "platform/arx/database/record_change.h"
 
 #include "platform/arx/database/database.h"
+#include "platform/arx/database/object_table.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
@@ -8,7 +9,8 @@ namespace kovra::arx {
 bool changeRecord(AcDbDatabase& database, dxf::RecordIndex record,
                   const std::function<void(RecordEdit&)>& change) {
   dxf::RecordStore& store = database.store();
-  dxf::RecordDraft draft;
+  const ScratchDraft scratch(database.objects());
+  dxf::RecordDraft& draft = *scratch;
   store.load(record, draft);
   RecordEdit edit(draft, &store, record);
   change(edit);

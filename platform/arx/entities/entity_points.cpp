@@ -236,6 +236,7 @@ class Shifting {
  private:
   const Row* rowFor(std::size_t group) const {
     const int code = draft_.code(group);
+    if (dxf::valueType(code) != dxf::ValueType::kReal) return nullptr;
     const dxf::GroupPart part = draft_.part(group);
     if (part == dxf::GroupPart::kXData) return coordinateOf(kXDataRow, code) ? &kXDataRow : nullptr;
     const bool embedded = part == dxf::GroupPart::kEmbedded;

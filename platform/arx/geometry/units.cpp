@@ -1,6 +1,8 @@
 #include "platform/arx/geometry/units.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cwchar>
@@ -14,8 +16,12 @@ namespace {
 
 constexpr double kInchesPerFoot = 12;
 
+/// `value` is finite, the precision at most 8.
 std::wstring decimal(double value, int precision) {
-  return win::formatWide(L"%.*f", precision, value);
+  std::array<char, 328> digits;  // the largest number has 309 before the point
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                 std::chars_format::fixed, precision);
+  return std::wstring(digits.data(), end.ptr);
 }
 
 /// One digit before the point, an exponent of at least two digits.

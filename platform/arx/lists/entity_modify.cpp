@@ -1,4 +1,5 @@
 // acdbEntMod and acdbEntDel.
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,12 +24,15 @@ namespace {
 class ListToRecord {
  public:
   ListToRecord(AcDbDatabase& database, RecordEdit& edit)
-      : database_(database), draft_(edit.draft()), type_(draft_.typeName()) {}
+      : database_(database), draft_(edit.draft()), type_(draft_.typeName()) {
+    constexpr std::size_t kUsualCodes = 24;
+    seen_.reserve(kUsualCodes);
+  }
 
   /// False when an element isn't allowed; the draft is then of no use.
   bool apply(const resbuf* list) {
     for (; list != nullptr; list = list->rbnext) {
-      if (list->restype == 100) marker_ = narrow(listText(*list));
+      if (list->restype == 100) enter(narrow(listText(*list)));
       list = skipAppGroup(list);
       if (!isStructural(list->restype) && !applyOne(*list)) return false;
     }
@@ -42,7 +46,7 @@ class ListToRecord {
  private:
   /// A list has few codes, so looking through them is quicker than a map.
   struct Seen {
-    std::string marker;
+    std::size_t marker;
     int code;
     std::size_t count;
   };
@@ -53,31 +57,39 @@ class ListToRecord {
     return result;
   }
 
-  std::size_t find(int code) {
-    const Property known = propertyOf(type_, code);
+  /// Elements below a marker follow. Nothing that a list changes is a marker.
+  void enter(std::string marker) {
+    marked_ = !marker.empty() && draft_.hasMarker(marker);
+    const auto known = std::find(markers_.begin(), markers_.end(), marker);
+    marker_ = static_cast<std::size_t>(known - markers_.begin());
+    if (known == markers_.end()) markers_.push_back(std::move(marker));
+  }
+
+  std::size_t find(const Property& known) {
     // Common properties, and elements added at the end of a list, stand below another marker than
     // in the record.
     if (known.subclass == kEntityPart) return findProperty(draft_, known);
-    const bool marked = !marker_.empty() && draft_.hasMarker(marker_);
-    const std::size_t nth = countSeen(marked ? marker_ : std::string(), code);
-    const std::size_t group = marked ? draft_.find(marker_, code, nth) : draft_.find(code, nth);
+    const std::size_t nth = countSeen(marked_ ? marker_ : kNoMarker, known.code);
+    const std::size_t group =
+        marked_ ? draft_.find(markers_[marker_], known.code, nth) : draft_.find(known.code, nth);
     if (group != dxf::kNoGroup || known.subclass.empty() || nth > 0) return group;
     return findProperty(draft_, known);
   }
 
   /// How many elements of a code came before below a marker; this one counts from now on.
-  std::size_t countSeen(std::string marker, int code) {
+  std::size_t countSeen(std::size_t marker, int code) {
     for (Seen& seen : seen_) {
       if (seen.code == code && seen.marker == marker) return seen.count++;
     }
-    seen_.push_back({std::move(marker), code, 1});
+    seen_.push_back({marker, code, 1});
     return 0;
   }
 
   bool applyOne(const resbuf& given) {
-    const std::size_t group = find(given.restype);
+    const Property known = propertyOf(type_, given.restype);
+    const std::size_t group = find(known);
     if (group != dxf::kNoGroup && isEqual(group, given)) return true;
-    if (group == dxf::kNoGroup && isDefault(given)) return true;
+    if (group == dxf::kNoGroup && isDefault(given, known)) return true;
     if (!isAllowed(database_, type_, given)) return false;
     const std::wstring spelled = spelling(given);
     resbuf element = given;
@@ -86,9 +98,8 @@ class ListToRecord {
     if (group != dxf::kNoGroup) {
       setFromElement(database_, draft_, group, element);
     } else {
-      const Property known = propertyOf(type_, given.restype);
       const std::size_t at =
-          known.subclass.empty() ? draft_.endOf(marker_) : placeOf(draft_, known);
+          known.subclass.empty() ? draft_.endOf(markers_[marker_]) : placeOf(draft_, known);
       insertFromElement(database_, draft_, at, element);
     }
     changed_ = true;
@@ -104,7 +115,7 @@ class ListToRecord {
   }
 
   /// Values that a missing group stands for.
-  bool isDefault(const resbuf& given) const {
+  bool isDefault(const resbuf& given, const Property& known) const {
     switch (given.restype) {
       case 62:
         return given.resval.rint == 256;
@@ -115,7 +126,6 @@ class ListToRecord {
       default:
         break;
     }
-    const Property known = propertyOf(type_, given.restype);
     if (known.subclass != kTextPart && known.subclass != kAttributePart &&
         known.subclass != kDefinitionPart)
       return false;
@@ -148,7 +158,10 @@ class ListToRecord {
   AcDbDatabase& database_;
   dxf::RecordDraft& draft_;
   std::string type_;
-  std::string marker_;
+  static constexpr std::size_t kNoMarker = 0;
+  std::vector<std::string> markers_ = {std::string()};  ///< those that came, behind none at all
+  std::size_t marker_ = kNoMarker;                      ///< the one that elements stand below
+  bool marked_ = false;                                 ///< the record has it too
   std::vector<Seen> seen_;
   std::wstring newLayer_;
   bool changed_ = false;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <numbers>
+#include <optional>
 
 #include "platform/arx/base/list_values.h"
 #include "platform/arx/database/database.h"
@@ -34,12 +35,15 @@ std::wstring groupText(const AcDbDatabase& database, const dxf::RecordDraft& dra
   return hasCarets(draft, code) ? dxf::decodeCarets(text) : text;
 }
 
-/// A text whose characters are its bytes. Most are, and need no decoding.
-bool readsAsItStands(const dxf::RecordDraft& draft, std::size_t group) {
+/// The bytes of a text whose characters they are; most need no decoding.
+std::optional<std::string_view> plainText(const dxf::RecordDraft& draft, std::size_t group) {
   const int code = draft.code(group);
-  if (code == 0 || draft.type(group) != dxf::ValueType::kText) return false;
-  const std::string_view bytes = draft.text(group);
-  return dxf::isPlainText(bytes) && !(hasCarets(draft, code) && bytes.find('^') != bytes.npos);
+  const dxf::ValueType type = draft.type(group);
+  if (type != dxf::ValueType::kText && type != dxf::ValueType::kHandle) return std::nullopt;
+  const std::string_view bytes = code == 0 ? draft.typeName() : draft.text(group);
+  const bool hasCaret = hasCarets(draft, code) && bytes.find('^') != bytes.npos;
+  if (hasCaret || !dxf::isPlainText(bytes)) return std::nullopt;
+  return bytes;
 }
 
 std::size_t coordinateAt(const dxf::RecordDraft& draft, std::size_t x, int step) {
@@ -54,7 +58,7 @@ bool belongsToPoint(const dxf::RecordDraft& draft, std::size_t group) {
   const int code = draft.code(group);
   for (std::size_t back = 1; back <= 2 && back <= group; ++back) {
     const int x = draft.code(group - back);
-    if (dxf::isPointCode(x) && (code == x + 10 || code == x + 20)) return true;
+    if ((code == x + 10 || code == x + 20) && dxf::isPointCode(x)) return true;
   }
   return false;
 }
@@ -158,8 +162,8 @@ void ListBuilder::appendGroup(const AcDbDatabase& database, const dxf::RecordDra
       if (resbuf* element = append(code)) element->resval.mnInt64 = draft.integer(group);
       break;
     case ListValue::kText:
-      if (readsAsItStands(draft, group)) {
-        appendAscii(code, draft.text(group));
+      if (const auto bytes = plainText(draft, group)) {
+        appendAscii(code, *bytes);
       } else {
         appendText(code, groupText(database, draft, group));
       }
@@ -215,6 +219,10 @@ bool equalsElement(const AcDbDatabase& database, const dxf::RecordDraft& draft, 
     case ListValue::kInt64:
       return draft.integer(group) == listInteger(element);
     case ListValue::kText:
+      if (const auto bytes = plainText(draft, group)) {
+        const std::wstring_view text = listText(element);
+        return std::equal(bytes->begin(), bytes->end(), text.begin(), text.end());
+      }
       return groupText(database, draft, group) == listText(element);
     case ListValue::kName:
       return draft.handle(group) == elementHandle(element);

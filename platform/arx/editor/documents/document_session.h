@@ -10,6 +10,7 @@
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/view.h"
 #include "platform/arx/geometry/geometry.h"
+#include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
 
@@ -27,6 +28,14 @@ struct Cursor {
   AcGePoint3d point{};
 };
 
+/// The current UCS as matrices, which commands ask for with every point.
+struct UcsMatrices {
+  bool known = false;
+  dxf::RecordState header;  ///< what they were made from
+  AcGeMatrix3d toWorld;
+  AcGeMatrix3d fromWorld;
+};
+
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
   bool closing = false;                ///< every prompt is cancelled until the document is idle
@@ -34,6 +43,7 @@ struct DocumentSession {
   std::wstring lastCommand;            ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
   AcGePoint3d lastPoint{};                                       ///< in world coordinates
+  UcsMatrices ucs;
   std::vector<AcDbObjectId> implied;                             ///< the implied selection
   std::vector<AcDbObjectId> previous;                            ///< the last selection made
   std::unordered_set<AcDbObjectId> highlighted;

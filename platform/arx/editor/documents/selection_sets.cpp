@@ -1,16 +1,34 @@
 #include "platform/arx/editor/documents/selection_sets.h"
 
+#include <algorithm>
+
 namespace kovra::arx {
+namespace {
+
+/// Commands that others run select an entity or two, which are looked through more quickly.
+constexpr std::size_t kFew = 8;
+
+}  // namespace
+
+bool SelectionSet::contains(AcDbObjectId id) const {
+  if (present_.empty()) return std::find(members_.begin(), members_.end(), id) != members_.end();
+  return present_.contains(id);
+}
 
 bool SelectionSet::add(AcDbObjectId id) {
-  if (!present_.insert(id).second) return false;
+  if (contains(id)) return false;
   members_.push_back(id);
+  if (!present_.empty())
+    present_.insert(id);
+  else if (members_.size() > kFew)
+    present_.insert(members_.begin(), members_.end());
   return true;
 }
 
 bool SelectionSet::remove(AcDbObjectId id) {
-  if (present_.erase(id) == 0) return false;
+  if (!contains(id)) return false;
   std::erase(members_, id);
+  present_.erase(id);
   return true;
 }
 

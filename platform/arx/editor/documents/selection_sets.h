@@ -15,12 +15,12 @@ class SelectionSet {
   /// False when the set has it already.
   bool add(AcDbObjectId id);
   bool remove(AcDbObjectId id);
-  bool contains(AcDbObjectId id) const { return present_.contains(id); }
+  bool contains(AcDbObjectId id) const;
   const std::vector<AcDbObjectId>& members() const { return members_; }
 
  private:
   std::vector<AcDbObjectId> members_;
-  std::unordered_set<AcDbObjectId> present_;
+  std::unordered_set<AcDbObjectId> present_;  ///< the members once they are more than a few
 };
 
 /// The second word of a set's name; an entity's is 0.

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <unordered_map>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/editor/documents/document_list.h"
@@ -26,6 +27,13 @@ VariableMap& programVariables() {
 }
 
 const VariableRow* findRow(std::wstring_view name) {
+  // Programs ask with the names as they stand in the table, again and again.
+  static const std::unordered_map<std::wstring_view, const VariableRow*> rows = [] {
+    std::unordered_map<std::wstring_view, const VariableRow*> byName;
+    for (const VariableRow& row : variableRows()) byName.try_emplace(row.info.name, &row);
+    return byName;
+  }();
+  if (const auto row = rows.find(name); row != rows.end()) return row->second;
   for (const VariableRow& row : variableRows())
     if (win::equalNoCase(row.info.name, name)) return &row;
   return nullptr;

@@ -2,11 +2,13 @@
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/editor/documents/document_list.h"
+#include "platform/arx/editor/documents/document_session.h"
 #include "platform/arx/editor/documents/documents.h"
 #include "platform/arx/editor/editor.h"
 #include "platform/arx/entities/record_geometry.h"
 #include "platform/arx/geometry/ocs.h"
 #include "platform/arx/lists/entity_lists.h"
+#include "platform/dxf/structure.h"
 
 namespace kovra::arx {
 namespace {
@@ -59,8 +61,9 @@ AcGeVector3d AcDbDatabase::ucsydir() const {
 
 namespace kovra::arx {
 
-AcGeMatrix3d ucsToWcs(const AcApDocument& document) {
-  const AcDbDatabase& database = *document.database();
+namespace {
+
+AcGeMatrix3d matrixOfUcs(const AcDbDatabase& database) {
   const AcGePoint3d origin = headerPoint(database, ucsNames(database).origin, AcGePoint3d());
   const AcGeVector3d x = database.ucsxdir();
   const AcGeVector3d y = database.ucsydir();
@@ -71,18 +74,41 @@ AcGeMatrix3d ucsToWcs(const AcApDocument& document) {
   return matrix;
 }
 
+/// Made again when the header, which also says which space is the current one, has changed.
+const UcsMatrices& ucsMatrices(const AcApDocument& document) {
+  const AcDbDatabase& database = *document.database();
+  const dxf::RecordIndex record = database.structure().headerRecord();
+  dxf::RecordState header;
+  if (record != dxf::kNoRecord) header = database.store().state(record);
+  UcsMatrices& matrices = document.session().ucs;
+  const bool same = matrices.known && matrices.header.overlay == header.overlay &&
+                    matrices.header.erased == header.erased;
+  if (same) return matrices;
+  matrices.known = true;
+  matrices.header = header;
+  matrices.toWorld = matrixOfUcs(database);
+  matrices.fromWorld = matrices.toWorld.inverse();
+  return matrices;
+}
+
+}  // namespace
+
+AcGeMatrix3d ucsToWcs(const AcApDocument& document) {
+  return ucsMatrices(document).toWorld;
+}
+
 AcGeMatrix3d wcsToUcs(const AcApDocument& document) {
-  return ucsToWcs(document).inverse();
+  return ucsMatrices(document).fromWorld;
 }
 
 AcGePoint3d toWorld(const AcApDocument& document, const AcGePoint3d& ucsPoint) {
   AcGePoint3d point = ucsPoint;
-  return point.transformBy(ucsToWcs(document));
+  return point.transformBy(ucsMatrices(document).toWorld);
 }
 
 AcGePoint3d toUcs(const AcApDocument& document, const AcGePoint3d& worldPoint) {
   AcGePoint3d point = worldPoint;
-  return point.transformBy(wcsToUcs(document));
+  return point.transformBy(ucsMatrices(document).fromWorld);
 }
 
 void setUcs(AcApDocument& document, const AcGePoint3d& origin, const AcGeVector3d& xAxis,

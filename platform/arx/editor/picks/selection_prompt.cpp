@@ -31,6 +31,7 @@ class SelectionDialogue {
 
  private:
   void take(const Answer& answer, Ids ids);
+  void tellFound(size_t found, size_t locked, size_t changed) const;
   bool text(const Answer& answer);
   bool pickOrBox(const Answer& answer, const AcGePoint3d& first);
   bool box(const Answer& answer, std::optional<bool> crossing);
@@ -118,15 +119,20 @@ void SelectionDialogue::take(const Answer&, Ids ids) {
   Ids changed;
   for (const AcDbObjectId& id : ids)
     if (removing_ ? set_.remove(id) : set_.add(id)) changed.push_back(id);
+  if (messagesShown()) tellFound(found, locked, changed.size());
+  if (!removing_) steps_.push_back(std::move(changed));
+}
+
+/// What an answer found, and how many of it were left out.
+void SelectionDialogue::tellFound(size_t found, size_t locked, size_t changed) const {
   std::wstring line = std::to_wstring(found) + (removing_ ? L" found, " : L" found");
-  if (removing_) line += std::to_wstring(changed.size()) + L" removed";
+  if (removing_) line += std::to_wstring(changed) + L" removed";
   const size_t total = set_.members().size();
-  if (removing_ || total != changed.size()) line += L", " + std::to_wstring(total) + L" total";
+  if (removing_ || total != changed) line += L", " + std::to_wstring(total) + L" total";
   showMessage(line);
   if (locked > 0)
     showMessage(std::to_wstring(locked) +
                 (locked == 1 ? L" was on a locked layer." : L" were on a locked layer."));
-  if (!removing_) steps_.push_back(std::move(changed));
 }
 
 void SelectionDialogue::undo() {

@@ -88,6 +88,7 @@ bool appendToken(const resbuf& element, std::vector<Answer>& out) {
 }  // namespace
 
 TokenFrame::TokenFrame(const resbuf* list, bool shown) : shown_(shown) {
+  answers_.reserve(static_cast<std::size_t>(acutCountRb(list)));
   for (const resbuf* element = list; element != nullptr; element = element->rbnext)
     if (!appendToken(*element, answers_)) break;
   for (Answer& answer : answers_) answer.fromTokens = true;

@@ -175,9 +175,13 @@ Answer ask(const Question& question) {
   return document != nullptr ? ask(*document, question) : Answer{};
 }
 
-void showMessage(std::wstring_view line) {
+bool messagesShown() {
   const TokenFrame* frame = TokenFrame::current();
-  if (frame != nullptr && !frame->shown()) return;
+  return frame == nullptr || frame->shown();
+}
+
+void showMessage(std::wstring_view line) {
+  if (!messagesShown()) return;
   win::interaction().freshLine();
   win::interaction().print(line);
   win::interaction().freshLine();

@@ -53,7 +53,8 @@ Answer ask(AcApDocument& document, const Question& question);
 /// The same in the current document; cancel when there is none.
 Answer ask(const Question& question);
 
-/// A line of a command's own output. Commands that run from tokens show it only with CMDECHO.
+/// Whether lines of a command's own output show: of one that runs from tokens only with CMDECHO.
+bool messagesShown();
 void showMessage(std::wstring_view line);
 /// Shows why an answer isn't taken, and notes it as a failure of the input line unless a command
 /// gave the answer itself.
