@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "host/libraries/terminal_library.h"
-#include "launch/text_module.h"
 #include "host/lines/completion_offers.h"
 #include "host/lines/line_runner.h"
 #include "host/lines/terminal_guide.h"
 #include "launch/program_files.h"
+#include "launch/text_module.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/run_settings.h"
@@ -143,20 +143,26 @@ void runLines(const RunOptions& options, LineContext& context, LineSource& lines
   closeAll(errors);
 }
 
-void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
-  applySettings(options, moduleFile.parent_path());
-  launch::TextModule module(moduleFile);
-  LineContext context{options, module, std::cout};
+void runWithHands(const RunOptions& options, launch::TextModule& module, UserHands& hands,
+                  ProgramErrors& errors) {
+  LineContext context{options, module, hands, std::cout};
   const auto lines = openInput(options, context);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
-  if (const auto loaded = module.load(); !loaded) {
-    return errors.report(kExitFile, {}, loaded.error().message);
-  }
   if (openAll(options, errors)) {
     runLines(options, context, *lines.value(), errors);
   } else {
     closeAll(errors);
   }
+}
+
+void runSession(const RunOptions& options, const path& moduleFile, const HandsMaker& makeHands,
+                ProgramErrors& errors) {
+  applySettings(options, moduleFile.parent_path());
+  launch::TextModule module(moduleFile);
+  if (const auto loaded = module.load(); !loaded) {
+    return errors.report(kExitFile, {}, loaded.error().message);
+  }
+  runWithHands(options, module, *makeHands(), errors);
   if (const auto unloaded = module.unload(); !unloaded) {
     errors.report(kExitRefused, {}, unloaded.error().message);
   }
@@ -164,7 +170,11 @@ void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors
 
 }  // namespace
 
-int runDrawings(const RunOptions& given) {
+int runDrawings(const RunOptions& options) {
+  return runDrawingsByHand(options, [] { return std::make_unique<UserHands>(); });
+}
+
+int runDrawingsByHand(const RunOptions& given, const HandsMaker& makeHands) {
   RunOptions options = given;
   // A person sees what went wrong and goes on.
   if (isInteractive(options)) options.keepGoing = true;
@@ -175,7 +185,7 @@ int runDrawings(const RunOptions& given) {
     errors.report(kExitFile, {}, module.error().message);
     return errors.status();
   }
-  runSession(options, module.value(), errors);
+  runSession(options, module.value(), makeHands, errors);
   win::interaction().freshLine();
   return errors.status();
 }
