@@ -33,29 +33,17 @@ bool isInput(const path& file, const RunOptions& options) {
 
 // What must be there before anything is opened; false when it isn't.
 bool checkPlaces(const RunOptions& options, ProgramErrors& errors) {
-  std::error_code failure;
   if (!options.output.empty() && isInput(options.output, options)) {
     errors.report(kExitUsage, options.output.string(), kOutputIsInput);
-  } else if (!options.project.empty() && !std::filesystem::is_directory(options.project, failure)) {
-    errors.report(kExitFile, options.project.string(), "the project is no folder");
-  } else if (!options.registry.empty() &&
-             !std::filesystem::is_regular_file(options.registry, failure)) {
-    errors.report(kExitFile, options.registry.string(), "the registry file can't be read");
+  } else if (const Result<void> places = launch::checkPlaces(options); !places) {
+    errors.report(kExitFile, {}, places.error().message);
   }
   return errors.status() == kExitDone;
 }
 
 /// `resources`: the folder of the compiled resource files.
 void applySettings(const RunOptions& options, const path& resources) {
-  win::RunSettings& settings = win::runSettings();
-  settings.stateStore = options.stateStore;
-  settings.registry = options.registry;
-  settings.resourceFolder = resources;
-  settings.keepBackup = options.backup;
-  settings.language = options.language.empty()   ? win::localeLanguage()
-                      : options.language == "ja" ? win::Language::japanese
-                                                 : win::Language::english;
-  if (!options.project.empty()) win::setCurrentProject(std::filesystem::absolute(options.project));
+  launch::applySettings(options, resources);
   if (!options.quiet) {
     win::interaction().setTranscript([](std::string_view text) { std::cout << text; });
   }
