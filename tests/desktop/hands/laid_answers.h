@@ -13,9 +13,9 @@ class QMessageBox;
 
 namespace kovra::test {
 
-/// Answers by clicks and keys what comes up on top, by the rules that hold for answers laid ready in
-/// scripts: a box of one button takes it, one of several takes the answer laid first or counts as
-/// cancelled with a failure noted.
+/// Answers by clicks and keys what comes up on top, by the rules that hold for answers laid ready
+/// in scripts: a box of one button takes it, one of several takes the answer laid first or counts
+/// as cancelled with a failure noted.
 class LaidAnswers : public QObject {
  public:
   LaidAnswers();
