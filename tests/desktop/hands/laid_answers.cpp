@@ -15,7 +15,7 @@
 #include "desktop/loop/texts.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
-#include "platform/win/base/windows_types.h"
+#include "platform/win/base/messages.h"
 #include "tests/desktop/hands/native_input.h"
 
 namespace kovra::test {
