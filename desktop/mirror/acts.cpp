@@ -60,11 +60,21 @@ win::InputResult type(HWND dialog, const std::wstring& text) {
   return win::typeCharacters(text);
 }
 
+std::function<void(const std::string&)>& refusalListener() {
+  static std::function<void(const std::string&)> listener;
+  return listener;
+}
+
 }  // namespace
+
+void onRefusedAct(std::function<void(const std::string&)> told) {
+  refusalListener() = std::move(told);
+}
 
 void addAct(HWND window, std::function<win::InputResult()> act) {
   inputQueue().add([window, act = std::move(act)] {
-    act();
+    const win::InputResult result = act();
+    if (!result && refusalListener()) refusalListener()(result.error);
     InvalidateRect(window, nullptr, FALSE);
   });
 }

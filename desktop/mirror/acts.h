@@ -1,6 +1,7 @@
 // What native widgets of windows in memory lay into the input queue.
 #pragma once
 #include <functional>
+#include <string>
 
 #include "platform/win/desktop/user_input.h"
 
@@ -12,6 +13,10 @@ namespace kovra::desktop {
 /// Lays an act of the user ready. Afterwards the window counts as changed, so that its widget shows
 /// again what the window holds, also when the act was refused.
 void addAct(HWND window, std::function<win::InputResult()> act);
+
+/// Is told, in UTF-8, why an act was refused; an empty function: nobody is. Refusals say nothing to
+/// the user, who sees that nothing has happened.
+void onRefusedAct(std::function<void(const std::string&)> told);
 
 /// A key as the windows in memory know it; the key is 0 for one that they don't know.
 win::Keystroke keystrokeOf(const QKeyEvent& event);
