@@ -131,20 +131,26 @@ void runLines(const RunOptions& options, LineContext& context, LineSource& lines
   closeAll(errors);
 }
 
-void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
-  applySettings(options, moduleFile.parent_path());
-  launch::TextModule module(moduleFile);
-  LineContext context{options, module, std::cout};
+void runWithHands(const RunOptions& options, launch::TextModule& module, UserHands& hands,
+                  ProgramErrors& errors) {
+  LineContext context{options, module, hands, std::cout};
   const auto lines = openInput(options, context);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
-  if (const auto loaded = module.load(); !loaded) {
-    return errors.report(kExitFile, {}, loaded.error().message);
-  }
   if (openAll(options, errors)) {
     runLines(options, context, *lines.value(), errors);
   } else {
     closeAll(errors);
   }
+}
+
+void runSession(const RunOptions& options, const path& moduleFile, const HandsMaker& makeHands,
+                ProgramErrors& errors) {
+  applySettings(options, moduleFile.parent_path());
+  launch::TextModule module(moduleFile);
+  if (const auto loaded = module.load(); !loaded) {
+    return errors.report(kExitFile, {}, loaded.error().message);
+  }
+  runWithHands(options, module, *makeHands(), errors);
   if (const auto unloaded = module.unload(); !unloaded) {
     errors.report(kExitRefused, {}, unloaded.error().message);
   }
@@ -152,7 +158,11 @@ void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors
 
 }  // namespace
 
-int runDrawings(const RunOptions& given) {
+int runDrawings(const RunOptions& options) {
+  return runDrawingsByHand(options, [] { return std::make_unique<UserHands>(); });
+}
+
+int runDrawingsByHand(const RunOptions& given, const HandsMaker& makeHands) {
   RunOptions options = given;
   // A person sees what went wrong and goes on.
   if (isInteractive(options)) options.keepGoing = true;
@@ -163,7 +173,7 @@ int runDrawings(const RunOptions& given) {
     errors.report(kExitFile, {}, module.error().message);
     return errors.status();
   }
-  runSession(options, module.value(), errors);
+  runSession(options, module.value(), makeHands, errors);
   win::interaction().freshLine();
   return errors.status();
 }
