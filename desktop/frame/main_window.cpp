@@ -190,7 +190,7 @@ void MainWindow::noteNew(const std::vector<DrawingInfo>& drawings) {
   // Closing the current drawing leaves none current: the last one follows.
   const bool closed = drawings.size() < drawings_;
   drawings_ = drawings.size();
-  if (closed && editor::currentDrawing() == 0 && !drawings.empty())
+  if (activatesNext_ && closed && editor::currentDrawing() == 0 && !drawings.empty())
     inputQueue().add([this, id = drawings.back().id] { activate(id); });
 }
 
