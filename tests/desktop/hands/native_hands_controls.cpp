@@ -1,9 +1,11 @@
 // Clicks and keys on the controls of dialogs.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
@@ -53,6 +55,15 @@ QPoint checkBoxPlace(const QTreeView& view, int row) {
   return {place.left() + margin + width / 2, place.center().y()};
 }
 
+/// On the box of what is checked, which takes no clicks far from its text; else in the middle.
+QPoint buttonPlace(const QWidget& button) {
+  const bool box =
+      qobject_cast<const QCheckBox*>(&button) || qobject_cast<const QRadioButton*>(&button);
+  if (!box) return button.rect().center();
+  const int width = button.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &button);
+  return {width / 2, button.rect().center().y()};
+}
+
 }  // namespace
 
 win::InputResult NativeHands::clickControl(HWND control) {
@@ -60,7 +71,7 @@ win::InputResult NativeHands::clickControl(HWND control) {
   if (widget == nullptr) return refusal("click", UserHands::clickControl(control));
   if (qobject_cast<QAbstractButton*>(widget) == nullptr)
     return instead("click", UserHands::clickControl(control));
-  clickWidget(widget);
+  clickWidget(widget, buttonPlace(*widget));
   return played("click");
 }
 

@@ -28,9 +28,13 @@ class ReportingHands : public test::NativeHands {
   }
 };
 
+/// What Qt says is no output of the program.
+void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (std::getenv("KOVRA_PLAY_QT") == nullptr) qInstallMessageHandler(dropMessage);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   int argumentsOfQt = 1;
   const QApplication application(argumentsOfQt, argv);
