@@ -145,6 +145,8 @@ void Menus::fillEdit(QMenu* menu) {
               [] { runCommand(L"REDO"); });
   redo_->setShortcuts(
       {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  undo_->setObjectName(QStringLiteral("undo"));
+  redo_->setObjectName(QStringLiteral("redo"));
   menu->addSeparator();
   addCommand(menu, {Caption::kErase, Icon::kErase, QKeySequence::Delete, Needs::kDrawing},
              L"ERASE");
