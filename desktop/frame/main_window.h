@@ -50,6 +50,7 @@ class MainWindow : public QMainWindow {
   void activate(arx::host::DrawingId id);
   void selectAll();
   void quit();
+  void sayChanges();
   void sayChanged(arx::host::DrawingId id);
   void offerRecovery();
 
@@ -65,6 +66,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<StatusFields> status_;
   arx::host::DrawingId newest_ = 0;  // of the drawings that were seen
   std::size_t drawings_ = 0;
+  std::vector<arx::host::DrawingId> changed_;  // on disk, not yet said
 };
 
 }  // namespace kovra::desktop

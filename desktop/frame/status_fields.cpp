@@ -9,9 +9,7 @@
 #include "desktop/frame/captions.h"
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
-#include "platform/arx/editor/documents/document_list.h"
-#include "platform/arx/editor/documents/document_session.h"
-#include "platform/arx/editor/documents/ucs.h"
+#include "desktop/view/drawing_view.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 
@@ -29,14 +27,6 @@ void setLater(const wchar_t* variable, const std::wstring& value) {
   });
 }
 
-/// The cursor in the current UCS with four places, as the coordinates of drawings are shown.
-QString cursorText() {
-  const AcApDocument* document = arx::DocumentList::instance().current();
-  if (document == nullptr || !document->session().cursor.known) return {};
-  const AcGePoint3d point = arx::toUcs(*document, document->session().cursor.point);
-  return QStringLiteral("%1, %2").arg(point.x, 0, 'f', 4).arg(point.y, 0, 'f', 4);
-}
-
 std::wstring valueOf(const wchar_t* variable) {
   const Result<std::wstring> value = editor::variable(variable);
   return value ? value.value() : std::wstring();
@@ -44,7 +34,16 @@ std::wstring valueOf(const wchar_t* variable) {
 
 }  // namespace
 
-StatusFields::StatusFields(QStatusBar& bar) {
+QToolButton* StatusFields::addSwitch(QStatusBar& bar, const QString& text) {
+  auto* button = new QToolButton(&bar);
+  button->setText(text);
+  button->setCheckable(true);
+  button->setAutoRaise(true);
+  bar.addPermanentWidget(button);
+  return button;
+}
+
+StatusFields::StatusFields(QStatusBar& bar, DrawingView& view) : view_(view) {
   coordinates_ = new QLabel(&bar);
   coordinates_->setObjectName(QStringLiteral("coordinates"));
   coordinates_->setMinimumWidth(
@@ -53,15 +52,18 @@ StatusFields::StatusFields(QStatusBar& bar) {
   constexpr std::pair<Caption, const wchar_t*> kModes[] = {{Caption::kOrtho, L"ORTHOMODE"},
                                                            {Caption::kSnap, L"SNAPMODE"}};
   for (const auto& [caption, variable] : kModes) {
-    auto* button = new QToolButton(&bar);
-    button->setText(say(caption));
-    button->setCheckable(true);
-    button->setAutoRaise(true);
+    QToolButton* button = addSwitch(bar, say(caption));
     QObject::connect(button, &QToolButton::clicked, button,
                      [this, name = variable] { toggle(name); });
-    bar.addPermanentWidget(button);
     switches_.push_back({button, variable});
   }
+  snaps_ = addSwitch(bar, say(Caption::kObjectSnaps));
+  QObject::connect(snaps_, &QToolButton::clicked, snaps_,
+                   [this](bool on) { view_.setSnapsToObjects(on); });
+  // As the coordinates of drawings are shown, with four places.
+  view_.setCursorWatcher([this](const AcGePoint3d& point) {
+    coordinates_->setText(QStringLiteral("%1, %2").arg(point.x, 0, 'f', 4).arg(point.y, 0, 'f', 4));
+  });
   layers_ = new QComboBox(&bar);
   layers_->setObjectName(QStringLiteral("layers"));
   layers_->setToolTip(say(Caption::kLayer));
@@ -84,7 +86,7 @@ void StatusFields::toggle(const wchar_t* variable) {
 
 void StatusFields::refresh() {
   const bool open = editor::currentDrawing() != 0;
-  if (const QString text = cursorText(); coordinates_->text() != text) coordinates_->setText(text);
+  snaps_->setChecked(view_.snapsToObjects());
   for (const Switch& mode : switches_) {
     mode.button->setEnabled(open);
     mode.button->setChecked(open && valueOf(mode.variable) != L"0");
