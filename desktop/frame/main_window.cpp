@@ -223,7 +223,8 @@ void MainWindow::selectAll() {
 
 /// Asks about files that changed on disk, once no command is in the way.
 void MainWindow::sayChanges() {
-  if (changed_.empty() || editor::topWait().kind != editor::WaitKind::kIdle) return;
+  const editor::Wait wait = editor::topWait();
+  if (changed_.empty() || wait.kind != editor::WaitKind::kIdle || wait.modalOnTop) return;
   for (const DrawingId id : std::exchange(changed_, {})) addLater([this, id] { sayChanged(id); });
 }
 
@@ -234,8 +235,10 @@ void MainWindow::sayChanged(DrawingId id) {
 }
 
 void MainWindow::quit() {
+  if (std::exchange(quitting_, true)) return;
   unwindThen([this] {
-    if (!files_->mayQuit()) return;
+    quitting_ = files_->mayQuit();
+    if (!quitting_) return;
     keepPlaces();
     inputQueue().end();
   });

@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<StatusFields> status_;
   arx::host::DrawingId newest_ = 0;  // of the drawings that were seen
   std::size_t drawings_ = 0;
+  bool quitting_ = false;
   std::vector<arx::host::DrawingId> changed_;  // on disk, not yet said
 };
 

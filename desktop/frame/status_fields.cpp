@@ -10,7 +10,10 @@
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
 #include "desktop/view/drawing_view.h"
+#include "platform/arx/database/database.h"
+#include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/host_api.h"
+#include "platform/dxf/record_store.h"
 #include "platform/win/base/interaction.h"
 
 namespace kovra::desktop {
@@ -30,6 +33,15 @@ void setLater(const wchar_t* variable, const std::wstring& value) {
 std::wstring valueOf(const wchar_t* variable) {
   const Result<std::wstring> value = editor::variable(variable);
   return value ? value.value() : std::wstring();
+}
+
+/// Differs when the layer table may: another drawing, other records, another step done or undone.
+std::wstring tableState() {
+  const AcApDocument* document = arx::DocumentList::instance().current();
+  if (document == nullptr) return {};
+  return std::to_wstring(document->serial()) + L' ' +
+         std::to_wstring(document->database()->store().count()) + L' ' +
+         editor::undoName().value_or(L"-") + L' ' + editor::redoName().value_or(L"-");
 }
 
 }  // namespace
@@ -95,19 +107,20 @@ void StatusFields::refresh() {
   const QString scale = open ? QStringLiteral("1:%1").arg(toQt(valueOf(L"DIMSCALE"))) : QString();
   if (scale_->text() != scale) scale_->setText(scale);
   // An open list stays as it is while the user looks at it.
-  if (!layers_->view()->isVisible())
-    showLayers(editor::namesOf(editor::NameKind::kLayer), valueOf(L"CLAYER"));
+  if (layers_->view()->isVisible()) return;
+  if (std::wstring state = tableState(); state != shownState_) {
+    shownState_ = std::move(state);
+    showLayers(editor::namesOf(editor::NameKind::kLayer));
+  }
+  const int index = layers_->findText(toQt(valueOf(L"CLAYER")), Qt::MatchFixedString);
+  if (layers_->currentIndex() != index) layers_->setCurrentIndex(index);
 }
 
-void StatusFields::showLayers(const std::vector<std::wstring>& layers,
-                              const std::wstring& current) {
-  if (layers != shownLayers_) {
-    shownLayers_ = layers;
-    layers_->clear();
-    for (const std::wstring& layer : layers) layers_->addItem(toQt(layer));
-  }
-  const int index = layers_->findText(toQt(current), Qt::MatchFixedString);
-  if (layers_->currentIndex() != index) layers_->setCurrentIndex(index);
+void StatusFields::showLayers(const std::vector<std::wstring>& layers) {
+  if (layers == shownLayers_) return;
+  shownLayers_ = layers;
+  layers_->clear();
+  for (const std::wstring& layer : layers) layers_->addItem(toQt(layer));
 }
 
 }  // namespace kovra::desktop

@@ -28,7 +28,7 @@ class StatusFields {
     const wchar_t* variable;
   };
   QToolButton* addSwitch(QStatusBar& bar, const QString& text);
-  void showLayers(const std::vector<std::wstring>& layers, const std::wstring& current);
+  void showLayers(const std::vector<std::wstring>& layers);
 
   DrawingView& view_;
   QToolButton* snaps_ = nullptr;
@@ -37,6 +37,7 @@ class StatusFields {
   QComboBox* layers_ = nullptr;
   std::vector<Switch> switches_;
   std::vector<std::wstring> shownLayers_;
+  std::wstring shownState_;
 };
 
 }  // namespace kovra::desktop

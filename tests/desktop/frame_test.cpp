@@ -69,7 +69,7 @@ int play(const launch::ProgramOptions& options, const std::vector<Played>& steps
     std::get<Step>(steps[next++])(window);
   };
   const auto run = desktop::runWindow(options, [&](MainWindow& window) {
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { take(window); });
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&take, &window] { take(window); });
     timer.start(10);
   });
   if (!run) std::cerr << run.error().message << '\n';
@@ -79,7 +79,7 @@ int play(const launch::ProgramOptions& options, const std::vector<Played>& steps
 Step type(const char* line) {
   return [line](MainWindow& window) {
     QTest::keyClicks(&window.view(), QLatin1String(line));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClick(&window.view(), Qt::Key_Return);
   };
 }
 
@@ -123,7 +123,7 @@ std::wstring layer() {
 class FrameTest : public ::testing::Test {
  protected:
   FrameTest() {
-    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     char name[] = "/tmp/kovra-frame-XXXXXX";
     // The process of a run finds the folder of the process that judges it.
     const char* given = std::getenv("KOVRA_FRAME_FOLDER");
@@ -184,7 +184,7 @@ TEST_F(FrameTest, CommandsFromToolsAndKeysWithTheNamesOfTheirSteps) {
                                ->text()
                                .contains(QLatin1String("CLAYER")));
              }),
-             type("wireno"), waitFor([] { return layer() == L"WIRENO"; }), Step([](MainWindow& w) {
+             type("WIRENO"), waitFor([] { return layer() == L"WIRENO"; }), Step([](MainWindow& w) {
                EXPECT_EQ(actionOf(w, "undo")->text(), QLatin1String("&Undo Current layer"));
                EXPECT_TRUE(w.isWindowModified());
              }),
@@ -208,7 +208,7 @@ TEST_F(FrameTest, TabsSwitchAndCloseWithAQuestion) {
   };
   EXPECT_RUN(options({"a.dxf", "b.dxf"}), open(2), clickTab(0, Qt::LeftButton),
              waitFor([] { return editor::currentDrawing() == editor::drawings()[0].id; }),
-             type("clayer"), type("wireno"), waitFor([] { return layer() == L"WIRENO"; }),
+             type("clayer"), type("WIRENO"), waitFor([] { return layer() == L"WIRENO"; }),
              clickTab(0, Qt::MiddleButton), answer(Caption::kCancel), open(2),
              clickTab(0, Qt::MiddleButton), answer(Caption::kSaveAllButton), open(1),
              waitFor([] { return editor::currentDrawing() != 0; }));
@@ -231,7 +231,7 @@ TEST_F(FrameTest, AFileThatChangedOnDiskIsSaid) {
   };
   EXPECT_RUN(options({"b.dxf"}), scale(L"1"),
              Step([&](MainWindow&) { write("b.dxf", scaled("22.0")); }), answer(Caption::kReload),
-             scale(L"22"), type("clayer"), type("wireno"),
+             scale(L"22"), type("clayer"), type("WIRENO"),
              waitFor([] { return layer() == L"WIRENO"; }),
              Step([&](MainWindow&) { write("b.dxf", scaled("333.0")); }), answer(Caption::kKeep),
              scale(L"22"), press(Qt::Key_S, Qt::ControlModifier), Until{[](MainWindow&) {
@@ -248,7 +248,7 @@ TEST_F(FrameTest, AKilledRunLosesNothingThatWasCopied) {
     QSettings(QString::fromStdString(path("state.db.desktop.ini").string()), QSettings::IniFormat)
         .setValue(QStringLiteral("autosave/minutes"), 0.001);
   EXPECT_EXIT(play(options({"a.dxf"}),
-                   {type("clayer"), type("wireno"), waitFor([this] { return copies() == 1; }),
+                   {type("clayer"), type("WIRENO"), waitFor([this] { return copies() == 1; }),
                     Step([](MainWindow&) { std::raise(SIGKILL); })}),
               ::testing::KilledBySignal(SIGKILL), "");
   EXPECT_EQ(read("a.dxf"), textDrawing());
@@ -266,7 +266,7 @@ TEST_F(FrameTest, AKilledRunLosesNothingThatWasCopied) {
 
 TEST_F(FrameTest, QuittingUnwindsADialogFirst) {
   const auto close = Step([](MainWindow& window) { window.close(); });
-  EXPECT_RUN(options({"a.dxf"}), type("clayer"), type("wireno"),
+  EXPECT_RUN(options({"a.dxf"}), type("clayer"), type("WIRENO"),
              waitFor([] { return layer() == L"WIRENO"; }), clickTool("KOVRA_TEXT_COUNTUP"),
              waitFor([] { return editor::topWait().kind == editor::WaitKind::kSelection; }),
              press(Qt::Key_A, Qt::ControlModifier), type(""),
