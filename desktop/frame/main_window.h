@@ -52,6 +52,7 @@ class MainWindow : public QMainWindow {
   void activate(arx::host::DrawingId id);
   void selectAll();
   void quit();
+  void sayChanges();
   void sayChanged(arx::host::DrawingId id);
   void offerRecovery();
 
@@ -68,6 +69,8 @@ class MainWindow : public QMainWindow {
   arx::host::DrawingId newest_ = 0;  // of the drawings that were seen
   std::size_t drawings_ = 0;
   bool activatesNext_ = true;
+  bool quitting_ = false;
+  std::vector<arx::host::DrawingId> changed_;  // on disk, not yet said
 };
 
 }  // namespace kovra::desktop

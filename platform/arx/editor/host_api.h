@@ -148,10 +148,13 @@ struct PickPoint {
   double z = 0;
 };
 
+/// Whether SNAPMODE and ORTHOMODE may move the point, or it is meant as it is: a point that was
+/// found on an object.
+enum class Aim { kByModes, kExact };
 /// Clicks at a point: answers a point prompt, ends a drag, picks at a pick or selection prompt.
-Result<void> clickPoint(PickPoint point);
+Result<void> clickPoint(PickPoint point, Aim aim = Aim::kByModes);
 /// Moves the cursor there.
-Result<void> moveCursor(PickPoint point);
+Result<void> moveCursor(PickPoint point, Aim aim = Aim::kByModes);
 /// Clicks on an entity, at a place where a pick gives it; an error if it has none.
 Result<void> pickEntity(uint64_t handle);
 /// What @select and @preselect name.
@@ -163,10 +166,18 @@ struct SelectionInput {
   std::optional<SelectionArea> box;  ///< window to the right, crossing to the left
   std::vector<uint64_t> handles;     ///< in this order
   bool all = false;
+  bool adding = false;  ///< for preselect: to what is selected
 };
 /// Answers the selection prompt; the prompt goes on until Enter.
 Result<void> select(const SelectionInput& input);
 /// Makes it the implied selection of the active drawing; only at the idle host.
 Result<void> preselect(const SelectionInput& input);
+/// What a click at the idle host came to.
+enum class IdleClick {
+  kMissed,  ///< nothing is there
+  kAdded,   ///< what is there belongs to the implied selection now
+  kTaken    ///< a filter of messages kept the click for itself
+};
+Result<IdleClick> clickIdle(PickPoint point);
 
 }  // namespace kovra::arx::host

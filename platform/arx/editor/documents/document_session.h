@@ -26,6 +26,7 @@ struct Cursor {
   int pixelX = 0;
   int pixelY = 0;
   AcGePoint3d point{};
+  AcGePoint3d effective{};  ///< where a click would count: on the snap grid, straight from the base
 };
 
 /// What belongs to an open document and isn't part of its drawing.
@@ -43,7 +44,7 @@ struct DocumentSession {
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;
-  std::map<bool, View> views;  ///< of model space (true) and of paper space; fixed once shown
+  std::map<bool, View> views;  ///< of model space (true) and of paper space; as first shown unless set
 };
 
 }  // namespace kovra::arx
