@@ -29,8 +29,9 @@ struct DrawingInfo {
 };
 
 struct SaveOptions {
-  bool backup = true;  ///< keep the former file as NAME.bak
-  bool copy = false;   ///< the file is a copy, also that of a drawing that was never saved
+  bool backup = true;   ///< keep the former file as NAME.bak
+  bool copy = false;    ///< the file is a copy, also that of a drawing that was never saved
+  bool rename = false;  ///< the file becomes the drawing's own
 };
 
 // --- documents ---------------------------------------------------------------------------------

@@ -14,8 +14,8 @@
 
 #include "desktop/loop/texts.h"
 #include "platform/win/base/interaction.h"
+#include "platform/win/base/messages.h"
 #include "platform/win/base/wide_text.h"
-#include "platform/win/base/windows_types.h"
 #include "tests/desktop/hands/native_input.h"
 
 namespace kovra::test {
@@ -68,6 +68,8 @@ bool LaidAnswers::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void LaidAnswers::answerBox(QMessageBox& box) {
+  // The frame's own questions, which no script knows, are cancelled.
+  if (box.objectName() != QLatin1String("message-box")) return box.reject();
   const char* laid = answers.empty() ? nullptr : win::answerName(answers.front());
   QAbstractButton* button = laid != nullptr ? buttonOf(box, laid) : nullptr;
   if (button != nullptr) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/lines/user_hands.h"
+#include "platform/win/base/interaction.h"
 
 class QWidget;
 
@@ -22,7 +23,8 @@ class LaidAnswers;
 /// widgets are compared with their windows in memory.
 class NativeHands : public host::UserHands {
  public:
-  NativeHands();
+  /// `transcript`: where the transcript goes, which the window would take for itself; may be empty.
+  explicit NativeHands(win::Interaction::TextSink transcript);
   ~NativeHands() override;
 
   bool goOn() override;
@@ -48,6 +50,8 @@ class NativeHands : public host::UserHands {
   win::InputResult sizeDialog(HWND dialog, int width, int height) override;
   win::InputResult minimizeDialog(HWND dialog) override;
 
+  Result<void> typeText(std::wstring_view characters) override;
+
   void layAnswer(int button) override;
   void layFiles(std::vector<std::filesystem::path> files) override;
   std::size_t answersLeft() const override;
@@ -62,6 +66,7 @@ class NativeHands : public host::UserHands {
   class AfterTheLines;
 
   QWidget* usableWidget(HWND window);
+  QWidget* commandInput(std::wstring_view line);
   void showAll();
   win::InputResult played(const char* what);
   win::InputResult refusal(const char* what, win::InputResult result);
@@ -73,6 +78,7 @@ class NativeHands : public host::UserHands {
   win::InputResult typeWatched(std::wstring_view text);
   void compare();
 
+  win::Interaction::TextSink transcript_;
   std::unique_ptr<desktop::MainWindow> window_;
   std::unique_ptr<LaidAnswers> laid_;
   std::unique_ptr<AfterTheLines> afterTheLines_;

@@ -1,5 +1,5 @@
 // Clicks and keys on tables of cells.
-#include <QHeaderView>
+#include <QCoreApplication>
 #include <QTableView>
 
 #include "platform/win/windows/table_state.h"

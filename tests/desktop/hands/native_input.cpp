@@ -10,7 +10,7 @@
 
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
-#include "platform/win/base/windows_types.h"
+#include "platform/win/base/messages.h"
 
 namespace kovra::test {
 namespace {

@@ -12,7 +12,6 @@
 #include "desktop/frame/main_window.h"
 #include "desktop/loop/input_queue.h"
 #include "desktop/mirror/window_mirror.h"
-#include "desktop/view/drawing_view.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/pump.h"
 #include "tests/desktop/random/random_user.h"
@@ -74,9 +73,7 @@ bool RandomSource::dispatchOne() {
   if (queue.ended()) return false;
   alarm(kLongestStepSeconds);
   if (queue.pending() > 0) return queue.dispatchOne();
-  window_.mirror().refresh();
-  window_.view().refresh();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  queue.refresh();
   QCoreApplication::processEvents();
   if (queue.pending() > 0) return true;
   if (resting_) return cancelWhatWaits();

@@ -105,11 +105,14 @@ Result<void> saveDrawing(DrawingId id, const fs::path* file, SaveOptions options
   // What a command may still take back is no state of the drawing.
   if (database.transactionManager()->numActiveTransactions() > 0)
     return refused("a command is changing the drawing: end or cancel it first");
+  const AcApDocument* other = file != nullptr ? findFile(*file) : nullptr;
+  if (options.rename && other != nullptr && other != document)
+    return refused("another open drawing has this file");
   std::error_code ignored;
   dxf::SaveOptions how;
   how.backup = options.backup;
-  how.adopt =
-      !options.copy && (file == nullptr || own.empty() || fs::equivalent(own, *file, ignored));
+  how.adopt = !options.copy && (options.rename || file == nullptr || own.empty() ||
+                                fs::equivalent(own, *file, ignored));
   Result<void> saved = database.save(file != nullptr ? file->string() : own, how);
   if (!saved || !how.adopt) return saved;
   document->session().recoveredFile.reset();
