@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -31,6 +32,8 @@ struct Cursor {
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
   bool closing = false;                ///< every prompt is cancelled until the document is idle
+  /// Of a drawing that was opened from a copy until it is saved: its file, empty without one.
+  std::optional<std::string> recoveredFile;
   std::vector<std::wstring> commands;  ///< running, outermost first
   std::wstring lastCommand;            ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
