@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity_order.h"
@@ -100,11 +101,13 @@ void DisplayList::start() {
   const dxf::Structure& structure = database_.structure();
   for (RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
        r = structure.nextEntity(space_, r)) {
-    if (chunks_.empty() || chunks_.back().entities.size() >= kChunkEntities) chunks_.emplace_back();
-    Chunk& chunk = chunks_.back();
+    if (chunks_.empty() || chunks_.back().records.size() >= kChunkEntities) {
+      chunks_.emplace_back().records.reserve(kChunkEntities);
+    }
+    std::vector<RecordIndex>& records = chunks_.back().records;
     setPlace(r, {static_cast<std::uint32_t>(chunks_.size() - 1),
-                 static_cast<std::uint32_t>(chunk.entities.size())});
-    chunk.entities.emplace_back().record = r;
+                 static_cast<std::uint32_t>(records.size())});
+    records.push_back(r);
   }
   buildOrder_ = spreadOrder(chunks_.size());
   nextToBuild_ = 0;
@@ -146,7 +149,10 @@ Shown DisplayList::read(RecordIndex record, Shapes& shapes) {
 void DisplayList::build(std::size_t number) {
   Chunk& chunk = chunks_[number];
   chunk.shapes.clear();
-  for (Shown& shown : chunk.entities) shown = read(shown.record, chunk.shapes);
+  chunk.entities.clear();
+  chunk.entities.reserve(chunk.records.size());
+  for (const RecordIndex record : chunk.records)
+    chunk.entities.push_back(read(record, chunk.shapes));
   chunk.unused = 0;
   chunk.stale = false;
   buildIndex(chunk);
@@ -155,12 +161,12 @@ void DisplayList::build(std::size_t number) {
 void DisplayList::makeSample(Clock::time_point deadline) {
   sample_.stale = false;
   const std::size_t step = std::max<std::size_t>(1, chunks_.size() * kChunkEntities / kSampled);
+  std::minstd_rand random;  // a fixed step may meet the drawing's own
   for (const std::size_t i : spreadOrder(kSampled)) {
-    const std::size_t at = i * step;
+    const std::size_t at = i * step + random() % step;
     const std::size_t number = at / kChunkEntities;
-    if (number >= chunks_.size() || at % kChunkEntities >= chunks_[number].entities.size())
-      continue;
-    const RecordIndex record = chunks_[number].entities[at % kChunkEntities].record;
+    if (number >= chunks_.size() || at % kChunkEntities >= chunks_[number].records.size()) continue;
+    const RecordIndex record = chunks_[number].records[at % kChunkEntities];
     sample_.entities.push_back(read(record, sample_.shapes));
     if (Clock::now() >= deadline) break;
   }
@@ -268,19 +274,22 @@ std::optional<DisplayList::PlaceOf> DisplayList::insert(RecordIndex record) {
     at = placeOf(before);
     ++at.at;
   }
-  const bool last = chunks_.empty() ||
-                    (at.chunk + 1 == chunks_.size() && at.at == chunks_.back().entities.size());
-  if (last && (chunks_.empty() || chunks_.back().entities.size() >= kChunkEntities)) {
+  const bool last =
+      chunks_.empty() || (at.chunk + 1 == chunks_.size() && at.at == chunks_.back().records.size());
+  if (last && (chunks_.empty() || chunks_.back().records.size() >= kChunkEntities)) {
     chunks_.emplace_back().stale = false;
     at = {static_cast<std::uint32_t>(chunks_.size() - 1), 0};
   }
   Chunk& chunk = chunks_[at.chunk];
-  Shown shown;
-  shown.record = record;
-  chunk.entities.insert(chunk.entities.begin() + at.at, shown);
-  if (!last && !chunk.stale) buildIndex(chunk);
-  for (std::uint32_t i = at.at; i < chunk.entities.size(); ++i)
-    setPlace(chunk.entities[i].record, {at.chunk, i});
+  chunk.records.insert(chunk.records.begin() + at.at, record);
+  if (!chunk.stale) {
+    Shown shown;
+    shown.record = record;
+    chunk.entities.insert(chunk.entities.begin() + at.at, shown);
+    if (!last) buildIndex(chunk);
+  }
+  for (std::uint32_t i = at.at; i < chunk.records.size(); ++i)
+    setPlace(chunk.records[i], {at.chunk, i});
   return at;
 }
 
@@ -340,6 +349,7 @@ const Shown* DisplayList::find(RecordIndex record, const Chunk*& chunk) const {
   const PlaceOf place = placeOf(entityOf(record));
   if (place.chunk == kNowhere) return nullptr;
   chunk = &chunks_[place.chunk];
+  if (place.at >= chunk->entities.size()) return nullptr;
   const Shown& shown = chunk->entities[place.at];
   return shown.box.isEmpty() ? nullptr : &shown;
 }

@@ -28,7 +28,8 @@ struct Shown {
 
 /// Some hundreds of entities that follow each other in drawing order.
 struct Chunk {
-  std::vector<Shown> entities;
+  std::vector<dxf::RecordIndex> records;
+  std::vector<Shown> entities;  ///< of the records, once they were read
   Shapes shapes;
   Box box;                 ///< around them all
   BoxIndex index;          ///< by their reach; holds places in `entities`

@@ -13,11 +13,15 @@ constexpr std::size_t kMostSmooth = 8000;
 /// Entities between two looks at the clock.
 constexpr std::size_t kStride = 64;
 
-std::size_t entitiesIn(const DisplayList& list, const Box& box) {
+/// Whether that many entities or more are in a box.
+bool hasMany(const DisplayList& list, const Box& box, std::size_t many) {
   std::size_t count = 0;
-  for (const Chunk& chunk : list.chunks())
-    if (chunk.box.touches(box)) count += chunk.entities.size();
-  return count;
+  for (const Chunk& chunk : list.chunks()) {
+    if (!chunk.box.touches(box)) continue;
+    for (const Shown& shown : chunk.entities)
+      if (shown.box.touches(box) && ++count >= many) return true;
+  }
+  return false;
 }
 
 bool sameScale(const ViewFrame& a, const ViewFrame& b) {
@@ -50,8 +54,8 @@ DrawingPicture::Layer DrawingPicture::newLayer() const {
   layer.image =
       QImage(std::max(1, static_cast<int>(std::lround(frame_.width))),
              std::max(1, static_cast<int>(std::lround(frame_.height))), QImage::Format_RGB32);
-  layer.smooth = list_ == nullptr ||
-                 entitiesIn(*list_, frame_.toWorld(QRectF(layer.image.rect()))) < kMostSmooth;
+  layer.smooth =
+      list_ == nullptr || !hasMany(*list_, frame_.toWorld(QRectF(layer.image.rect())), kMostSmooth);
   layer.tasks.push_back(wholeTask(layer.image.rect()));
   return layer;
 }

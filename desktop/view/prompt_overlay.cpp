@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "desktop/view/shape_painter.h"
 #include "platform/arx/database/entity.h"
@@ -53,9 +54,10 @@ bool PromptOverlay::Picture::is(const std::vector<dxf::RecordIndex>& those,
 }
 
 bool PromptOverlay::refresh(const DisplayList* list, const ViewFrame& frame) {
-  const bool had = prompt_.base.has_value() || prompt_.jigged != nullptr;
-  prompt_ = arx::host::promptView();
-  bool changed = had || prompt_.base.has_value();
+  const arx::host::PromptView before = std::exchange(prompt_, arx::host::promptView());
+  const bool banded = prompt_.base.has_value() && prompt_.takesPoints;
+  bool changed = before.kind != prompt_.kind || before.base != prompt_.base ||
+                 (banded && before.cursor != prompt_.cursor);
   changed = refreshSelection(list, frame) || changed;
   changed = refreshDrag(list, frame) || changed;
   return refreshJig(frame) || changed;
@@ -81,6 +83,9 @@ bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame)
   if (shown) append(drag->entities, records);
   if (!shown && drag_.records.empty()) return false;
   const QTransform place = shown ? flat(drag->place) : QTransform();
+  const bool stays = place == dragPlace_;
+  dragPlace_ = place;
+  if (stays && drag_.is(records, frame)) return false;
   const bool moves = records.size() >= kMostLetters && isShift(place);
   const QPointF shift(place.dx() * frame.scale, -place.dy() * frame.scale);
   dragShift_ = moves ? shift - QPointF(frame.width / 2, frame.height / 2) : QPointF();
@@ -95,13 +100,17 @@ bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame)
 }
 
 bool PromptOverlay::refreshJig(const ViewFrame& frame) {
+  const Shapes before = std::exchange(jigged_, {});
   const bool had = !jig_.isNull();
+  if (prompt_.jigged != nullptr && prompt_.cursorKnown) {
+    ShapeWriter writer(jigged_);
+    prompt_.jigged->worldDraw(&writer);
+  }
+  const bool shows = !jigged_.curves.empty() || !jigged_.texts.empty();
+  if (shows == had && jigged_ == before && sameFrame(frame, jigFrame_)) return false;
+  jigFrame_ = frame;
   jig_ = {};
-  prompt_.jigged = prompt_.cursorKnown ? prompt_.jigged : nullptr;
-  if (prompt_.jigged == nullptr) return had;
-  jigged_.clear();
-  ShapeWriter writer(jigged_);
-  prompt_.jigged->worldDraw(&writer);
+  if (!shows) return had;
   jig_ = emptyImage(frame);
   ShapePainter::Style style;
   style.smooth = style.letters = jigged_.texts.size() < kMostLetters;

@@ -50,7 +50,9 @@ class PromptOverlay {
   Picture selection_;
   Picture drag_;       ///< where the entities stand in the drawing, if it is only moved
   QPointF dragShift_;  ///< pixels
+  QTransform dragPlace_;
   Shapes jigged_;
+  ViewFrame jigFrame_;
   QImage jig_;
 };
 

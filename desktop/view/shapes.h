@@ -17,6 +17,7 @@ namespace kovra::desktop {
 struct Spot {
   double x = 0;
   double y = 0;
+  bool operator==(const Spot&) const = default;
 };
 
 /// A rectangle along the axes; empty at the start.
@@ -50,6 +51,7 @@ struct Curve {
   std::uint32_t points = 0;
   QRgb color = 0;
   CurveKind kind = CurveKind::kChain;
+  bool operator==(const Curve&) const = default;
 };
 
 /// A line of text. Its cell goes from the origin `advance` times `along` and once `up`.
@@ -61,6 +63,7 @@ struct TextLine {
   QRgb color = 0;
   std::uint32_t firstCharacter = 0;
   std::uint32_t characters = 0;
+  bool operator==(const TextLine&) const = default;
 };
 
 /// Where the curves and the texts of one entity are among others'.
@@ -77,6 +80,7 @@ struct Shapes {
   std::vector<TextLine> texts;
   std::wstring characters;
 
+  bool operator==(const Shapes&) const = default;
   void clear();
   ShapeRange all() const {
     return {0, static_cast<std::uint32_t>(curves.size()), 0,
