@@ -279,6 +279,10 @@ const ViewFrame& DrawingView::frame() const {
   return shown_->frame;
 }
 
+std::optional<AcGePoint3d> DrawingView::pointAt(QPoint at) const {
+  return shown_->acts().pointAt(shown_->frame, at);
+}
+
 bool DrawingView::complete() const {
   return shown_->complete();
 }

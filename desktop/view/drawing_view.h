@@ -43,6 +43,8 @@ class DrawingView : public QWidget {
 
   /// The part of the world that is seen, in pixels of the widget.
   const ViewFrame& frame() const;
+  /// The point, in the UCS, that a click on a pixel gives without a snap; none without a drawing.
+  std::optional<AcGePoint3d> pointAt(QPoint at) const;
   /// Nothing left to build or to paint.
   bool complete() const;
   /// Pixels of the screen that were painted anew so far.

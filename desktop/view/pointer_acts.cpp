@@ -80,6 +80,13 @@ void PointerActs::carryOutMove(const Move& move) {
   static_cast<void>(host::moveCursor(point, snap_ ? host::Aim::kExact : host::Aim::kByModes));
 }
 
+std::optional<AcGePoint3d> PointerActs::pointAt(const ViewFrame& frame, QPoint at) const {
+  const AcApDocument* document = drawings_.current();
+  if (document == nullptr) return std::nullopt;
+  const auto point = inUcs(*document, worldAt(frame, at));
+  return AcGePoint3d(point.x, point.y, point.z);
+}
+
 void PointerActs::click(const ViewFrame& frame, QPoint at, std::function<void(Spot)> missed) {
   inputQueue().add([this, click = Move{frame, at}, missed = std::move(missed)] {
     carryOutClick(click, missed);

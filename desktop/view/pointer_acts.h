@@ -23,6 +23,8 @@ class PointerActs {
   void move(const ViewFrame& frame, QPoint at);
   /// The cursor is nowhere in the drawing.
   void leave();
+  /// The point, in the UCS, that a click there gives without a snap; none without a drawing.
+  std::optional<AcGePoint3d> pointAt(const ViewFrame& frame, QPoint at) const;
   /// A click; `missed` gets its place when it began a box for a selection without a command.
   void click(const ViewFrame& frame, QPoint at, std::function<void(Spot)> missed);
   /// A box was drawn: to the right a window, to the left a crossing.

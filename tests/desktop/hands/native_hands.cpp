@@ -8,6 +8,7 @@
 #include "desktop/loop/input_queue.h"
 #include "desktop/mirror/acts.h"
 #include "desktop/mirror/window_mirror.h"
+#include "desktop/view/drawing_view.h"
 #include "platform/win/base/messages.h"
 #include "platform/win/base/pump.h"
 #include "tests/desktop/hands/laid_answers.h"
@@ -38,6 +39,9 @@ NativeHands::NativeHands(win::Interaction::TextSink transcript)
     if (refused_.empty()) refused_ = why;
   });
   window_->setActivatesNext(false);
+  // As large as the window that the editor thinks of without a screen: picks reach as far.
+  window_->view().setFixedSize(1600, 1000);
+  window_->view().setSnapsToObjects(false);
   // A menu opens at once, an item of a list may be clicked as soon as it is down.
   QApplication::setDoubleClickInterval(1);
   win::interaction().setTranscript(transcript_);

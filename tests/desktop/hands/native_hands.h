@@ -1,7 +1,9 @@
 // A user's hands on native widgets.
 #pragma once
+#include <QPoint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,6 +53,8 @@ class NativeHands : public host::UserHands {
   win::InputResult minimizeDialog(HWND dialog) override;
 
   Result<void> typeText(std::wstring_view characters) override;
+  Result<void> clickPoint(arx::host::PickPoint point) override;
+  Result<void> moveCursor(arx::host::PickPoint point) override;
 
   void layAnswer(int button) override;
   void layFiles(std::vector<std::filesystem::path> files) override;
@@ -66,6 +70,7 @@ class NativeHands : public host::UserHands {
   class AfterTheLines;
 
   QWidget* usableWidget(HWND window);
+  std::optional<QPoint> pixelOf(arx::host::PickPoint point);
   QWidget* commandInput(std::wstring_view line);
   void showAll();
   win::InputResult played(const char* what);

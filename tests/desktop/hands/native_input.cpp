@@ -73,6 +73,10 @@ void doubleClickWidget(QWidget* widget, QPoint place) {
   QTest::mouseDClick(widget, Qt::LeftButton, {}, placeIn(widget, place));
 }
 
+void moveOverWidget(QWidget* widget, QPoint place) {
+  QTest::mouseMove(widget, place);
+}
+
 void dragWidget(QWidget* widget, QPoint from, QPoint to) {
   QTest::mousePress(widget, Qt::LeftButton, {}, from);
   QTest::mouseMove(widget, (from + to) / 2);

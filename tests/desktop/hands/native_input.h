@@ -15,6 +15,7 @@ namespace kovra::test {
 /// of the program that lies there, so a widget under another isn't reached.
 void clickWidget(QWidget* widget, QPoint place = {});
 void doubleClickWidget(QWidget* widget, QPoint place = {});
+void moveOverWidget(QWidget* widget, QPoint place);
 void dragWidget(QWidget* widget, QPoint from, QPoint to);
 /// The press of the right button that brings a menu up.
 void openNativeMenu(QWidget* widget);
