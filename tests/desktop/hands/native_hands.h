@@ -79,7 +79,7 @@ class NativeHands : public host::UserHands {
   void note(const std::string& what);
   bool clickItem(QWidget* widget, int index);
   bool enterField(HWND control);
-  void selectField(HWND field);
+  void selectField();
   win::InputResult typeWatched(std::wstring_view text);
   void compare();
 

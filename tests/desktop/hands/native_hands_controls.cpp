@@ -149,10 +149,9 @@ bool NativeHands::enterField(HWND control) {
   return hasFocus(control);
 }
 
-void NativeHands::selectField(HWND field) {
-  (void)field;
-  pressNativeKey({VK_HOME, false, true});
-  pressNativeKey({VK_END, true, true});
+/// All of the text in a field that has the focus.
+void NativeHands::selectField() {
+  pressNativeKey({'A', false, true});
   seeThrough();
   showAll();
 }
@@ -179,7 +178,7 @@ win::InputResult NativeHands::focusControl(HWND control) {
 win::InputResult NativeHands::typeOver(HWND control, std::wstring_view text) {
   if (win::hasStyle(control, ES_READONLY) || !enterField(control))
     return refusal("type", UserHands::typeOver(control, text));
-  selectField(control);
+  selectField();
   if (text.empty()) {
     if (!win::listControl(control).text.empty()) pressNativeKey({VK_DELETE});
     return played("type");

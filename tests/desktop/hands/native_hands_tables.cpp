@@ -43,7 +43,7 @@ win::InputResult NativeHands::editCell(HWND table, Cell cell, std::wstring_view 
   const HWND field = state != nullptr ? state->openEditor() : nullptr;
   if (field == nullptr || GetFocus() != field)
     return refusal("cell", UserHands::editCell(table, cell, text));
-  selectField(field);
+  selectField();
   if (text.empty()) {
     pressNativeKey({VK_DELETE});
   } else if (auto typed = typeWatched(text); !typed) {
