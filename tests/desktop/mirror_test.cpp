@@ -24,6 +24,7 @@
 #include "platform/win/controls/tab_messages.h"
 #include "platform/win/desktop/dialog_listing.h"
 #include "platform/win/desktop/table_input.h"
+#include "platform/win/dialogs/message_box.h"
 #include "tests/desktop/hands/native_input.h"
 #include "tests/win/test_dialog.h"
 
@@ -68,7 +69,9 @@ class MirrorTest : public win::DialogTest {
   }
   template <class Widget = QWidget>
   Widget* widget(int id) {
-    return dynamic_cast<Widget*>(mirror->widgetOf(control(id)));
+    QWidget* found = mirror->widgetOf(control(id));
+    EXPECT_NE(dynamic_cast<Widget*>(found), nullptr);
+    return static_cast<Widget*>(found);
   }
   void click(QWidget* target, QPoint place = {}) {
     ASSERT_NE(target, nullptr);
@@ -254,6 +257,7 @@ TEST_F(MirrorTest, ArrowsCountAndTabsTurn) {
 TEST_F(MirrorTest, CellsAreEditedInTheTable) {
   open({{kGrid, L"fpUSpread80", kTab}});
   const HWND grid = control(kGrid);
+  SetWindowPos(dialog, nullptr, 0, 0, 320, 220, SWP_NOMOVE | SWP_NOZORDER);
   SetWindowPos(grid, nullptr, 0, 0, 280, 160, SWP_NOMOVE | SWP_NOZORDER);
   SSSetMaxCols(grid, 2);
   SSSetData(grid, 1, 1, L"one");
@@ -283,7 +287,7 @@ TEST_F(MirrorTest, CellsAreEditedInTheTable) {
 }
 
 TEST_F(MirrorTest, TheKeysOfTheDialogAreDecidedInMemory) {
-  open({{1, L"STATIC", kShown, L"&Name"},
+  open({{5, L"STATIC", kShown, L"&Name"},
         {kText, L"EDIT", kTab},
         {kUpper, L"EDIT", kTab | WS_DISABLED},
         {IDOK, L"BUTTON", kTab | BS_DEFPUSHBUTTON, L"OK"},
@@ -316,7 +320,7 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   int answer = 0;
   when("20 BN_CLICKED", [&] {
     QTimer::singleShot(0, [] {
-      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);
       ASSERT_EQ(box->buttons().size(), 3);
       clickWidget(box->findChild<QPushButton*>("no"));
@@ -329,7 +333,7 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   click(widget(kText));
   press("Ctrl+A");
   QTimer::singleShot(200, [] {
-    auto* menu = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     QTest::keyClick(menu, Qt::Key_D);  // "Delete"
   });
