@@ -37,6 +37,20 @@ using win::kTab;
 constexpr int kText = 10, kUpper = 11, kLines = 12, kCheck = 20, kThree = 21, kRadio = 30;
 constexpr int kList = 40, kBox = 41, kRows = 50, kArrows = 60, kTabs = 70, kGrid = 80;
 
+/// Answers a box or menu as soon as it is open.
+template <class Widget>
+void whenOpen(QWidget* (*current)(), const std::function<void(Widget&)>& answer) {
+  auto* timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, current, answer] {
+    auto* widget = qobject_cast<Widget*>(current());
+    if (widget == nullptr || !widget->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    answer(*widget);
+  });
+  timer->start(10);
+}
+
 class MirrorTest : public win::DialogTest {
  protected:
   void SetUp() override {
@@ -319,11 +333,9 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   open({{kText, L"EDIT", kTab, L"abc"}, {kCheck, L"BUTTON", kTab, L"Ask"}});
   int answer = 0;
   when("20 BN_CLICKED", [&] {
-    QTimer::singleShot(0, [] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(box, nullptr);
-      ASSERT_EQ(box->buttons().size(), 3);
-      clickWidget(box->findChild<QPushButton*>("no"));
+    whenOpen<QMessageBox>(QApplication::activeModalWidget, [](QMessageBox& box) {
+      EXPECT_EQ(box.buttons().size(), 3);
+      box.findChild<QPushButton*>("no")->click();
     });
     answer = MessageBoxW(dialog, L"Really?", L"Question", MB_YESNOCANCEL | MB_ICONQUESTION);
   });
@@ -332,11 +344,8 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   EXPECT_EQ(focusId(), kCheck);
   click(widget(kText));
   press("Ctrl+A");
-  QTimer::singleShot(200, [] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    QTest::keyClick(menu, Qt::Key_D);  // "Delete"
-  });
+  whenOpen<QMenu>(QApplication::activePopupWidget,
+                  [](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_D); });  // "Delete"
   openNativeMenu(widget(kText));
   see();
   EXPECT_EQ(text(kText), "");
