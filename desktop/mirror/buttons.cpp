@@ -3,6 +3,8 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
 
 #include "desktop/loop/texts.h"
 #include "desktop/mirror/acts.h"
@@ -22,6 +24,8 @@ class Followed : public Button {
 
  protected:
   void nextCheckState() override {}
+  /// The whole control takes clicks, also beside its caption.
+  bool hitButton(const QPoint& place) const override { return this->rect().contains(place); }
 };
 
 class ButtonMirror : public ControlMirror {
@@ -72,6 +76,32 @@ class ButtonMirror : public ControlMirror {
   QAbstractButton* button_;
 };
 
+/// A frame with its caption in the upper edge: the room below is laid out for that.
+class GroupFrame : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    constexpr int kIndent = 8, kGap = 3;
+    QStylePainter painter(this);
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.frameShape = QFrame::StyledPanel;
+    frame.lineWidth = 1;
+    frame.state |= QStyle::State_Sunken;
+    frame.rect.setTop(fontMetrics().height() / 2);
+    const QRect caption(kIndent, 0,
+                        fontMetrics().size(Qt::TextShowMnemonic, title()).width() + 2 * kGap,
+                        fontMetrics().height());
+    if (!title().isEmpty()) painter.setClipRegion(QRegion(rect()).subtracted(caption));
+    painter.drawControl(QStyle::CE_ShapedFrame, frame);
+    painter.setClipping(false);
+    style()->drawItemText(&painter, caption, Qt::AlignCenter | Qt::TextShowMnemonic, palette(),
+                          isEnabled(), title(), QPalette::WindowText);
+  }
+};
+
 class GroupMirror : public ControlMirror {
  public:
   GroupMirror(HWND window, QGroupBox* group) : ControlMirror(window, group), group_(group) {
@@ -111,7 +141,7 @@ MadeControl makeButton(const win::ControlListing& listing, QWidget* parent) {
 }
 
 MadeControl makeGroup(const win::ControlListing& listing, QWidget* parent) {
-  return std::make_unique<GroupMirror>(listing.window, new QGroupBox(parent));
+  return std::make_unique<GroupMirror>(listing.window, new GroupFrame(parent));
 }
 
 }  // namespace kovra::desktop

@@ -10,6 +10,7 @@
 
 #include "desktop/loop/texts.h"
 #include "desktop/mirror/acts.h"
+#include "platform/win/desktop/table_input.h"
 #include "platform/win/dialogs/dialogs.h"
 #include "platform/win/windows/window_api.h"
 
@@ -31,10 +32,17 @@ bool opensList(const QKeyEvent& event) {
   return event.key() == Qt::Key_F4 || (arrow && (event.modifiers() & Qt::AltModifier) != 0);
 }
 
+bool asksForMenu(const QKeyEvent& event) {
+  const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+  return event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && shift);
+}
+
 void pressKey(HWND dialog, QObject* target, const QKeyEvent& event) {
   auto* box = qobject_cast<QComboBox*>(target);
   if (box != nullptr && opensList(event)) {
     box->showPopup();
+  } else if (asksForMenu(event)) {
+    addAct(dialog, [] { return win::openMenu(win::focusedControl()); });
   } else {
     addKeyPress(dialog, event);
   }

@@ -115,11 +115,10 @@ void WindowMirror::Widgets::refresh() {
 void WindowMirror::Widgets::dropDestroyed() {
   for (const HWND window : std::exchange(destroyed_, {})) {
     controls_.erase(window);
-    for (auto* widgets : {&pages_})
-      if (const auto page = widgets->find(window); page != widgets->end()) {
-        delete page->second;
-        widgets->erase(page);
-      }
+    if (const auto page = pages_.find(window); page != pages_.end()) {
+      delete page->second;
+      pages_.erase(page);
+    }
     if (const auto dialog = dialogs_.find(window); dialog != dialogs_.end()) {
       delete dialog->second;
       dialogs_.erase(dialog);
@@ -215,14 +214,13 @@ void WindowMirror::Widgets::followControl(HWND control, QWidget* widget) {
 /// in memory has moved: who turns to another program isn't called back.
 void WindowMirror::Widgets::followFocus() {
   const HWND focus = win::focusedControl();
-  const bool moved = focus != std::exchange(focus_, focus) || !focusKnown_;
-  focusKnown_ = true;
+  const bool moved = focus != std::exchange(focus_, focus) || !std::exchange(focusKnown_, true);
   const auto mirror = controls_.find(focus);
   QWidget* target = mirror != controls_.end() ? mirror->second->focusWidget() : widgetOf(focus);
   if (target == nullptr) {
-    const bool inDrawing =
+    const bool leaves =
         focus != nullptr && dynamic_cast<DialogWidget*>(QApplication::activeWindow()) != nullptr;
-    if (moved && inDrawing) frame_->activateWindow();
+    if (moved && leaves) frame_->activateWindow();
     return;
   }
   if (moved && !target->window()->isActiveWindow()) target->window()->activateWindow();

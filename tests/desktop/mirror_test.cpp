@@ -24,6 +24,7 @@
 #include "platform/win/controls/tab_messages.h"
 #include "platform/win/desktop/dialog_listing.h"
 #include "platform/win/desktop/table_input.h"
+#include "platform/win/dialogs/message_box.h"
 #include "tests/desktop/hands/native_input.h"
 #include "tests/win/test_dialog.h"
 
@@ -35,6 +36,20 @@ using win::kShown;
 using win::kTab;
 constexpr int kText = 10, kUpper = 11, kLines = 12, kCheck = 20, kThree = 21, kRadio = 30;
 constexpr int kList = 40, kBox = 41, kRows = 50, kArrows = 60, kTabs = 70, kGrid = 80;
+
+/// Answers a box or menu as soon as it is open.
+template <class Widget>
+void whenOpen(QWidget* (*current)(), const std::function<void(Widget&)>& answer) {
+  auto* timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, current, answer] {
+    auto* widget = qobject_cast<Widget*>(current());
+    if (widget == nullptr || !widget->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    answer(*widget);
+  });
+  timer->start(10);
+}
 
 class MirrorTest : public win::DialogTest {
  protected:
@@ -68,7 +83,9 @@ class MirrorTest : public win::DialogTest {
   }
   template <class Widget = QWidget>
   Widget* widget(int id) {
-    return dynamic_cast<Widget*>(mirror->widgetOf(control(id)));
+    QWidget* found = mirror->widgetOf(control(id));
+    EXPECT_NE(dynamic_cast<Widget*>(found), nullptr);
+    return static_cast<Widget*>(found);
   }
   void click(QWidget* target, QPoint place = {}) {
     ASSERT_NE(target, nullptr);
@@ -254,6 +271,7 @@ TEST_F(MirrorTest, ArrowsCountAndTabsTurn) {
 TEST_F(MirrorTest, CellsAreEditedInTheTable) {
   open({{kGrid, L"fpUSpread80", kTab}});
   const HWND grid = control(kGrid);
+  SetWindowPos(dialog, nullptr, 0, 0, 320, 220, SWP_NOMOVE | SWP_NOZORDER);
   SetWindowPos(grid, nullptr, 0, 0, 280, 160, SWP_NOMOVE | SWP_NOZORDER);
   SSSetMaxCols(grid, 2);
   SSSetData(grid, 1, 1, L"one");
@@ -283,7 +301,7 @@ TEST_F(MirrorTest, CellsAreEditedInTheTable) {
 }
 
 TEST_F(MirrorTest, TheKeysOfTheDialogAreDecidedInMemory) {
-  open({{1, L"STATIC", kShown, L"&Name"},
+  open({{5, L"STATIC", kShown, L"&Name"},
         {kText, L"EDIT", kTab},
         {kUpper, L"EDIT", kTab | WS_DISABLED},
         {IDOK, L"BUTTON", kTab | BS_DEFPUSHBUTTON, L"OK"},
@@ -315,11 +333,9 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   open({{kText, L"EDIT", kTab, L"abc"}, {kCheck, L"BUTTON", kTab, L"Ask"}});
   int answer = 0;
   when("20 BN_CLICKED", [&] {
-    QTimer::singleShot(0, [] {
-      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_NE(box, nullptr);
-      ASSERT_EQ(box->buttons().size(), 3);
-      clickWidget(box->findChild<QPushButton*>("no"));
+    whenOpen<QMessageBox>(QApplication::activeModalWidget, [](QMessageBox& box) {
+      EXPECT_EQ(box.buttons().size(), 3);
+      box.findChild<QPushButton*>("no")->click();
     });
     answer = MessageBoxW(dialog, L"Really?", L"Question", MB_YESNOCANCEL | MB_ICONQUESTION);
   });
@@ -328,11 +344,8 @@ TEST_F(MirrorTest, BoxesAndMenusAreNative) {
   EXPECT_EQ(focusId(), kCheck);
   click(widget(kText));
   press("Ctrl+A");
-  QTimer::singleShot(200, [] {
-    auto* menu = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    QTest::keyClick(menu, Qt::Key_D);  // "Delete"
-  });
+  whenOpen<QMenu>(QApplication::activePopupWidget,
+                  [](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_D); });  // "Delete"
   openNativeMenu(widget(kText));
   see();
   EXPECT_EQ(text(kText), "");
