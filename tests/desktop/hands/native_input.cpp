@@ -59,6 +59,13 @@ void commitText(const QString& text) {
   QApplication::sendEvent(widget, &event);
 }
 
+/// The window system's part of a click: the window comes to the front.
+void activate(QWidget* widget) {
+  if (widget->isActiveWindow() || QApplication::activePopupWidget() != nullptr) return;
+  widget->window()->activateWindow();
+  QCoreApplication::processEvents();
+}
+
 QPoint placeIn(const QWidget* widget, QPoint place) {
   return place.isNull() ? widget->rect().center() : place;
 }
@@ -66,10 +73,12 @@ QPoint placeIn(const QWidget* widget, QPoint place) {
 }  // namespace
 
 void clickWidget(QWidget* widget, QPoint place) {
+  activate(widget);
   QTest::mouseClick(widget, Qt::LeftButton, {}, placeIn(widget, place));
 }
 
 void doubleClickWidget(QWidget* widget, QPoint place) {
+  activate(widget);
   QTest::mouseDClick(widget, Qt::LeftButton, {}, placeIn(widget, place));
 }
 
@@ -78,6 +87,7 @@ void moveOverWidget(QWidget* widget, QPoint place) {
 }
 
 void dragWidget(QWidget* widget, QPoint from, QPoint to) {
+  activate(widget);
   QTest::mousePress(widget, Qt::LeftButton, {}, from);
   QTest::mouseMove(widget, (from + to) / 2);
   QTest::mouseMove(widget, to);
@@ -85,6 +95,7 @@ void dragWidget(QWidget* widget, QPoint from, QPoint to) {
 }
 
 void openNativeMenu(QWidget* widget) {
+  activate(widget);
   const QPoint place = widget->rect().center();
   QTest::mouseClick(widget, Qt::RightButton, {}, place);
   // The window system's part: the press of the right button asks for a menu.
