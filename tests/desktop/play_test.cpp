@@ -51,7 +51,8 @@ class PlayTest : public ProgramTest {
       ASSERT_NE(same, played.files.end()) << name;
       EXPECT_TRUE(same->second == bytes) << name << " differs";
     }
-    EXPECT_EQ(told.files.size(), played.files.size());
+    // The main window keeps its places and what was opened beside the store.
+    EXPECT_EQ(told.files.size(), played.files.size() - played.files.count(".state.desktop.ini"));
   }
 
   std::string report_;
