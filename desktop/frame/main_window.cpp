@@ -184,8 +184,8 @@ void MainWindow::refresh() {
   QStringList open;
   QString title = QStringLiteral("Kovra");
   for (const DrawingInfo& drawing : drawings) {
-    const QString file = QString::fromStdString(std::filesystem::absolute(drawing.file).string());
-    if (!drawing.file.empty()) open.append(file);
+    if (!drawing.file.empty())
+      open.append(QString::fromStdString(std::filesystem::absolute(drawing.file).string()));
     if (drawing.id != editor::currentDrawing()) continue;
     title = toQt(drawing.title) + QStringLiteral("[*] - Kovra");
     setWindowModified(drawing.modified);

@@ -59,15 +59,22 @@ RandomUser::RandomUser(unsigned seed) : random_(seed) {
 void RandomUser::act() {
   QWidget* window = target();
   if (window == nullptr || depth_ > kDeepest) return;
+  // Keys go somewhere only while a window of the program is the active one.
+  if (QApplication::activeWindow() == nullptr || QApplication::focusWidget() == nullptr) {
+    window->activateWindow();
+    window->setFocus();
+  }
+  hasKeyboard_ =
+      QGuiApplication::focusWindow() != nullptr || QApplication::focusWidget() != nullptr;
   ++depth_;
-  if (waitsInItsOwnLoop() && (depth_ > 2 || chance(3))) {
+  if (hasKeyboard_ && waitsInItsOwnLoop() && (depth_ > 2 || chance(3))) {
     last_ = "Esc in " + window->objectName().toStdString();
     QTest::keyClick(static_cast<QWidget*>(nullptr), Qt::Key_Escape);
   } else if (chance(25)) {
     changeWindow(*window);
-  } else if (chance(12)) {
+  } else if (hasKeyboard_ && chance(12)) {
     typeWords();
-  } else if (chance(3)) {
+  } else if (hasKeyboard_ && chance(3)) {
     useKeys(*window);
   } else if (QWidget* widget = widgetIn(*window)) {
     useMouse(*widget);
@@ -129,7 +136,6 @@ void RandomUser::useKeys(QWidget& window) {
   held.setFlag(Qt::ControlModifier, chance(8));
   held.setFlag(Qt::AltModifier, chance(10));
   last_ = "key " + std::to_string(key) + " in " + window.objectName().toStdString();
-  if (chance(2)) window.activateWindow();
   QTest::keyClick(static_cast<QWidget*>(nullptr), key, held);
 }
 

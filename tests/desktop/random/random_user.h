@@ -34,6 +34,7 @@ class RandomUser {
   std::mt19937 random_;
   QTimer ownLoops_;
   int depth_ = 0;
+  bool hasKeyboard_ = false;
   std::string last_;
 };
 
