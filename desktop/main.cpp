@@ -1,52 +1,36 @@
+#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <cstdio>
 
-#include "desktop/frame/main_window.h"
-#include "desktop/loop/input_queue.h"
-#include "launch/program_files.h"
-#include "launch/text_module.h"
-#include "platform/arx/editor/host_api.h"
-#include "platform/win/base/run_settings.h"
+#include "desktop/frame/run_window.h"
+#include "launch/version.h"
 
 namespace {
 
 using namespace kovra;
 
+constexpr int kFileStatus = 3;
+
 int fail(const std::string& message) {
   std::fprintf(stderr, "kovra-desktop: %s\n", message.c_str());
-  return 3;
-}
-
-int run(int argc, char** argv) {
-  const auto file = launch::findProgramFile("kovra_text.so");
-  if (!file) return fail(file.error().message);
-  win::runSettings().resourceFolder = file.value().parent_path();
-  win::runSettings().language = win::localeLanguage();
-  launch::TextModule module(file.value());
-  if (const auto loaded = module.load(); !loaded) return fail(loaded.error().message);
-  {
-    desktop::MainWindow window;
-    for (int i = 1; i < argc; ++i) {
-      if (const auto opened = arx::host::openDrawing(argv[i]); !opened) {
-        return fail(opened.error().message);
-      }
-    }
-    if (argc == 1) {
-      if (const auto created = arx::host::newDrawing(); !created)
-        return fail(created.error().message);
-    }
-    window.resize(1280, 800);
-    window.show();
-    arx::host::setEnterRepeats(true);
-    arx::host::runIdle();
-  }
-  if (const auto unloaded = module.unload(); !unloaded) return fail(unloaded.error().message);
-  return 0;
+  return kFileStatus;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  return run(argc, argv);
+  launch::ProgramOptions options;
+  CLI::App usage("The text tools on drawings in a window.", "kovra-desktop");
+  usage.set_version_flag("--version", std::string("kovra-desktop ") + launch::versionText());
+  launch::addProgramOptions(usage, options);
+  if (const auto status = launch::parseArguments(usage, argc, argv)) return *status;
+  if (const auto places = launch::checkPlaces(options); !places)
+    return fail(places.error().message);
+  int qtArguments = 1;
+  QApplication application(qtArguments, argv);
+  QApplication::setApplicationName(QStringLiteral("kovra-desktop"));
+  QApplication::setDesktopFileName(QStringLiteral("kovra-desktop"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  const auto run = desktop::runWindow(options);
+  return run ? 0 : fail(run.error().message);
 }

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the manual pages from the program's own help: make_manual.sh PROGRAM FLEET-PROGRAM FOLDER
+# Makes the manual pages from the programs' own help: make_manual.sh PROGRAM FLEET-PROGRAM FOLDER
+# That of kovra-desktop comes along when it lies beside the program.
 set -euo pipefail
 program=$(realpath "$1")
 fleet=$(realpath "$2")
@@ -28,3 +29,6 @@ trap 'rm -f "$folder/kovra-fleet"' EXIT
 printf '#!/bin/sh\n"%s" "$@" | sed "s/^usage:/Usage:/; s/^options:/Options:/"\n' "$fleet" >"$folder/kovra-fleet"
 chmod +x "$folder/kovra-fleet"
 page kovra-fleet --name="run kovra each over many machines" "$folder/kovra-fleet"
+if [ -x ./kovra-desktop ]; then
+  page kovra-desktop --include="$here/kovra-desktop.h2m" ./kovra-desktop
+fi

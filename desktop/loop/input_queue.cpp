@@ -26,6 +26,12 @@ void InputQueue::end() {
   acts_.clear();
 }
 
+void InputQueue::refresh() {
+  for (const auto& refresh : refreshers_) refresh();
+  // No event loop of Qt runs below, so nothing else would delete what asked for it.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 bool InputQueue::dispatchOne() {
   if (ended_) return false;
   if (!acts_.empty()) {
@@ -34,9 +40,7 @@ bool InputQueue::dispatchOne() {
     act();
     return true;
   }
-  for (const auto& refresh : refreshers_) refresh();
-  // No event loop of Qt runs below, so nothing else would delete what asked for it.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  refresh();
   QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   return true;
 }

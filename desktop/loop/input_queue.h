@@ -25,6 +25,8 @@ class InputQueue : public win::PumpSource {
   /// Done each time before native events are waited for, with everything at rest: what shows the
   /// windows in memory brings itself up to date here. In the order in which they were added.
   void beforeWaiting(std::function<void()> refresh);
+  /// Does that now.
+  void refresh();
   /// From now on there is no more input: every place that waits counts as cancelled and unwinds, as
   /// at the end of a script.
   void end();

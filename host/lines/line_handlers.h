@@ -5,11 +5,11 @@
 #include <span>
 #include <string_view>
 
+#include "host/lines/user_hands.h"
 #include "host/program/options.h"
 #include "host/program/script_text.h"
 #include "platform/dxf/result.h"
 #include "platform/win/base/windows_types.h"
-#include "platform/win/desktop/user_input.h"
 
 namespace kovra::launch {
 class TextModule;
@@ -30,6 +30,7 @@ struct Repetition {
 struct LineContext {
   const RunOptions& options;
   launch::TextModule& module;
+  UserHands& hands;                ///< by which lines act
   std::ostream& out;               ///< for what is printed also with --quiet
   unsigned usedTemplate = 0;       ///< the dialog that lines mean, by its template; 0: the topmost
   TerminalGuide* guide = nullptr;  ///< of the person at the terminal; null in scripts

@@ -24,6 +24,7 @@ LineRunner::~LineRunner() {
 }
 
 bool LineRunner::dispatchOne() {
+  if (context_.hands.goOn()) return true;
   if (carryOn()) return true;
   settle();
   if (stopped_ || ended_) return cancelWhatWaits();
@@ -53,7 +54,7 @@ void LineRunner::carryOut(std::wstring_view text) {
   if (text.starts_with(L'@')) return carryOutAt(text.substr(1));
   if (context_.guide != nullptr && context_.guide->takes(text)) return;
   if (text.empty() && arx::host::currentDrawing() == 0) return;
-  const Result<void> typed = arx::host::typeText(std::wstring(text) + L'\n');
+  const Result<void> typed = context_.hands.typeText(std::wstring(text) + L'\n');
   if (typed) return;
   failure_ = Failure{typed.error()};
   const bool helpless = context_.guide != nullptr && arx::host::topWait().modalOnTop;
@@ -154,11 +155,10 @@ bool LineRunner::cancelWhatWaits() {
 void LineRunner::finish() {
   settle();
   if (stopped_) return;
-  win::Interaction& interaction = win::interaction();
-  if (interaction.queuedAnswers() > 0) {
+  if (context_.hands.answersLeft() > 0) {
     errors_.report(kExitRefused, {}, "answers to message boxes are left over at the end");
   }
-  if (interaction.queuedFiles() > 0) {
+  if (context_.hands.filesLeft() > 0) {
     errors_.report(kExitRefused, {}, "answers to file choices are left over at the end");
   }
 }

@@ -9,26 +9,26 @@
 namespace kovra::host {
 namespace {
 
-Result<void> answerLine(LineContext&, Arguments& arguments) {
+Result<void> answerLine(LineContext& context, Arguments& arguments) {
   const Result<std::wstring> name = arguments.word("an answer");
   if (!name) return name.error();
   if (const Result<void> end = arguments.end(); !end) return end;
   const std::string answer = win::toUtf8(win::lowerCase(name.value()));
   const int button = win::answerButton(answer);
   if (button == 0) return Error{ErrorKind::kInvalidInput, "'" + answer + "' is no answer"};
-  win::interaction().queueAnswer(button);
+  context.hands.layAnswer(button);
   return {};
 }
 
 // Relative names start from the project's folder, without a project from the current one.
-Result<void> filesLine(LineContext&, Arguments& arguments) {
+Result<void> filesLine(LineContext& context, Arguments& arguments) {
   const Result<std::vector<std::wstring>> names = arguments.words();
   if (!names) return names.error();
   const std::filesystem::path& project = win::runSettings().projectFolder;
   const auto base = project.empty() ? std::filesystem::current_path() : project;
   std::vector<std::filesystem::path> files;
   for (const std::wstring& name : names.value()) files.push_back(base / win::toUtf8(name));
-  win::interaction().queueFiles(std::move(files));
+  context.hands.layFiles(std::move(files));
   return {};
 }
 

@@ -25,7 +25,7 @@ Result<void> clickLine(LineContext& context, Arguments& arguments) {
   const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return done(win::clickControl(window.value()));
+  return done(context.hands.clickControl(window.value()));
 }
 
 Result<void> typeLine(LineContext& context, Arguments& arguments) {
@@ -33,7 +33,7 @@ Result<void> typeLine(LineContext& context, Arguments& arguments) {
   if (!window) return window.error();
   const Result<std::wstring> text = arguments.text("a text (\"\" for none)");
   if (!text) return text.error();
-  return done(win::typeOver(window.value(), text.value()));
+  return done(context.hands.typeOver(window.value(), text.value()));
 }
 
 Result<void> caretLine(LineContext& context, Arguments& arguments) {
@@ -44,7 +44,7 @@ Result<void> caretLine(LineContext& context, Arguments& arguments) {
   const Result<int> to = arguments.atEnd() ? from : arguments.integer("the selection's end");
   if (!to) return to.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return done(win::placeCaret(window.value(), from.value(), to.value()));
+  return done(context.hands.placeCaret(window.value(), from.value(), to.value()));
 }
 
 Result<void> chooseLine(LineContext& context, Arguments& arguments) {
@@ -53,11 +53,11 @@ Result<void> chooseLine(LineContext& context, Arguments& arguments) {
   const bool byIndex = arguments.startsWith(L'#');
   const Result<std::wstring> item = arguments.text("an item");
   if (!item) return item.error();
-  if (!byIndex) return done(win::chooseItem(window.value(), item.value()));
+  if (!byIndex) return done(context.hands.chooseItem(window.value(), item.value()));
   Arguments number(std::wstring_view(item.value()).substr(1));
   const Result<int> index = number.integer("an item's index");
   if (!index) return index.error();
-  return done(win::chooseIndex(window.value(), index.value()));
+  return done(context.hands.chooseIndex(window.value(), index.value()));
 }
 
 Result<bool> onOrOff(Arguments& arguments) {
@@ -72,18 +72,18 @@ void printCheck(const std::string& what, bool on) {
   win::interaction().print(what + (on ? " on\n" : " off\n"));
 }
 
-Result<void> checkControl(HWND window, bool wanted) {
+Result<void> checkControl(const LineContext& context, HWND window, bool wanted) {
   const win::ControlListing before = win::listControl(window);
   if (!before.check) return refused("control " + std::to_string(before.id) + " can't be checked");
   if ((*before.check == 1) != wanted) {
-    const win::InputResult clicked = win::clickControl(window);
+    const win::InputResult clicked = context.hands.clickControl(window);
     if (!clicked) return done(clicked);
   }
   printCheck(std::to_string(before.id), win::listControl(window).check == 1);
   return {};
 }
 
-Result<void> checkItem(HWND window, int index, bool wanted) {
+Result<void> checkItem(const LineContext& context, HWND window, int index, bool wanted) {
   const auto row = static_cast<std::size_t>(index);
   const auto isOn = [=](const win::ControlListing& listing) {
     return index >= 0 && row < listing.checks.size() && listing.checks[row] == 1;
@@ -91,7 +91,7 @@ Result<void> checkItem(HWND window, int index, bool wanted) {
   const win::ControlListing before = win::listControl(window);
   const bool known = index >= 0 && row < before.checks.size();
   if (!known || isOn(before) != wanted) {
-    const win::InputResult clicked = win::clickItemCheck(window, index);
+    const win::InputResult clicked = context.hands.clickItemCheck(window, index);
     if (!clicked) return done(clicked);
   }
   printCheck(std::to_string(before.id) + ' ' + std::to_string(index),
@@ -110,8 +110,8 @@ Result<void> checkLine(LineContext& context, Arguments& arguments) {
   const Result<bool> wanted = onOrOff(arguments);
   if (!wanted) return wanted.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return ofRow ? checkItem(window.value(), row.value(), wanted.value())
-               : checkControl(window.value(), wanted.value());
+  return ofRow ? checkItem(context, window.value(), row.value(), wanted.value())
+               : checkControl(context, window.value(), wanted.value());
 }
 
 /// One press here, the others after it, as fast as a person who waits for what each does.
@@ -126,8 +126,8 @@ Result<void> spinLine(LineContext& context, Arguments& arguments) {
     return refused("@spin presses once at least, and " + std::to_string(kMostPresses) +
                    " times at most");
   }
-  const auto press = [arrows = window.value(), up = presses.value() > 0] {
-    return done(win::pressArrow(arrows, up));
+  const auto press = [&context, arrows = window.value(), up = presses.value() > 0] {
+    return done(context.hands.pressArrow(arrows, up));
   };
   context.rest = {std::abs(presses.value()) - 1, press};
   return press();
@@ -137,7 +137,7 @@ Result<void> focusLine(LineContext& context, Arguments& arguments) {
   const Result<HWND> window = namedControl(context, arguments);
   if (!window) return window.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return done(win::focusControl(window.value()));
+  return done(context.hands.focusControl(window.value()));
 }
 
 Result<void> keyLine(LineContext& context, Arguments& arguments) {
@@ -148,7 +148,7 @@ Result<void> keyLine(LineContext& context, Arguments& arguments) {
   if (const Result<void> end = arguments.end(); !end) return end;
   const std::optional<win::Keystroke> key = win::keyNamed(win::toUtf8(name.value()));
   if (!key) return refused("'" + win::toUtf8(name.value()) + "' is no key");
-  return done(win::pressKey(window.value(), *key));
+  return done(context.hands.pressKey(window.value(), *key));
 }
 
 Result<void> placeLine(LineContext& context, Arguments& arguments) {
@@ -157,7 +157,7 @@ Result<void> placeLine(LineContext& context, Arguments& arguments) {
   Arguments ahead = arguments;
   const Result<std::vector<std::wstring>> words = ahead.words();
   if (words && words.value() == std::vector<std::wstring>{L"min"}) {
-    return done(win::minimizeDialog(dialog.value()));
+    return done(context.hands.minimizeDialog(dialog.value()));
   }
   std::vector<int> numbers;
   while (!arguments.atEnd()) {
@@ -166,15 +166,15 @@ Result<void> placeLine(LineContext& context, Arguments& arguments) {
     numbers.push_back(number.value());
   }
   if (numbers.size() != 2 && numbers.size() != 4) return refused("@place takes X Y [W H] or min");
-  const win::InputResult moved = win::moveDialog(dialog.value(), numbers[0], numbers[1]);
+  const win::InputResult moved = context.hands.moveDialog(dialog.value(), numbers[0], numbers[1]);
   if (!moved || numbers.size() == 2) return done(moved);
-  return done(win::sizeDialog(dialog.value(), numbers[2], numbers[3]));
+  return done(context.hands.sizeDialog(dialog.value(), numbers[2], numbers[3]));
 }
 
 Result<void> closeLine(LineContext& context, Arguments& arguments) {
   if (const Result<void> end = arguments.end(); !end) return end;
   const Result<HWND> dialog = openDialog(context);
-  return dialog ? done(win::pressCloseBox(dialog.value())) : dialog.error();
+  return dialog ? done(context.hands.pressCloseBox(dialog.value())) : dialog.error();
 }
 
 Result<void> useLine(LineContext& context, Arguments& arguments) {

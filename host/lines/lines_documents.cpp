@@ -1,9 +1,9 @@
 // Lines about drawings, projects and the module.
 #include <filesystem>
 
-#include "launch/text_module.h"
 #include "host/lines/line_handlers.h"
 #include "host/texts/row_writer.h"
+#include "launch/text_module.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/documents/sysvars.h"

@@ -20,29 +20,30 @@ bool controlHasKeys() {
   return focused != nullptr && focused != win::drawingWindow() && focused != win::frameWindow();
 }
 
-Result<void> pressKey(Arguments& arguments, const char* key, const wchar_t* character) {
+Result<void> pressKey(const LineContext& context, Arguments& arguments, const char* key,
+                      const wchar_t* character) {
   if (const Result<void> end = arguments.end(); !end) return end;
-  if (!modalDialogHasKeys()) return arx::host::typeText(character);
+  if (!modalDialogHasKeys()) return context.hands.typeText(character);
   const HWND dialog = win::topDialog();
   if (dialog == nullptr) return Error{ErrorKind::kInvalidInput, "no dialog is open"};
-  return done(win::pressKeyInDialog(dialog, *win::keyNamed(key)));
+  return done(context.hands.pressKeyInDialog(dialog, *win::keyNamed(key)));
 }
 
-Result<void> enterLine(LineContext&, Arguments& arguments) {
-  return pressKey(arguments, "Enter", L"\n");
+Result<void> enterLine(LineContext& context, Arguments& arguments) {
+  return pressKey(context, arguments, "Enter", L"\n");
 }
 
-Result<void> escapeLine(LineContext&, Arguments& arguments) {
-  return pressKey(arguments, "Esc", L"\x03");
+Result<void> escapeLine(LineContext& context, Arguments& arguments) {
+  return pressKey(context, arguments, "Esc", L"\x03");
 }
 
-Result<void> keysLine(LineContext&, Arguments& arguments) {
+Result<void> keysLine(LineContext& context, Arguments& arguments) {
   const Result<std::wstring> text = arguments.text("a text");
   if (!text) return text.error();
   if (modalDialogHasKeys() || controlHasKeys()) {
-    return done(win::typeCharacters(text.value()));
+    return done(context.hands.typeCharacters(text.value()));
   }
-  return arx::host::typeText(text.value());
+  return context.hands.typeText(text.value());
 }
 
 constexpr LineHandler kLines[] = {

@@ -1,6 +1,6 @@
 // Lines for pictures of what the screen shows.
-#include "host/libraries/picture_library.h"
 #include "host/lines/line_handlers.h"
+#include "launch/picture_library.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
@@ -18,9 +18,9 @@ Result<void> pictureLine(LineContext&, Arguments& arguments) {
   }
   if (const Result<void> end = arguments.end(); !end) return end;
   const std::filesystem::path file = win::toUtf8(name.value());
-  const Result<PictureForm> form = pictureForm(file);
+  const Result<launch::PictureForm> form = launch::pictureForm(file);
   if (!form) return form.error();
-  const Result<PictureLibrary> library = loadPictureLibrary();
+  const Result<launch::PictureLibrary> library = launch::loadPictureLibrary();
   if (!library) return library.error();
   const auto draw = alone ? library.value().dialog : library.value().screen;
   return draw(file, form.value());

@@ -11,18 +11,18 @@ editor::PickPoint toPoint(const std::vector<double>& numbers) {
   return {numbers[0], numbers[1], numbers.size() > 2 ? numbers[2] : 0};
 }
 
-Result<void> pointLine(LineContext&, Arguments& arguments) {
+Result<void> pointLine(LineContext& context, Arguments& arguments) {
   const Result<std::vector<double>> numbers = arguments.coordinates(2, 3);
   if (!numbers) return numbers.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return editor::clickPoint(toPoint(numbers.value()));
+  return context.hands.clickPoint(toPoint(numbers.value()));
 }
 
-Result<void> moveLine(LineContext&, Arguments& arguments) {
+Result<void> moveLine(LineContext& context, Arguments& arguments) {
   const Result<std::vector<double>> numbers = arguments.coordinates(2, 2);
   if (!numbers) return numbers.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return editor::moveCursor(toPoint(numbers.value()));
+  return context.hands.moveCursor(toPoint(numbers.value()));
 }
 
 // A place has a comma, a handle has none.
@@ -36,7 +36,7 @@ Result<void> pickLine(LineContext& context, Arguments& arguments) {
   const Result<std::uint64_t> handle = arguments.handle();
   if (!handle) return handle.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return editor::pickEntity(handle.value());
+  return context.hands.pickEntity(handle.value());
 }
 
 Result<editor::SelectionInput> boxArguments(Arguments& arguments) {
@@ -68,21 +68,21 @@ Result<editor::SelectionInput> selectionArguments(Arguments& arguments) {
   return input;
 }
 
-using Selecting = Result<void> (*)(const editor::SelectionInput&);
+using Selecting = Result<void> (UserHands::*)(const editor::SelectionInput&);
 
-Result<void> selectWith(Selecting select, Arguments& arguments) {
+Result<void> selectWith(const LineContext& context, Selecting select, Arguments& arguments) {
   const Result<editor::SelectionInput> input = selectionArguments(arguments);
   if (!input) return input.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return select(input.value());
+  return (context.hands.*select)(input.value());
 }
 
-Result<void> selectLine(LineContext&, Arguments& arguments) {
-  return selectWith(editor::select, arguments);
+Result<void> selectLine(LineContext& context, Arguments& arguments) {
+  return selectWith(context, &UserHands::select, arguments);
 }
 
-Result<void> preselectLine(LineContext&, Arguments& arguments) {
-  return selectWith(editor::preselect, arguments);
+Result<void> preselectLine(LineContext& context, Arguments& arguments) {
+  return selectWith(context, &UserHands::preselect, arguments);
 }
 
 constexpr LineHandler kLines[] = {

@@ -20,7 +20,7 @@ Result<void> cellLine(LineContext& context, Arguments& arguments) {
   if (!cell) return cell.error();
   const Result<std::wstring> text = arguments.text("a text (\"\" for none)");
   if (!text) return text.error();
-  return done(win::editCell(window.value(), cell.value(), text.value()));
+  return done(context.hands.editCell(window.value(), cell.value(), text.value()));
 }
 
 Result<void> cellsLine(LineContext& context, Arguments& arguments) {
@@ -31,7 +31,7 @@ Result<void> cellsLine(LineContext& context, Arguments& arguments) {
   const Result<win::TableState::Cell> last = cellArgument(arguments);
   if (!last) return last.error();
   if (const Result<void> end = arguments.end(); !end) return end;
-  return done(win::selectCells(window.value(), first.value(), last.value()));
+  return done(context.hands.selectCells(window.value(), first.value(), last.value()));
 }
 
 Result<void> menuLine(LineContext& context, Arguments& arguments) {
@@ -39,7 +39,7 @@ Result<void> menuLine(LineContext& context, Arguments& arguments) {
   if (!window) return window.error();
   const Result<std::wstring> item = arguments.text("an item of the menu");
   if (!item) return item.error();
-  return done(win::chooseFromMenu(window.value(), item.value()));
+  return done(context.hands.chooseFromMenu(window.value(), item.value()));
 }
 
 constexpr LineHandler kLines[] = {

@@ -6,12 +6,15 @@
 #include <string>
 #include <string_view>
 
-#include "host/libraries/picture_library.h"
 #include "host/picture/glyphs.h"
 #include "host/picture/path.h"
+#include "launch/picture_library.h"
 #include "platform/dxf/result.h"
 
 namespace kovra::host {
+
+using launch::Ground;
+using launch::PictureForm;
 
 /// What pictures are drawn on. Later things cover earlier ones.
 class Canvas {

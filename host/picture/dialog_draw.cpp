@@ -5,13 +5,13 @@
 #include <map>
 
 #include "host/picture/dialog_parts.h"
-#include "host/picture/icon_pixels.h"
 #include "platform/win/controls/button_control.h"
 #include "platform/win/controls/combo_control.h"
 #include "platform/win/controls/edit_control.h"
 #include "platform/win/controls/static_control.h"
 #include "platform/win/controls/up_down_control.h"
 #include "platform/win/dialogs/dialogs.h"
+#include "platform/win/resources/icon_pixels.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::host {
@@ -93,16 +93,16 @@ void DialogDraw::text(std::wstring_view given, const Bounds& room, Align align, 
 }
 
 void DialogDraw::icon(HICON handle, double left, double top, bool enabled) {
-  const IconPixels image = iconPixels(handle);
+  const win::IconPixels image = win::iconPixels(handle);
   // The pixels of one color are one shape, a box for each run of them.
   std::map<std::uint32_t, std::pair<Rgb, Path>> shapes;
   for (int row = 0; row < image.height; ++row)
     for (int column = 0; column < image.width;) {
-      const IconPixel& pixel = image.at(column, row);
+      const win::IconPixel& pixel = image.at(column, row);
       int end = column + 1;
       while (end < image.width && image.at(end, row) == pixel) ++end;
       const double strength = pixel.opacity / 255.0 * (enabled ? 1 : 0.4);
-      const Rgb color = blended(pixel.color, kButton, strength);
+      const Rgb color = blended({pixel.red, pixel.green, pixel.blue}, kButton, strength);
       auto& [seen, shape] =
           shapes[(std::uint32_t{color.red} << 16) | (std::uint32_t{color.green} << 8) | color.blue];
       seen = color;
@@ -154,7 +154,7 @@ void DialogDraw::pushButton(const Control& control) {
   button(control.box, control.listing.enabled, false, defaulted && control.listing.enabled);
   const auto* state = win::stateOf<win::ButtonState>(control.listing.window);
   if (state != nullptr && state->icon != nullptr) {
-    const IconPixels image = iconPixels(state->icon);
+    const win::IconPixels image = win::iconPixels(state->icon);
     return icon(state->icon, (control.box.left + control.box.right - image.width) / 2,
                 (control.box.top + control.box.bottom - image.height) / 2, control.listing.enabled);
   }

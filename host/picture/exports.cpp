@@ -1,7 +1,8 @@
 #include "host/picture/pictures.h"
 
-const kovra::host::PictureLibrary* kovraPictureLibrary() {
+const kovra::launch::PictureLibrary* kovraPictureLibrary() {
+  using namespace kovra;
   using namespace kovra::host;
-  static constexpr PictureLibrary kLibrary{plotPicture, pictureScreen, pictureDialog};
+  static constexpr launch::PictureLibrary kLibrary{plotPicture, pictureScreen, pictureDialog};
   return &kLibrary;
 }

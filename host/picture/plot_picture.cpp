@@ -27,7 +27,7 @@ Page wholePage(const AcDbDatabase& database, dxf::BlockNumber space, int size) {
 
 }  // namespace
 
-Result<PictureGaps> plotPicture(const std::filesystem::path& drawing, const PlotOptions& options,
+Result<PictureGaps> plotPicture(const std::filesystem::path& drawing, const PictureOptions& options,
                                 const std::filesystem::path& picture, PictureForm form) {
   AcDbDatabase database(false);
   if (const Result<void> opened = database.open(drawing.string()); !opened) return opened.error();

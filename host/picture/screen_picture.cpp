@@ -29,8 +29,8 @@ void drawDrawing(Canvas& canvas, Glyphs& glyphs, AcApDocument& document, const B
   page.scale = 1 / unit;
   page.width = static_cast<int>(place.right);
   page.height = static_cast<int>(place.bottom);
-  const double left = view.center.x - arx::kWindowWidth * unit / 2;
-  const double bottom = view.center.y - arx::kWindowHeight * unit / 2;
+  const double left = view.center.x - arx::windowSize().width * unit / 2;
+  const double bottom = view.center.y - arx::windowSize().height * unit / 2;
   page.low = {left - place.left * unit, bottom, 0};
   PictureDraw draw(canvas, glyphs, page, Ground::kDark);
   canvas.beginClip(place);

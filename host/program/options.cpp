@@ -6,7 +6,7 @@
 #include <map>
 
 #include "host/program/script_text.h"
-#include "host/program/version.h"
+#include "launch/version.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
@@ -18,16 +18,6 @@ constexpr const char* kFooter =
 // Settings of any run: with a subcommand they may stand before it or behind it.
 constexpr const char* kSettings[] = {"--project", "--state", "--registry", "--language", "--quiet"};
 
-// CLI11's own statuses are more than the three of this program.
-int reportParseError(const CLI::App& app, const CLI::ParseError& error) {
-  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-    app.exit(error, std::cout, std::cerr);
-    return kExitDone;
-  }
-  std::cerr << "kovra: " << error.what() << "\nTry 'kovra --help'.\n";
-  return kExitUsage;
-}
-
 void addLineOptions(CLI::App& app, RunOptions& run) {
   app.add_option("-s,--script", run.script, "Input, line by line; - is standard input")
       ->option_text("FILE");
@@ -37,29 +27,18 @@ void addLineOptions(CLI::App& app, RunOptions& run) {
       ->option_text("LINE");
 }
 
-void addSafetyOptions(CLI::App& app, RunOptions& run) {
-  app.add_flag_callback(
-      "--no-backup", [&run] { run.backup = false; }, "Without NAME.bak");
+void addKeepGoing(CLI::App& app, RunOptions& run) {
   app.add_flag("--keep-going", run.keepGoing, "Go on after a line that could not be carried out");
 }
 
 void addRunOptions(CLI::App& app, RunOptions& run) {
-  app.add_option("DRAWING", run.drawings, "Drawings to open; none: a new empty drawing")
-      ->option_text("...");
-  app.add_option("-p,--project", run.project, "The current project (default: none)")
-      ->option_text("DIR");
+  launch::addProgramOptions(app, run);
   addLineOptions(app, run);
   app.add_option("-o,--output", run.output,
                  "Save the current drawing there at the end; not one that was opened")
       ->option_text("FILE");
   app.add_flag("--save", run.saveAll, "Save every changed drawing in its own place at the end");
-  addSafetyOptions(app, run);
-  app.add_option("--state", run.stateStore, "The user's dialog store (default: per user)")
-      ->option_text("FILE");
-  app.add_option("--registry", run.registry, "Stands for HKEY_LOCAL_MACHINE")->option_text("FILE");
-  app.add_option("--language", run.language, "Strings and dialogs (default: the locale)")
-      ->check(CLI::IsMember({"ja", "en"}))
-      ->option_text("ja|en");
+  addKeepGoing(app, run);
   app.add_flag("--quiet", run.quiet, "No transcript; @list, @dialog and @show still print");
 }
 
@@ -117,8 +96,8 @@ std::string readWindow(const std::string& text, PlotOptions& plot) {
 }
 
 CLI::App* addPlot(CLI::App& app, PlotOptions& plot) {
-  const std::map<std::string, Ground> grounds = {{"white", Ground::kWhite},
-                                                 {"dark", Ground::kDark}};
+  const std::map<std::string, launch::Ground> grounds = {{"white", launch::Ground::kWhite},
+                                                         {"dark", launch::Ground::kDark}};
   CLI::App* command = app.add_subcommand("plot", "Draw a drawing into a picture");
   addDrawings(*command, plot.drawings, plot.jobs);
   command
@@ -172,7 +151,8 @@ CLI::App* addEach(CLI::App& app, EachOptions& each) {
   command->add_option("--list", each.listFile, "More of them, one a line; - is standard input")
       ->option_text("FILE");
   addLineOptions(*command, each.run);
-  addSafetyOptions(*command, each.run);
+  launch::addBackupOption(*command, each.run);
+  addKeepGoing(*command, each.run);
   addJobs(*command, each.jobs);
   command
       ->add_option("--output-dir", each.outputFolder,
@@ -249,7 +229,7 @@ std::string findMisuse(const CLI::App& app, CommandLine& line) {
 CommandLine parseCommandLine(int argc, const char* const* argv) {
   CommandLine line;
   CLI::App app("Runs the text tools on drawings, from a script or a terminal.", "kovra");
-  app.set_version_flag("--version", std::string("kovra ") + versionText());
+  app.set_version_flag("--version", std::string("kovra ") + launch::versionText());
   app.footer(kFooter);
   app.require_subcommand(0, 1);
   app.fallthrough();  // settings of a run also behind a subcommand
@@ -259,12 +239,8 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
   const CLI::App* plot = addPlot(app, line.plot);
   const CLI::App* diff = addDiff(app, line.diff);
   const CLI::App* each = addEach(app, line.each);
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    line.exitStatus = reportParseError(app, error);
-    return line;
-  }
+  line.exitStatus = launch::parseArguments(app, argc, argv);
+  if (line.exitStatus) return line;
   line.mode = list->parsed()    ? Mode::kList
               : check->parsed() ? Mode::kCheck
               : plot->parsed()  ? Mode::kPlot
@@ -272,8 +248,7 @@ CommandLine parseCommandLine(int argc, const char* const* argv) {
               : each->parsed()  ? Mode::kEach
                                 : Mode::kRun;
   if (const std::string misuse = findMisuse(app, line); !misuse.empty()) {
-    std::cerr << "kovra: " << misuse << "\nTry 'kovra --help'.\n";
-    line.exitStatus = kExitUsage;
+    line.exitStatus = launch::reportMisuse(app, misuse);
   }
   return line;
 }

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/arx/geometry/geometry.h"
+#include "launch/picture_library.h"
+#include "launch/program_options.h"
 
 namespace kovra::host {
 
@@ -20,17 +21,11 @@ enum ExitStatus {
 enum class ListFormat { kTable, kCsv, kJson };
 
 /// Options of `kovra [options] [DRAWING...]`.
-struct RunOptions {
-  std::vector<std::filesystem::path> drawings;
-  std::filesystem::path project;      ///< empty: none
+struct RunOptions : launch::ProgramOptions {
   std::string script;                 ///< empty: none, "-": standard input
   std::vector<std::string> commands;  ///< input lines that run before the script
   std::filesystem::path output;       ///< empty: none
-  std::filesystem::path stateStore;   ///< empty: the user's own
-  std::filesystem::path registry;     ///< empty: an empty registry
-  std::string language;               ///< "ja" or "en"; empty: the locale's
   bool saveAll = false;
-  bool backup = true;
   bool keepGoing = false;
   bool quiet = false;
 };
@@ -79,22 +74,12 @@ struct DiffOptions {
   DiffFormat format = DiffFormat::kText;
 };
 
-/// Colors that a picture is drawn on.
-enum class Ground { kWhite, kDark };
-
 /// Options of `kovra plot`.
-struct PlotOptions {
-  struct Window {
-    AcGePoint3d low;
-    AcGePoint3d high;
-  };
+struct PlotOptions : launch::PictureOptions {
   std::vector<std::string> drawings;  ///< drawings, folders, patterns
   std::filesystem::path output;       ///< a picture, or the folder of several
   std::string extension = ".svg";     ///< of pictures in a folder
   unsigned jobs = 0;                  ///< drawings at once; 0: as many as there are processors
-  std::optional<Window> window;       ///< in drawing units; none: all that is drawn
-  Ground ground = Ground::kWhite;
-  int size = 1600;  ///< pixels of the longer side
 };
 
 enum class Mode { kRun, kList, kCheck, kPlot, kDiff, kEach };

@@ -5,8 +5,8 @@
 #include "host/batch/batch_progress.h"
 #include "host/batch/batch_report.h"
 #include "host/program/program_errors.h"
-#include "launch/program_files.h"
 #include "host/subcommands/run_command.h"
+#include "launch/program_files.h"
 
 namespace kovra::host {
 namespace {

@@ -3,16 +3,16 @@
 #include <iostream>
 
 #include "host/batch/drawing_list.h"
-#include "host/libraries/picture_library.h"
 #include "host/program/program_errors.h"
-#include "launch/program_files.h"
 #include "host/subcommands/each_in_order.h"
+#include "launch/picture_library.h"
+#include "launch/program_files.h"
 
 namespace kovra::host {
 namespace {
 
 /// @param name in front of each line; empty for a single drawing
-void report(const PictureGaps& gaps, const std::string& name) {
+void report(const launch::PictureGaps& gaps, const std::string& name) {
   const std::string begin = name.empty() ? name : name + ": ";
   std::string separator = begin + "not drawn: ";
   for (const auto& [kind, count] : gaps.plot.missing) {
@@ -28,8 +28,8 @@ void report(const PictureGaps& gaps, const std::string& name) {
 int plot(const PlotOptions& options, const BatchDrawing& drawing,
          const std::filesystem::path& picture, const std::string& name) {
   ProgramErrors errors;
-  const Result<PictureForm> form = pictureForm(picture);
-  const Result<PictureLibrary> library = loadPictureLibrary();
+  const Result<launch::PictureForm> form = launch::pictureForm(picture);
+  const Result<launch::PictureLibrary> library = launch::loadPictureLibrary();
   if (!form) {
     errors.report(kExitUsage, {}, form.error().message);
   } else if (launch::isSameFile(picture, drawing.file())) {
@@ -37,7 +37,7 @@ int plot(const PlotOptions& options, const BatchDrawing& drawing,
   } else if (!library) {
     errors.report(kExitFile, {}, library.error().message);
   } else {
-    const Result<PictureGaps> gaps =
+    const Result<launch::PictureGaps> gaps =
         library.value().plot(drawing.file(), options, picture, form.value());
     if (gaps) {
       report(gaps.value(), name);
@@ -66,7 +66,7 @@ int plotDrawings(const PlotOptions& options) {
   const std::vector<BatchDrawing>& drawings = found.value();
   if (drawings.size() == 1 && !is_directory(options.output, failure))
     return plot(options, drawings.front(), options.output, {});
-  if (pictureForm(options.output) && !is_directory(options.output, failure))
+  if (launch::pictureForm(options.output) && !is_directory(options.output, failure))
     return fail(kExitUsage, {ErrorKind::kInvalidInput,
                              options.output.string() + ": several drawings need a folder"});
   if (const Result<void> apart = checkPlaces(drawings); !apart)

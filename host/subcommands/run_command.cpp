@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "host/libraries/terminal_library.h"
-#include "launch/text_module.h"
 #include "host/lines/completion_offers.h"
 #include "host/lines/line_runner.h"
 #include "host/lines/terminal_guide.h"
 #include "launch/program_files.h"
+#include "launch/text_module.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/run_settings.h"
@@ -33,29 +33,17 @@ bool isInput(const path& file, const RunOptions& options) {
 
 // What must be there before anything is opened; false when it isn't.
 bool checkPlaces(const RunOptions& options, ProgramErrors& errors) {
-  std::error_code failure;
   if (!options.output.empty() && isInput(options.output, options)) {
     errors.report(kExitUsage, options.output.string(), kOutputIsInput);
-  } else if (!options.project.empty() && !std::filesystem::is_directory(options.project, failure)) {
-    errors.report(kExitFile, options.project.string(), "the project is no folder");
-  } else if (!options.registry.empty() &&
-             !std::filesystem::is_regular_file(options.registry, failure)) {
-    errors.report(kExitFile, options.registry.string(), "the registry file can't be read");
+  } else if (const Result<void> places = launch::checkPlaces(options); !places) {
+    errors.report(kExitFile, {}, places.error().message);
   }
   return errors.status() == kExitDone;
 }
 
 /// `resources`: the folder of the compiled resource files.
 void applySettings(const RunOptions& options, const path& resources) {
-  win::RunSettings& settings = win::runSettings();
-  settings.stateStore = options.stateStore;
-  settings.registry = options.registry;
-  settings.resourceFolder = resources;
-  settings.keepBackup = options.backup;
-  settings.language = options.language.empty()   ? win::localeLanguage()
-                      : options.language == "ja" ? win::Language::japanese
-                                                 : win::Language::english;
-  if (!options.project.empty()) win::setCurrentProject(std::filesystem::absolute(options.project));
+  launch::applySettings(options, resources);
   if (!options.quiet) {
     win::interaction().setTranscript([](std::string_view text) { std::cout << text; });
   }
@@ -143,20 +131,26 @@ void runLines(const RunOptions& options, LineContext& context, LineSource& lines
   closeAll(errors);
 }
 
-void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors& errors) {
-  applySettings(options, moduleFile.parent_path());
-  launch::TextModule module(moduleFile);
-  LineContext context{options, module, std::cout};
+void runWithHands(const RunOptions& options, launch::TextModule& module, UserHands& hands,
+                  ProgramErrors& errors) {
+  LineContext context{options, module, hands, std::cout};
   const auto lines = openInput(options, context);
   if (!lines) return errors.report(kExitFile, {}, lines.error().message);
-  if (const auto loaded = module.load(); !loaded) {
-    return errors.report(kExitFile, {}, loaded.error().message);
-  }
   if (openAll(options, errors)) {
     runLines(options, context, *lines.value(), errors);
   } else {
     closeAll(errors);
   }
+}
+
+void runSession(const RunOptions& options, const path& moduleFile, const HandsMaker& makeHands,
+                ProgramErrors& errors) {
+  applySettings(options, moduleFile.parent_path());
+  launch::TextModule module(moduleFile);
+  if (const auto loaded = module.load(); !loaded) {
+    return errors.report(kExitFile, {}, loaded.error().message);
+  }
+  runWithHands(options, module, *makeHands(), errors);
   if (const auto unloaded = module.unload(); !unloaded) {
     errors.report(kExitRefused, {}, unloaded.error().message);
   }
@@ -164,7 +158,11 @@ void runSession(const RunOptions& options, const path& moduleFile, ProgramErrors
 
 }  // namespace
 
-int runDrawings(const RunOptions& given) {
+int runDrawings(const RunOptions& options) {
+  return runDrawingsByHand(options, [] { return std::make_unique<UserHands>(); });
+}
+
+int runDrawingsByHand(const RunOptions& given, const HandsMaker& makeHands) {
   RunOptions options = given;
   // A person sees what went wrong and goes on.
   if (isInteractive(options)) options.keepGoing = true;
@@ -175,7 +173,7 @@ int runDrawings(const RunOptions& given) {
     errors.report(kExitFile, {}, module.error().message);
     return errors.status();
   }
-  runSession(options, module.value(), errors);
+  runSession(options, module.value(), makeHands, errors);
   win::interaction().freshLine();
   return errors.status();
 }

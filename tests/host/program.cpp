@@ -19,7 +19,8 @@ void redirect(const std::filesystem::path& file, int flags, int descriptor) {
   if (opened < 0 || dup2(opened, descriptor) < 0) _exit(126);
 }
 
-[[noreturn]] void becomeProgram(const std::vector<std::string>& arguments,
+[[noreturn]] void becomeProgram(const std::string& program,
+                                const std::vector<std::string>& arguments,
                                 const std::vector<std::string>& environment,
                                 const std::filesystem::path& folder) {
   redirect(folder / ".in", O_RDONLY, 0);
@@ -34,7 +35,7 @@ void redirect(const std::filesystem::path& file, int flags, int descriptor) {
   for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
   alarm(120);  // a run that hangs is a failure of its own
-  execv(KOVRA_PROGRAM, words.data());
+  execv(program.c_str(), words.data());
   _exit(127);
 }
 
@@ -86,7 +87,7 @@ pid_t ProgramTest::start(const std::vector<std::string>& arguments, const std::s
   const pid_t child = fork();
   if (child == 0) limitFiles(fileSizeLimit_);
   if (child == 0) limitProcessor(timeLimit_);
-  if (child == 0) becomeProgram(all, variables, folder_);
+  if (child == 0) becomeProgram(program_, all, variables, folder_);
   return child;
 }
 

@@ -37,6 +37,8 @@ class ProgramTest : public ::testing::Test {
   std::string read(const std::string& name) const;
   /// Names of the files in the folder, sorted; the dialog store left out.
   std::vector<std::string> files() const;
+  /// From now on another program than `kovra` is run.
+  void useProgram(std::string file) { program_ = std::move(file); }
   /// From now on the program can't write files beyond this size, as on a full disk.
   void limitFileSize(std::size_t bytes) { fileSizeLimit_ = bytes; }
   /// From now on a run that takes more processor time is ended, and so fails.
@@ -44,6 +46,7 @@ class ProgramTest : public ::testing::Test {
   bool exists(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
  private:
+  std::string program_ = KOVRA_PROGRAM;
   std::filesystem::path folder_;
   std::size_t fileSizeLimit_ = 0;  // 0: none
   unsigned timeLimit_ = 0;

@@ -123,6 +123,7 @@ std::vector<std::wstring> Journal::undo(int count) {
   std::wstring name;
   while (static_cast<int>(names.size()) < count && takeBackStep(undone, name))
     names.push_back(name);
+  undone.name = name;
   keepUndone(std::move(undone));
   return names;
 }
@@ -155,6 +156,33 @@ bool Journal::redo() {
   restoring_ = false;
   std::move(undone.boundaries.rbegin(), undone.boundaries.rend(), std::back_inserter(boundaries_));
   return true;
+}
+
+/// Whether a record is other than it was there. Of several entries of one record the first has its
+/// oldest state.
+bool Journal::changedSince(std::size_t position) const {
+  std::unordered_set<dxf::RecordIndex> seen;
+  for (std::size_t i = position; i < entries_.size(); ++i)
+    if (seen.insert(entries_[i].record).second && differs(entries_[i])) return true;
+  return false;
+}
+
+std::optional<std::wstring> Journal::undoName() const {
+  const std::size_t floor = groupFloor();
+  std::size_t end = entries_.size();
+  for (auto boundary = boundaries_.rbegin(); end > floor && boundary != boundaries_.rend();
+       ++boundary) {
+    if (boundary->position == end) continue;
+    end = boundary->position;
+    if (changedSince(end)) return boundary->name;
+  }
+  if (end > floor && changedSince(floor)) return std::wstring();
+  return std::nullopt;
+}
+
+std::optional<std::wstring> Journal::redoName() const {
+  if (undone_.empty()) return std::nullopt;
+  return undone_.back().name;
 }
 
 void Journal::startTransaction() {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,10 @@ class Journal : private dxf::StoreListener {
   bool redo();
   bool canUndo() const { return !entries_.empty(); }
   bool canRedo() const { return !undone_.empty(); }
+  /// The name of the step that undo(1) would take back; nothing if there is none.
+  std::optional<std::wstring> undoName() const;
+  /// The name of the (first) step that redo() would bring back.
+  std::optional<std::wstring> redoName() const;
 
   void startTransaction();
   /// Keeps the changes. False without a transaction.
@@ -69,6 +74,7 @@ class Journal : private dxf::StoreListener {
   struct Undone {
     std::vector<Entry> entries;
     std::vector<Boundary> boundaries;
+    std::wstring name;  ///< of its first step
   };
 
   void beforeChange(dxf::RecordIndex record) override;
@@ -78,6 +84,7 @@ class Journal : private dxf::StoreListener {
   void keepUndone(Undone undone);
   std::size_t groupFloor() const;
   bool differs(const Entry& entry) const;
+  bool changedSince(std::size_t position) const;
 
   dxf::RecordStore& store_;
   /// Grows without moving what is there.

@@ -72,30 +72,44 @@ bool isNear(const AcGePoint3d& p) {
   return std::fabs(p.x) < kFarthest && std::fabs(p.y) < kFarthest;
 }
 
+bool drawsBlock(const AcDbDatabase& database, dxf::RecordIndex record) {
+  const dxf::RecordKind kind = database.store().kind(record);
+  return kind == dxf::RecordKind::kInsert || kind == dxf::RecordKind::kDimension;
+}
+
 }  // namespace
 
-DrawingWalk::DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing)
+DrawingWalk::DrawingWalk(const AcDbDatabase& database, double workEach, Showing showing)
     : database_(database),
-      space_(space),
       parts_(database, showing),
       blocks_(database, parts_),
       reader_(database),
-      share_(std::numeric_limits<double>::infinity()) {
-  shareOut();
+      share_(workEach) {}
+
+DrawingWalk::DrawingWalk(const AcDbDatabase& database, std::span<const dxf::RecordIndex> entities,
+                         Showing showing)
+    : DrawingWalk(database, std::numeric_limits<double>::infinity(), showing) {
+  shareOut(entities);
+}
+
+DrawingWalk::DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing)
+    : DrawingWalk(database, std::numeric_limits<double>::infinity(), showing) {
+  space_ = space;
+  std::vector<dxf::RecordIndex> references;
+  const dxf::Structure& structure = database.structure();
+  for (dxf::RecordIndex r = structure.firstEntity(space); r != dxf::kNoRecord;
+       r = structure.nextEntity(space, r))
+    if (drawsBlock(database, r)) references.push_back(r);
+  shareOut(references);
 }
 
 /// No limit if all references together cost little enough. Else half of what there is goes to them
 /// beforehand: those that stay below the average are done as a whole, and the others get equal
 /// parts. The other half is for those that turn out to matter, such as the one under a pick.
-void DrawingWalk::shareOut() {
+void DrawingWalk::shareOut(std::span<const dxf::RecordIndex> references) {
   Planner planner(blocks_);
-  const dxf::Structure& structure = database_.structure();
-  for (dxf::RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
-       r = structure.nextEntity(space_, r)) {
-    const dxf::RecordKind kind = database_.store().kind(r);
-    if (kind == dxf::RecordKind::kInsert || kind == dxf::RecordKind::kDimension)
-      parts_.ofEntity(r, spaceLook(), false, planner);
-  }
+  for (const dxf::RecordIndex r : references)
+    if (drawsBlock(database_, r)) parts_.ofEntity(r, spaceLook(), false, planner);
   double sum = 0;
   for (const double work : planner.works) sum += work;
   const double most = sum > kFreeWork ? mostWork(fileSize(database_.store())) : kFreeWork;

@@ -44,6 +44,12 @@ enum class Way { kInto, kPast, kEnd };
 class DrawingWalk : private PartTaker {
  public:
   DrawingWalk(const AcDbDatabase& database, dxf::BlockNumber space, Showing showing);
+  /// For some entities of a space only, which share what a whole space may cost.
+  DrawingWalk(const AcDbDatabase& database, std::span<const dxf::RecordIndex> entities,
+              Showing showing);
+  /// For entities one by one, each of which may cost so much (see recordWork()): nothing is looked
+  /// at beforehand.
+  DrawingWalk(const AcDbDatabase& database, double workEach, Showing showing);
 
   /// The visitor returns false to end the walk of the entity.
   using Visitor = std::function<bool(const DrawnLeaf&)>;
@@ -69,10 +75,10 @@ class DrawingWalk : private PartTaker {
   bool copies(const BlockUse& use, const BlockWhole& whole, const CopyRange& range);
   bool copy(const BlockUse& use, const AcGeMatrix3d& place);
   bool spend(double work);
-  void shareOut();
+  void shareOut(std::span<const dxf::RecordIndex> references);
 
   const AcDbDatabase& database_;
-  dxf::BlockNumber space_;
+  dxf::BlockNumber space_ = dxf::kNoBlock;
   DrawingParts parts_;
   DrawnBlocks blocks_;
   ShapeReader reader_;

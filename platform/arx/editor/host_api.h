@@ -29,7 +29,9 @@ struct DrawingInfo {
 };
 
 struct SaveOptions {
-  bool backup = true;  ///< keep the former file as NAME.bak
+  bool backup = true;   ///< keep the former file as NAME.bak
+  bool copy = false;    ///< the file is a copy, also that of a drawing that was never saved
+  bool rename = false;  ///< the file becomes the drawing's own
 };
 
 // --- documents ---------------------------------------------------------------------------------
@@ -38,6 +40,10 @@ struct SaveOptions {
 Result<DrawingId> openDrawing(const std::filesystem::path& file);
 /// A new empty drawing, activated.
 Result<DrawingId> newDrawing();
+/// Opens what was saved as a copy, and activates it as the drawing of `file` (empty: as one that
+/// was never saved): modified, and saved in that place, whatever lies there. The copy stays.
+Result<DrawingId> recoverDrawing(const std::filesystem::path& copy,
+                                 const std::filesystem::path& file);
 /// To its own file without `file`; a copy elsewhere doesn't change what the drawing is called.
 /// Refused while a transaction is open: what it changed may still be taken back.
 Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullptr,
@@ -51,6 +57,16 @@ Result<void> activateDrawing(DrawingId id);
 std::vector<DrawingInfo> drawings();
 /// 0 when no drawing is open.
 DrawingId currentDrawing();
+
+/// What U would take back in the current drawing and what REDO would bring back: the command's
+/// name, empty for a step without one; nothing when there is no such step.
+std::optional<std::wstring> undoName();
+std::optional<std::wstring> redoName();
+
+/// A system variable of the current drawing, texts without quotes.
+Result<std::wstring> variable(std::wstring_view name);
+/// Sets it to what a user typed. While no command runs that is a step which U takes back.
+Result<void> setVariable(std::wstring_view name, std::wstring_view typed);
 
 // --- commands ----------------------------------------------------------------------------------
 
@@ -100,6 +116,7 @@ struct Wait {
   std::wstring command;                ///< the command that waits; empty at the idle host
   std::wstring prompt;                 ///< as shown
   NamesAsked names;                    ///< what is asked for
+  bool takesBlanks = false;            ///< a blank belongs to the text and doesn't end it
   std::vector<std::wstring> keywords;  ///< that answer it, as the user types them
   bool modalOnTop = false;             ///< a modal dialog or message box has the input instead
 };
@@ -131,10 +148,13 @@ struct PickPoint {
   double z = 0;
 };
 
+/// Whether SNAPMODE and ORTHOMODE may move the point, or it is meant as it is: a point that was
+/// found on an object.
+enum class Aim { kByModes, kExact };
 /// Clicks at a point: answers a point prompt, ends a drag, picks at a pick or selection prompt.
-Result<void> clickPoint(PickPoint point);
+Result<void> clickPoint(PickPoint point, Aim aim = Aim::kByModes);
 /// Moves the cursor there.
-Result<void> moveCursor(PickPoint point);
+Result<void> moveCursor(PickPoint point, Aim aim = Aim::kByModes);
 /// Clicks on an entity, at a place where a pick gives it; an error if it has none.
 Result<void> pickEntity(uint64_t handle);
 /// What @select and @preselect name.
@@ -146,10 +166,18 @@ struct SelectionInput {
   std::optional<SelectionArea> box;  ///< window to the right, crossing to the left
   std::vector<uint64_t> handles;     ///< in this order
   bool all = false;
+  bool adding = false;  ///< for preselect: to what is selected
 };
 /// Answers the selection prompt; the prompt goes on until Enter.
 Result<void> select(const SelectionInput& input);
 /// Makes it the implied selection of the active drawing; only at the idle host.
 Result<void> preselect(const SelectionInput& input);
+/// What a click at the idle host came to.
+enum class IdleClick {
+  kMissed,  ///< nothing is there
+  kAdded,   ///< what is there belongs to the implied selection now
+  kTaken    ///< a filter of messages kept the click for itself
+};
+Result<IdleClick> clickIdle(PickPoint point);
 
 }  // namespace kovra::arx::host

@@ -73,7 +73,9 @@ int Interaction::chooseButton(const MessageBoxRequest& box) {
     answers_.pop_front();
     return button;
   }
-  if (box.buttons.size() == 1) return box.buttons.front();
+  const bool notice = box.buttons.size() == 1;
+  if (notice && asker_ && showsNotices_ && answers_.empty()) asker_(box);
+  if (notice) return box.buttons.front();
   const std::string subject = "the message box " + inQuotes(toUtf8(box.text)) + " ";
   if (!answers_.empty()) {
     noteFailure(subject + "has no button " + inQuotes(answerName(answers_.front())));
@@ -93,6 +95,7 @@ int Interaction::unansweredButton(const MessageBoxRequest& box) const {
 }
 
 std::vector<std::filesystem::path> Interaction::chooseFiles() {
+  if (files_.empty() && chooser_) return chooser_();
   if (files_.empty()) {
     noteFailure("a file choice was asked for, and none was queued");
     return {};

@@ -29,6 +29,7 @@ class Interaction {
  public:
   using TextSink = std::function<void(std::string_view utf8)>;
   using BoxAsker = std::function<int(const MessageBoxRequest&)>;
+  using FileChooser = std::function<std::vector<std::filesystem::path>()>;
 
   // The transcript.
   /// Where the transcript goes; without a sink it is dropped.
@@ -45,8 +46,11 @@ class Interaction {
   std::size_t queuedAnswers() const { return answers_.size(); }
   void clearAnswers() { answers_.clear(); }
   /// Someone to ask when nothing is queued (a terminal, a desktop); without one the rules for
-  /// scripts hold.
-  void setBoxAsker(BoxAsker asker) { asker_ = std::move(asker); }
+  /// scripts hold. With `notices` also when there is one button only.
+  void setBoxAsker(BoxAsker asker, bool notices = false) {
+    asker_ = std::move(asker);
+    showsNotices_ = notices;
+  }
   /// Shows the box in the transcript and gives the button pressed. One button: it, and a queued
   /// answer only if it names that button. Several: the queued answer; without a fitting one cancel,
   /// else no, else the last button, and a failure is noted.
@@ -57,8 +61,10 @@ class Interaction {
   void queueFiles(std::vector<std::filesystem::path> files) { files_.push_back(std::move(files)); }
   std::size_t queuedFiles() const { return files_.size(); }
   void clearFiles() { files_.clear(); }
-  /// The files chosen; empty when cancelled. Without a queued choice it counts as cancelled and a
-  /// failure is noted.
+  /// Someone to ask when nothing is queued; empty when cancelled.
+  void setFileChooser(FileChooser chooser) { chooser_ = std::move(chooser); }
+  /// The files chosen; empty when cancelled. With nobody to ask and nothing queued it counts as
+  /// cancelled and a failure is noted.
   std::vector<std::filesystem::path> chooseFiles();
 
   // The clipboard.
@@ -77,6 +83,8 @@ class Interaction {
 
   TextSink sink_;
   BoxAsker asker_;
+  bool showsNotices_ = false;
+  FileChooser chooser_;
   bool lineBegun_ = false;
   std::deque<int> answers_;
   std::deque<std::vector<std::filesystem::path>> files_;

@@ -145,19 +145,34 @@ InputResult selectCells(HWND window, Cell first, Cell last) {
   return {};
 }
 
+InputResult doubleClickCell(HWND window, Cell cell) {
+  InputResult result;
+  if (tableWith(window, cell, {1, 1}, result) == nullptr) return result;
+  if (result = clickCell(window, cell); result) press(window, cell, WM_LBUTTONDBLCLK);
+  return result;
+}
+
+InputResult openMenu(HWND control, std::optional<Cell> cell) {
+  InputResult result = reachable(control);
+  if (!result) return result;
+  const auto* table = stateOf<TableState>(control);
+  const HWND inner = table != nullptr ? table->openEditor() : GetWindow(control, GW_CHILD);
+  const bool inField = inner != nullptr && !cell;
+  const HWND target = inField ? inner : control;
+  POINT place = middleOf(target);
+  if (table != nullptr && !inField) {
+    if (cell && tableWith(control, *cell, {0, 0}, result) == nullptr) return result;
+    place = middleOf(control, cell.value_or(table->activeCell())).value_or(place);
+  }
+  pressRight(target, place);
+  return result;
+}
+
 InputResult chooseFromMenu(HWND control, std::wstring_view item) {
-  if (auto result = reachable(control); !result) return result;
   MenuOutcome outcome;
   const MenuAnswer answer(
       [&](const std::vector<MenuItem>& items) { return positionOf(items, item, outcome); });
-  const auto* table = stateOf<TableState>(control);
-  const HWND inner = table != nullptr ? table->openEditor() : GetWindow(control, GW_CHILD);
-  const HWND target = inner != nullptr ? inner : control;
-  POINT place = middleOf(target);
-  if (table != nullptr && inner == nullptr)
-    place = middleOf(control, table->activeCell()).value_or(place);
-  pressRight(target, place);
-  if (outcome.chosen) return {};
+  if (auto result = openMenu(control); !result || outcome.chosen) return result;
   if (!outcome.shown) return refused(control, "has no context menu");
   return refused(control, "has no item \"" + toUtf8(item) + "\" to choose in its menu" +
                               (outcome.choices.empty() ? "" : ", but " + outcome.choices));

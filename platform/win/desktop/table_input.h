@@ -15,6 +15,13 @@ InputResult editCell(HWND table, TableState::Cell cell, std::wstring_view text);
 /// by the keyboard.
 InputResult selectCells(HWND table, TableState::Cell first, TableState::Cell last);
 
+/// Clicks a cell twice, which opens its field.
+InputResult doubleClickCell(HWND table, TableState::Cell cell);
+
+/// Presses the right button on a control, of a table on the cell or, without one, on the active
+/// cell or its open field. Who answers menus is shown the one that comes up.
+InputResult openMenu(HWND control, std::optional<TableState::Cell> cell = std::nullopt);
+
 /// Presses the right button on the active cell of a table, its open field or any other control, and
 /// chooses from the menu that comes up.
 InputResult chooseFromMenu(HWND control, std::wstring_view item);

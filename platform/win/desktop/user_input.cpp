@@ -268,10 +268,7 @@ InputResult moveDialog(HWND dialog, int x, int y) {
   return {};
 }
 
-namespace {
-
-/// A dialog can be sized by its frame, or by a grip in its corner that it answers for itself.
-bool canBeSized(HWND dialog) {
+bool dialogCanBeSized(HWND dialog) {
   if (hasStyle(dialog, WS_THICKFRAME)) return true;
   const RECT client = clientOnScreen(dialog);
   const LPARAM corner =
@@ -279,11 +276,9 @@ bool canBeSized(HWND dialog) {
   return SendMessageW(dialog, WM_NCHITTEST, 0, corner) == HTBOTTOMRIGHT;
 }
 
-}  // namespace
-
 InputResult sizeDialog(HWND dialog, int width, int height) {
   if (auto result = reachable(dialog); !result) return result;
-  if (!canBeSized(dialog)) return refused(dialog, "can't be sized");
+  if (!dialogCanBeSized(dialog)) return refused(dialog, "can't be sized");
   const SIZE size = limitedSize(dialog, {width, height});
   SetWindowPos(dialog, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   return {};

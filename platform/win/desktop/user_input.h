@@ -72,6 +72,8 @@ InputResult pressKeyInDialog(HWND dialog, Keystroke key);
 // The dialog itself.
 InputResult pressCloseBox(HWND dialog);
 InputResult moveDialog(HWND dialog, int x, int y);
+/// By its frame, or by a grip in its corner that it answers for itself.
+bool dialogCanBeSized(HWND dialog);
 /// Refused when the dialog can't be sized; its own limits hold.
 InputResult sizeDialog(HWND dialog, int width, int height);
 InputResult minimizeDialog(HWND dialog);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -26,6 +27,7 @@ struct Cursor {
   int pixelX = 0;
   int pixelY = 0;
   AcGePoint3d point{};
+  AcGePoint3d effective{};  ///< where a click would count: on the snap grid, straight from the base
 };
 
 /// The current UCS as matrices, which commands ask for with every point.
@@ -39,6 +41,8 @@ struct UcsMatrices {
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
   bool closing = false;                ///< every prompt is cancelled until the document is idle
+  /// Of a drawing that was opened from a copy until it is saved: its file, empty without one.
+  std::optional<std::string> recoveredFile;
   std::vector<std::wstring> commands;  ///< running, outermost first
   std::wstring lastCommand;            ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
@@ -50,7 +54,7 @@ struct DocumentSession {
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;
-  std::map<bool, View> views;  ///< of model space (true) and of paper space; fixed once shown
+  std::map<bool, View> views;  ///< of model space (true) and of paper space; as first shown unless set
 };
 
 }  // namespace kovra::arx

@@ -143,7 +143,7 @@ VariableValue readViewSize(AcApDocument& document) {
 }
 
 VariableValue readScreenSize(AcApDocument&) {
-  return pointValue(AcGePoint3d(kWindowWidth, kWindowHeight, 0), RTPOINT);
+  return pointValue(AcGePoint3d(windowSize().width, windowSize().height, 0), RTPOINT);
 }
 
 VariableValue readName(AcApDocument& document) {

@@ -1,5 +1,6 @@
 #include "platform/arx/editor/documents/view.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/arx/database/database.h"
@@ -13,6 +14,8 @@
 
 namespace kovra::arx {
 namespace {
+
+WindowSize shownSize;
 
 /// What an empty window shows.
 constexpr double kEmptyHeight = 1000;
@@ -62,7 +65,7 @@ View extentsView(const AcApDocument& document) {
   const AcGePoint3d low = extents.minPoint();
   const AcGePoint3d high = extents.maxPoint();
   view.center = {(low.x + high.x) / 2, (low.y + high.y) / 2, 0};
-  const double byWidth = (high.x - low.x) * kWindowHeight / kWindowWidth;
+  const double byWidth = (high.x - low.x) * windowSize().height / windowSize().width;
   const double height = std::max(high.y - low.y, byWidth);
   if (height > 0) view.height = height;
   return view;
@@ -81,6 +84,18 @@ View firstView(const AcApDocument& document) {
 }
 
 }  // namespace
+
+WindowSize windowSize() {
+  return shownSize;
+}
+
+void setWindowSize(WindowSize size) {
+  shownSize = {std::max(1, size.width), std::max(1, size.height)};
+}
+
+void setView(const AcApDocument& document, const View& view) {
+  document.session().views[inModelSpace(*document.database())] = view;
+}
 
 View currentView(const AcApDocument& document) {
   std::map<bool, View>& views = document.session().views;
@@ -112,13 +127,13 @@ void worldToPixel(const View& view, const AcGePoint3d& point, int& x, int& y) {
   const auto pixel = [](double value) {
     return static_cast<int>(std::clamp(std::round(value), -30000.0, 30000.0));
   };
-  x = pixel((point.x - view.center.x) / view.unitsPerPixel() + kWindowWidth / 2.0);
-  y = pixel(kWindowHeight / 2.0 - (point.y - view.center.y) / view.unitsPerPixel());
+  x = pixel((point.x - view.center.x) / view.unitsPerPixel() + windowSize().width / 2.0);
+  y = pixel(windowSize().height / 2.0 - (point.y - view.center.y) / view.unitsPerPixel());
 }
 
 AcGePoint3d pixelToWorld(const View& view, int x, int y) {
-  return {view.center.x + (x - kWindowWidth / 2.0) * view.unitsPerPixel(),
-          view.center.y + (kWindowHeight / 2.0 - y) * view.unitsPerPixel(), 0};
+  return {view.center.x + (x - windowSize().width / 2.0) * view.unitsPerPixel(),
+          view.center.y + (windowSize().height / 2.0 - y) * view.unitsPerPixel(), 0};
 }
 
 }  // namespace kovra::arx

@@ -6,7 +6,7 @@ namespace kovra::arx {
 
 /// The program's main window; made at the first use.
 HWND frameWindow();
-/// The window inside it that shows the current drawing, kWindowWidth by kWindowHeight pixels.
+/// The window inside it that shows the current drawing, as large as windowSize() says.
 /// Characters that are posted to it are typed into the current document's command line.
 HWND drawingWindow();
 

@@ -30,11 +30,17 @@ Error notOpen() {
   return {ErrorKind::kNotFound, "no such drawing is open"};
 }
 
+/// Where the drawing is saved; empty when nobody has said.
+const std::string& fileOf(const AcApDocument& document) {
+  const std::optional<std::string>& recovered = document.session().recoveredFile;
+  return recovered ? *recovered : document.database()->path();
+}
+
 /// The document of a file that is open already.
 AcApDocument* findFile(const fs::path& file) {
   std::error_code ignored;
   for (const auto& document : DocumentList::instance().all()) {
-    const std::string& path = document->database()->path();
+    const std::string& path = fileOf(*document);
     if (!path.empty() && fs::equivalent(path, file, ignored)) return document.get();
   }
   return nullptr;
@@ -79,23 +85,38 @@ Result<DrawingId> newDrawing() {
   return activated(DocumentList::instance().add(std::make_unique<AcDbDatabase>(true)));
 }
 
+Result<DrawingId> recoverDrawing(const fs::path& copy, const fs::path& file) {
+  if (Result<void> allowed = mayOpen(); !allowed) return allowed.error();
+  auto bytes = std::make_unique<AcDbDatabase>(false);
+  if (Result<void> opened = bytes->open(copy.string()); !opened) return opened.error();
+  AcApDocument& document = DocumentList::instance().add(std::move(bytes));
+  document.session().recoveredFile = file.string();
+  if (!file.empty()) DocumentList::instance().setFile(document, file.string());
+  return activated(document);
+}
+
 Result<void> saveDrawing(DrawingId id, const fs::path* file, SaveOptions options) {
   AcApDocument* document = find(id);
   if (document == nullptr) return notOpen();
   AcDbDatabase& database = *document->database();
-  if (file == nullptr && database.path().empty())
+  const std::string own = fileOf(*document);
+  if (file == nullptr && own.empty())
     return refused("the drawing has no file yet: say where to save it");
   // What a command may still take back is no state of the drawing.
   if (database.transactionManager()->numActiveTransactions() > 0)
     return refused("a command is changing the drawing: end or cancel it first");
+  const AcApDocument* other = file != nullptr ? findFile(*file) : nullptr;
+  if (options.rename && other != nullptr && other != document)
+    return refused("another open drawing has this file");
   std::error_code ignored;
-  const bool own =
-      file == nullptr || database.path().empty() || fs::equivalent(database.path(), *file, ignored);
   dxf::SaveOptions how;
   how.backup = options.backup;
-  how.adopt = own;
-  Result<void> saved = database.save(file != nullptr ? file->string() : std::string(), how);
-  if (saved && own) DocumentList::instance().setFile(*document, database.path());
+  how.adopt = !options.copy && (options.rename || file == nullptr || own.empty() ||
+                                fs::equivalent(own, *file, ignored));
+  Result<void> saved = database.save(file != nullptr ? file->string() : own, how);
+  if (!saved || !how.adopt) return saved;
+  document->session().recoveredFile.reset();
+  DocumentList::instance().setFile(*document, database.path());
   return saved;
 }
 
@@ -112,8 +133,9 @@ Result<void> activateDrawing(DrawingId id) {
 std::vector<DrawingInfo> drawings() {
   std::vector<DrawingInfo> infos;
   for (const auto& document : DocumentList::instance().all())
-    infos.push_back({document->serial(), document->database()->path(), document->docTitle(),
-                     document->database()->isModified()});
+    infos.push_back(
+        {document->serial(), fileOf(*document), document->docTitle(),
+         document->database()->isModified() || document->session().recoveredFile.has_value()});
   return infos;
 }
 
@@ -145,6 +167,7 @@ Wait topWait() {
   wait.drawing = document->serial();
   wait.prompt = prompt->question().prompt;
   wait.names = prompt->question().names;
+  wait.takesBlanks = prompt->question().blanks == Blanks::kText;
   if (const KeywordList* keywords = prompt->question().keywords; keywords != nullptr)
     for (size_t i = 0; i < keywords->size(); ++i) wait.keywords.push_back(keywords->localName(i));
   if (!document->session().commands.empty()) wait.command = document->session().commands.back();

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <unordered_set>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity_order.h"
@@ -73,21 +74,28 @@ bool sendMouse(AcApDocument& document, UINT message, WPARAM keys, const AcGePoin
   Cursor& cursor = document.session().cursor;
   cursor.known = true;
   cursor.point = point;
+  cursor.effective = point;
   worldToPixel(currentView(document), point, cursor.pixelX, cursor.pixelY);
   return sendDrawingMessage(message, keys, cursor.pixelX, cursor.pixelY);
 }
 
-/// Clicks at a world point; `exact` leaves it as it is.
-void click(AcApDocument& document, const AcGePoint3d& point, bool exact) {
+/// Presses and lets go the left button at a world point; false when a filter kept the press.
+bool sendClick(AcApDocument& document, const AcGePoint3d& point) {
   focusDrawing();
-  if (!sendMouse(document, WM_MOUSEMOVE, 0, point)) return;
-  if (!sendMouse(document, WM_LBUTTONDOWN, MK_LBUTTON, point)) return;
+  if (!sendMouse(document, WM_MOUSEMOVE, 0, point)) return false;
+  if (!sendMouse(document, WM_LBUTTONDOWN, MK_LBUTTON, point)) return false;
   sendMouse(document, WM_LBUTTONUP, 0, point);
+  return true;
+}
+
+/// Clicks at a world point.
+void click(AcApDocument& document, const AcGePoint3d& point, Aim aim) {
+  if (!sendClick(document, point)) return;
   ActivePrompt* prompt = topPrompt();
   if (prompt == nullptr || prompt->answered() || !prompt->question().takesPoints) return;
   Answer answer;
   answer.kind = AnswerKind::kPoint;
-  answer.point = exact ? point : effectivePoint(document, prompt->question(), point);
+  answer.point = aim == Aim::kExact ? point : effectivePoint(document, prompt->question(), point);
   prompt->answer(std::move(answer));
 }
 
@@ -130,16 +138,16 @@ Result<std::vector<AcDbObjectId>> chosen(AcApDocument& document, const Selection
 
 }  // namespace
 
-Result<void> clickPoint(PickPoint point) {
+Result<void> clickPoint(PickPoint point, Aim aim) {
   const Result<AcApDocument*> document = pointedDocument();
   if (!document) return document.error();
   const ActivePrompt* prompt = topPrompt();
   if (prompt == nullptr || prompt->isIdle()) return refused("nothing asks for a point");
-  click(*document.value(), world(*document.value(), point), false);
+  click(*document.value(), world(*document.value(), point), aim);
   return {};
 }
 
-Result<void> moveCursor(PickPoint point) {
+Result<void> moveCursor(PickPoint point, Aim aim) {
   const Result<AcApDocument*> pointed = pointedDocument();
   if (!pointed) return pointed.error();
   AcApDocument& document = *pointed.value();
@@ -147,8 +155,11 @@ Result<void> moveCursor(PickPoint point) {
   cursorEntersDrawing();
   if (!sendMouse(document, WM_MOUSEMOVE, 0, at)) return {};
   const ActivePrompt* prompt = topPrompt();
-  if (prompt != nullptr && !prompt->answered() && prompt->question().cursorMoved)
-    prompt->question().cursorMoved(effectivePoint(document, prompt->question(), at));
+  if (prompt == nullptr || prompt->answered()) return {};
+  const AcGePoint3d counts =
+      aim == Aim::kExact ? at : effectivePoint(document, prompt->question(), at);
+  document.session().cursor.effective = counts;
+  if (prompt->question().cursorMoved) prompt->question().cursorMoved(counts);
   return {};
 }
 
@@ -161,7 +172,7 @@ Result<void> pickEntity(uint64_t handle) {
   if (!id) return id.error();
   const std::optional<AcGePoint3d> point = pickPointOf(*document.value(), id.value());
   if (!point) return refused("the object " + handleText(handle) + " can't be picked anywhere");
-  click(*document.value(), *point, true);
+  click(*document.value(), *point, Aim::kExact);
   return {};
 }
 
@@ -183,6 +194,31 @@ Result<void> select(const SelectionInput& input) {
   return {};
 }
 
+namespace {
+
+/// Makes entities the implied selection, behind those that it has.
+void addImplied(AcApDocument& document, const std::vector<AcDbObjectId>& ids) {
+  std::vector<AcDbObjectId>& implied = document.session().implied;
+  std::unordered_set<AcDbObjectId> present(implied.begin(), implied.end());
+  for (const AcDbObjectId& id : ids)
+    if (present.insert(id).second) implied.push_back(id);
+}
+
+}  // namespace
+
+Result<IdleClick> clickIdle(PickPoint point) {
+  const Result<AcApDocument*> document = pointedDocument();
+  if (!document) return document.error();
+  const auto isIdle = [] { return topPrompt() != nullptr && topPrompt()->isIdle(); };
+  if (!isIdle()) return refused("a command is running");
+  const AcGePoint3d at = world(*document.value(), point);
+  if (!sendClick(*document.value(), at) || !isIdle()) return IdleClick::kTaken;
+  const std::optional<PickHit> hit = pickAt(*document.value(), at);
+  if (!hit) return IdleClick::kMissed;
+  addImplied(*document.value(), {hit->entity});
+  return IdleClick::kAdded;
+}
+
 Result<void> preselect(const SelectionInput& input) {
   const Result<AcApDocument*> document = pointedDocument();
   if (!document) return document.error();
@@ -191,7 +227,8 @@ Result<void> preselect(const SelectionInput& input) {
   Result<std::vector<AcDbObjectId>> ids = chosen(*document.value(), input, Attributes::kLeftOut);
   if (!ids) return ids.error();
   focusDrawing();
-  document.value()->session().implied = std::move(ids.value());
+  if (!input.adding) document.value()->session().implied.clear();
+  addImplied(*document.value(), ids.value());
   return {};
 }
 

@@ -103,8 +103,8 @@ BOOL acedRemoveWatchWinMsg(AcedWatchWinMsgFn watch) {
 }
 
 int acedGetWinNum(int x, int y) {
-  const bool inside =
-      x >= 0 && y >= 0 && x < kovra::arx::kWindowWidth && y < kovra::arx::kWindowHeight;
+  const kovra::arx::WindowSize size = kovra::arx::windowSize();
+  const bool inside = x >= 0 && y >= 0 && x < size.width && y < size.height;
   // The number of the model space's first viewport.
   return inside ? 2 : 0;
 }

@@ -1,3 +1,4 @@
+#include "platform/arx/editor/picks/drag.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/documents/document_session.h"
@@ -9,18 +10,32 @@
 namespace kovra::arx {
 namespace {
 
+const ActiveDrag* dragged = nullptr;
+
 /// One drag: hands each place of the cursor to the transform.
 class Drag {
  public:
-  Drag(const AcApDocument& document, AcedDragTransform transform)
-      : document_(document), transform_(transform) {}
+  Drag(const AcApDocument& document, const SelectionSet& set, AcedDragTransform transform)
+      : document_(document), transform_(transform), outer_(dragged) {
+    shown_.entities = set.members();
+    dragged = &shown_;
+  }
+  ~Drag() { dragged = outer_; }
+  Drag(const Drag&) = delete;
+  Drag& operator=(const Drag&) = delete;
 
   /// False when the transform ends the drag.
   bool sample(const AcGePoint3d& ucsPoint) {
     ads_point cursor{ucsPoint.x, ucsPoint.y, ucsPoint.z};
     ads_matrix matrix{};
     for (int i = 0; i < 4; ++i) matrix[i][i] = 1;
-    return transform_(cursor, matrix) != RTERROR;
+    const bool goOn = transform_(cursor, matrix) != RTERROR;
+    AcGeMatrix3d inUcs;
+    for (unsigned row = 0; row < 4; ++row)
+      for (unsigned column = 0; column < 4; ++column) inUcs(row, column) = matrix[row][column];
+    shown_.place = ucsToWcs(document_) * inUcs * wcsToUcs(document_);
+    shown_.moved = true;
+    return goOn;
   }
 
   void moved(const AcGePoint3d& worldPoint) {
@@ -32,6 +47,8 @@ class Drag {
  private:
   const AcApDocument& document_;
   AcedDragTransform transform_;
+  ActiveDrag shown_;
+  const ActiveDrag* outer_;
 };
 
 /// RTNORM with the point in the UCS, or how the drag ended.
@@ -60,6 +77,11 @@ Reply runDrag(AcApDocument& document, const ACHAR* promptText, Drag& drag) {
 }
 
 }  // namespace
+
+const ActiveDrag* activeDrag() {
+  return dragged;
+}
+
 }  // namespace kovra::arx
 
 using namespace kovra::arx;
@@ -67,10 +89,10 @@ using namespace kovra::arx;
 int acedDragGen(const ads_name set, const ACHAR* prompt, int, AcedDragTransform transform,
                 ads_point point) {
   AcApDocument* document = DocumentList::instance().current();
-  const SelectionSet* dragged = SelectionSets::instance().find(set);
-  if (document == nullptr || dragged == nullptr || transform == nullptr || point == nullptr)
+  const SelectionSet* moving = SelectionSets::instance().find(set);
+  if (document == nullptr || moving == nullptr || transform == nullptr || point == nullptr)
     return RTERROR;
-  Drag drag(*document, transform);
+  Drag drag(*document, *moving, transform);
   const Reply reply = runDrag(*document, prompt, drag);
   if (reply.status == RTKWORD) document->session().lastInput = reply.text;
   if (!reply) return reply.status;

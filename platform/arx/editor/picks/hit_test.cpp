@@ -18,6 +18,18 @@
 namespace kovra::arx {
 namespace {
 
+EntityIndex* entityIndex = nullptr;
+
+/// What a search in a box has to look at.
+std::vector<dxf::RecordIndex> entitiesToSearch(const AcApDocument& document,
+                                               const AcDbExtents& box) {
+  if (entityIndex != nullptr)
+    if (auto near = entityIndex->entitiesIn(document, box)) return std::move(*near);
+  std::vector<dxf::RecordIndex> all;
+  forEachEntity(*document.database(), [&](dxf::RecordIndex record) { all.push_back(record); });
+  return all;
+}
+
 PickHit hitOf(const AcDbDatabase& database, const DrawnLeaf& leaf) {
   const dxf::RecordIndex entity = leaf.containers.empty() ? leaf.record : leaf.containers.front();
   PickHit hit{database.idOf(entity), database.idOf(leaf.record), leaf.toWorld, {}};
@@ -202,7 +214,13 @@ Picks picksAt(AcApDocument& document, std::span<const AcGePoint3d> points) {
   const auto around = [&](const AcGePoint3d& p) {
     return Box{{p.x - reach, p.y - reach, 0}, {p.x + reach, p.y + reach, 0}};
   };
-  DrawingWalk walk(database, currentSpace(database), Showing::kScreen);
+  AcDbExtents searched;
+  for (const AcGePoint3d& p : points) {
+    searched.addPoint(around(p).low);
+    searched.addPoint(around(p).high);
+  }
+  const std::vector<dxf::RecordIndex> entities = entitiesToSearch(document, searched);
+  DrawingWalk walk(database, entities, Showing::kScreen);
   const DrawingWalk::Visitor visit = [&](const DrawnLeaf& leaf) {
     const std::vector<DrawnShape>& shapes = walk.shapes(leaf);
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -211,10 +229,11 @@ Picks picksAt(AcApDocument& document, std::span<const AcGePoint3d> points) {
     }
     return true;
   };
-  walk.all(visit, [&](const DrawnCopies& copies) {
+  const DrawingWalk::Approach approach = [&](const DrawnCopies& copies) {
     const auto isNear = [&](const auto& p) { return !around(p).surelyMisses(copies.box); };
     return std::ranges::any_of(points, isNear) ? Way::kInto : Way::kPast;
-  });
+  };
+  for (const dxf::RecordIndex entity : entities) walk.entity(entity, visit, approach);
   picks.unsearched = walk.unfinished();
   return picks;
 }
@@ -229,6 +248,10 @@ bool gives(const PickHit& hit, AcDbObjectId id) {
 }
 
 }  // namespace
+
+void setEntityIndex(EntityIndex* index) {
+  entityIndex = index;
+}
 
 double distanceToSegment(const AcGePoint3d& point, const AcGePoint3d& a, const AcGePoint3d& b) {
   const double dx = b.x - a.x;
@@ -281,14 +304,18 @@ std::vector<AcDbObjectId> entitiesInBox(AcApDocument& document, const AcGePoint3
   const Box box{{std::min(first.x, second.x), std::min(first.y, second.y), 0},
                 {std::max(first.x, second.x), std::max(first.y, second.y), 0}};
   std::vector<AcDbObjectId> found;
-  DrawingWalk walk(database, currentSpace(database), Showing::kScreen);
-  forEachEntity(database, [&](dxf::RecordIndex record) {
+  AcDbExtents searched;
+  searched.addPoint(box.low);
+  searched.addPoint(box.high);
+  const std::vector<dxf::RecordIndex> entities = entitiesToSearch(document, searched);
+  DrawingWalk walk(database, entities, Showing::kScreen);
+  for (const dxf::RecordIndex record : entities) {
     const BoxRelation relation = relationTo(box, walk, record, crossing);
     if (relation.drawn && (crossing ? relation.touched : relation.inside))
       found.push_back(database.idOf(record));
     if (attributes == Attributes::kTaken && relation.drawn)
       appendAttributes(box, walk, database, record, crossing, found);
-  });
+  }
   sayUnsearched(walk.unfinished());
   return found;
 }

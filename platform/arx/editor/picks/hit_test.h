@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "platform/arx/database/object_id.h"
+#include "platform/arx/geometry/extents.h"
 #include "platform/arx/geometry/geometry.h"
+#include "platform/dxf/record_kind.h"
 
 class AcApDocument;
 
@@ -17,6 +19,19 @@ struct PickHit {
   AcGeMatrix3d toWorld{};                ///< from the leaf's own block
   std::vector<AcDbObjectId> containers;  ///< innermost first
 };
+
+/// Knows where the entities of a drawing are: what shows it has that at hand. Picks and boxes then
+/// look at those near by only.
+class EntityIndex {
+ public:
+  virtual ~EntityIndex() = default;
+  /// Entities of the current space in drawing order, among them all that draw something in the box,
+  /// as seen from above. Nothing when that isn't known now.
+  virtual std::optional<std::vector<dxf::RecordIndex>> entitiesIn(const AcApDocument& document,
+                                                                  const AcDbExtents& box) = 0;
+};
+/// Not owned; null: none.
+void setEntityIndex(EntityIndex* index);
 
 /// The last drawn visible entity within PICKBOX pixels of a world point, in plan view.
 std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point);

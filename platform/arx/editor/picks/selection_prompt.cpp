@@ -17,6 +17,8 @@ namespace {
 
 using Ids = std::vector<AcDbObjectId>;
 
+const SelectionSet* inProgress = nullptr;
+
 bool onLockedLayer(AcDbObjectId id) {
   return id.database()->objects().onLockedLayer(id.index());
 }
@@ -25,7 +27,12 @@ bool onLockedLayer(AcDbObjectId id) {
 class SelectionDialogue {
  public:
   SelectionDialogue(AcApDocument& document, const SelectionRequest& request, SelectionSet& set)
-      : document_(document), request_(request), set_(set) {}
+      : document_(document), request_(request), set_(set), outer_(inProgress) {
+    inProgress = &set_;
+  }
+  ~SelectionDialogue() { inProgress = outer_; }
+  SelectionDialogue(const SelectionDialogue&) = delete;
+  SelectionDialogue& operator=(const SelectionDialogue&) = delete;
 
   bool run();
 
@@ -48,6 +55,7 @@ class SelectionDialogue {
   AcApDocument& document_;
   const SelectionRequest& request_;
   SelectionSet& set_;
+  const SelectionSet* outer_;
   bool removing_ = false;
   std::vector<Ids> steps_;  ///< what each answer added
 };
@@ -200,6 +208,10 @@ bool SelectionDialogue::text(const Answer& answer) {
 }
 
 }  // namespace
+
+const SelectionSet* activeSelection() {
+  return inProgress;
+}
 
 bool askSelection(AcApDocument& document, const SelectionRequest& request, SelectionSet& set) {
   if (!SelectionDialogue(document, request, set).run()) return false;

@@ -23,6 +23,10 @@ struct SelectionRequest {
 /// Add, Remove, Undo. False when cancelled; an empty set is a success.
 bool askSelection(AcApDocument& document, const SelectionRequest& request, SelectionSet& set);
 
+/// What has been selected so far by the innermost prompt for a selection, for whoever paints it;
+/// null without one.
+const SelectionSet* activeSelection();
+
 /// What a built-in command works on: the implied selection if the user started the command with
 /// one, else what askSelection gives; nothing on locked layers.
 bool editableSelection(AcApDocument& document, SelectionSet& set);

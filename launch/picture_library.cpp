@@ -1,9 +1,9 @@
-#include "host/libraries/picture_library.h"
+#include "launch/picture_library.h"
 
 #include "launch/program_library.h"
 #include "platform/win/base/wide_text.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 
 Result<PictureForm> pictureForm(const std::filesystem::path& file) {
   const std::wstring end = win::fromUtf8(file.extension().string());
@@ -13,10 +13,10 @@ Result<PictureForm> pictureForm(const std::filesystem::path& file) {
 }
 
 Result<PictureLibrary> loadPictureLibrary() {
-  const auto library = launch::loadProgramExport<decltype(kovraPictureLibrary)>(
+  const auto library = loadProgramExport<decltype(kovraPictureLibrary)>(
       "kovra_picture.so", "kovraPictureLibrary", "no picture can be drawn");
   if (!library) return library.error();
   return *library.value()();
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

@@ -1,8 +1,8 @@
 #pragma once
 
-namespace kovra::host {
+namespace kovra::launch {
 
 /// The version and, where the program was built from a repository, the commit: "0.1.0 (1a2b3c4)".
 const char* versionText();
 
-}  // namespace kovra::host
+}  // namespace kovra::launch

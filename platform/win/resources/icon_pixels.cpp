@@ -1,15 +1,15 @@
-#include "host/picture/icon_pixels.h"
+#include "platform/win/resources/icon_pixels.h"
 
 #include "platform/win/resources/icons.h"
 #include "platform/win/resources/resource_file.h"
 #include "platform/win/resources/resources.h"
 
-namespace kovra::host {
+namespace kovra::win {
 namespace {
 
 /// The number of the image that the group names for a size, else of its first one; 0: none.
-unsigned imageOf(const win::Icon& icon) {
-  win::ByteReader group(win::findResource(icon.module, win::ResourceType::groupIcon, icon.id));
+unsigned imageOf(const Icon& icon) {
+  ByteReader group(findResource(icon.module, ResourceType::groupIcon, icon.id));
   group.skip(4);
   const unsigned count = group.u16();
   unsigned chosen = 0;
@@ -30,9 +30,9 @@ unsigned imageOf(const win::Icon& icon) {
 IconPixels iconPixels(HICON handle) {
   constexpr unsigned kHeader = 40, kBits = 32, kLargest = 256;
   IconPixels image;
-  const win::Icon* icon = win::findIcon(handle);
+  const Icon* icon = findIcon(handle);
   if (icon == nullptr) return image;
-  win::ByteReader bytes(win::findResource(icon->module, win::ResourceType::icon, imageOf(*icon)));
+  ByteReader bytes(findResource(icon->module, ResourceType::icon, imageOf(*icon)));
   const bool known = bytes.u32() == kHeader;
   const unsigned width = bytes.u32();
   const unsigned height = bytes.u32() / 2;
@@ -43,9 +43,9 @@ IconPixels iconPixels(HICON handle) {
   for (unsigned row = height; row-- > 0;)
     for (unsigned column = 0; column < width; ++column) {
       IconPixel& pixel = pixels[std::size_t{row} * width + column];
-      pixel.color.blue = static_cast<std::uint8_t>(bytes.u8());
-      pixel.color.green = static_cast<std::uint8_t>(bytes.u8());
-      pixel.color.red = static_cast<std::uint8_t>(bytes.u8());
+      pixel.blue = static_cast<std::uint8_t>(bytes.u8());
+      pixel.green = static_cast<std::uint8_t>(bytes.u8());
+      pixel.red = static_cast<std::uint8_t>(bytes.u8());
       pixel.opacity = static_cast<std::uint8_t>(bytes.u8());
     }
   if (bytes.failed()) return image;
@@ -53,4 +53,4 @@ IconPixels iconPixels(HICON handle) {
   return image;
 }
 
-}  // namespace kovra::host
+}  // namespace kovra::win

@@ -3,14 +3,15 @@
 #include <cstdint>
 #include <vector>
 
-#include "host/picture/path.h"
 #include "platform/win/base/windows_types.h"
 
-namespace kovra::host {
+namespace kovra::win {
 
 /// A pixel of an icon.
 struct IconPixel {
-  Rgb color;
+  std::uint8_t red = 0;
+  std::uint8_t green = 0;
+  std::uint8_t blue = 0;
   std::uint8_t opacity = 0;  ///< 255 hides what is below
   bool operator==(const IconPixel&) const = default;
 };
@@ -30,4 +31,4 @@ struct IconPixels {
 /// The image of an icon with 32 bits a pixel; without pixels for every other handle.
 IconPixels iconPixels(HICON icon);
 
-}  // namespace kovra::host
+}  // namespace kovra::win

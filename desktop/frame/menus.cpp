@@ -1,0 +1,217 @@
+#include "desktop/frame/menus.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include "desktop/frame/captions.h"
+#include "desktop/frame/icons.h"
+#include "desktop/frame/settings.h"
+#include "desktop/frame/unwinding.h"
+#include "desktop/loop/input_queue.h"
+#include "desktop/loop/texts.h"
+#include "platform/arx/editor/host_api.h"
+#include "platform/win/base/run_settings.h"
+
+namespace kovra::desktop {
+namespace {
+
+namespace editor = arx::host;
+
+struct TextCommand {
+  Caption caption;
+  Icon icon;
+  const wchar_t* name;
+  bool onToolBar = true;
+};
+
+/// The module's commands in the order of the menu.
+constexpr TextCommand kTextCommands[] = {
+    {Caption::kText, Icon::kText, L"KOVRA_TEXT"},
+    {Caption::kTextCountUp, Icon::kTextCountUp, L"KOVRA_TEXT_COUNTUP"},
+    {Caption::kTextAlign, Icon::kTextAlign, L"KOVRA_TEXT_ALIGN"},
+    {Caption::kTextResize, Icon::kTextResize, L"KOVRA_TEXT_RESIZEH"},
+    {Caption::kTextProperties, Icon::kTextProperties, L"KOVRA_TEXT_PROPERTIES"},
+    {Caption::kTextSets, Icon::kTextSets, L"KOVRA_TEXT_EDITPROP"},
+    {Caption::kAttrCopy, Icon::kAttrCopy, L"KOVRA_ATTR_COPY"},
+    {Caption::kAttrCopyAll, Icon::kAttrCopyAll, L"KOVRA_ATTR_COPY_ALL"},
+    {Caption::kAttrCopyLine, Icon::kAttrCopyLine, L"-KOVRA_ATTR_COPY"},
+};
+
+constexpr std::pair<const wchar_t*, Caption> kEditCommands[] = {
+    {L"ERASE", Caption::kErase}, {L"MOVE", Caption::kMove}, {L"CLAYER", Caption::kLayer}};
+
+}  // namespace
+
+struct Menus::Entry {
+  Caption caption;
+  Icon icon = Icon::kNone;
+  QKeySequence keys{};
+  Needs needs = Needs::kNoDialog;
+  bool onToolBar = false;
+};
+
+QString commandTitle(const std::wstring& name) {
+  for (const TextCommand& command : kTextCommands)
+    if (name == command.name) return sayPlain(command.caption);
+  for (const auto& [command, caption] : kEditCommands)
+    if (name == command) return sayPlain(caption);
+  return toQt(name);
+}
+
+Menus::Menus(QMainWindow& window, MenuHands hands) : window_(window), hands_(std::move(hands)) {
+  toolbar_ = window.addToolBar(sayPlain(Caption::kToolBar));
+  toolbar_->setObjectName(QStringLiteral("toolbar"));
+  toolbar_->setIconSize({24, 24});
+  const auto menu = [&window](Caption caption) { return window.menuBar()->addMenu(say(caption)); };
+  fillFile(menu(Caption::kFileMenu));
+  fillEdit(menu(Caption::kEditMenu));
+  fillView(menu(Caption::kViewMenu));
+  fillText(menu(Caption::kTextMenu));
+  fillProject(menu(Caption::kProjectMenu));
+  fillHelp(menu(Caption::kHelpMenu));
+}
+
+QAction* Menus::add(QMenu* menu, const Entry& entry, std::function<void()> act) {
+  QAction* action = menu->addAction(drawnIcon(entry.icon), say(entry.caption));
+  action->setShortcut(entry.keys);
+  action->setToolTip(sayPlain(entry.caption));
+  QObject::connect(action, &QAction::triggered, action, [act] { inputQueue().add(act); });
+  needs_.emplace_back(action, entry.needs);
+  if (entry.onToolBar) toolbar_->addAction(action);
+  return action;
+}
+
+void Menus::addCommand(QMenu* menu, const Entry& entry, const wchar_t* command) {
+  QAction* action = add(menu, entry, [command] { runCommand(command); });
+  action->setObjectName(toQt(command));
+  action->setToolTip(action->toolTip() + QStringLiteral(" (%1)").arg(toQt(command)));
+}
+
+void Menus::addRecent(QMenu* menu, bool projects) {
+  QMenu* recent =
+      menu->addMenu(say(projects ? Caption::kRecentProjects : Caption::kRecentDrawings));
+  QObject::connect(recent, &QMenu::aboutToShow, recent, [this, recent, projects] {
+    recent->clear();
+    int number = 0;
+    for (const QString& name : recentNames(projects ? Recent::kProjects : Recent::kDrawings)) {
+      QString shown = name;
+      shown.replace(QLatin1Char('&'), QLatin1String("&&"));
+      QAction* action = recent->addAction(QStringLiteral("&%1 %2").arg(++number).arg(shown));
+      action->setEnabled(QFileInfo::exists(name));
+      const auto& open = projects ? hands_.openRecentProject : hands_.openRecent;
+      QObject::connect(action, &QAction::triggered, action,
+                       [&open, name] { inputQueue().add([&open, name] { open(name); }); });
+    }
+  });
+}
+
+void Menus::fillFile(QMenu* menu) {
+  add(menu, {Caption::kNew, Icon::kNew, QKeySequence::New, Needs::kNoDialog, true},
+      hands_.newDrawing);
+  add(menu, {Caption::kOpen, Icon::kOpen, QKeySequence::Open, Needs::kNoDialog, true}, hands_.open);
+  addRecent(menu, false);
+  menu->addSeparator();
+  add(menu, {Caption::kSave, Icon::kSave, QKeySequence::Save, Needs::kDrawing, true}, hands_.save);
+  add(menu,
+      {Caption::kSaveAs, Icon::kNone, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+       Needs::kDrawing},
+      hands_.saveAs);
+  add(menu, {Caption::kSaveAll, Icon::kNone, {}, Needs::kDrawing}, hands_.saveAll);
+  add(menu, {Caption::kPlot, Icon::kPlot, QKeySequence::Print, Needs::kDrawing, true}, hands_.plot);
+  menu->addSeparator();
+  add(menu, {Caption::kClose, Icon::kNone, QKeySequence(Qt::CTRL | Qt::Key_W), Needs::kDrawing},
+      hands_.close);
+  add(menu, {Caption::kQuit, Icon::kNone, QKeySequence(Qt::CTRL | Qt::Key_Q), Needs::kNothing},
+      hands_.quit);
+  toolbar_->addSeparator();
+}
+
+void Menus::fillEdit(QMenu* menu) {
+  undo_ = add(menu, {Caption::kUndo, Icon::kUndo, QKeySequence::Undo, Needs::kDrawing, true},
+              [] { runCommand(L"U"); });
+  redo_ = add(menu, {Caption::kRedo, Icon::kRedo, {}, Needs::kDrawing, true},
+              [] { runCommand(L"REDO"); });
+  redo_->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  undo_->setObjectName(QStringLiteral("undo"));
+  redo_->setObjectName(QStringLiteral("redo"));
+  menu->addSeparator();
+  addCommand(menu, {Caption::kErase, Icon::kErase, QKeySequence::Delete, Needs::kDrawing},
+             L"ERASE");
+  addCommand(menu, {Caption::kMove, Icon::kNone, {}, Needs::kDrawing}, L"MOVE");
+  menu->addSeparator();
+  add(menu, {Caption::kSelectAll, Icon::kNone, QKeySequence::SelectAll, Needs::kDrawing},
+      hands_.selectAll);
+  toolbar_->addSeparator();
+}
+
+void Menus::fillView(QMenu* menu) {
+  view_ = menu;
+  add(menu,
+      {Caption::kExtents, Icon::kExtents, QKeySequence(Qt::CTRL | Qt::Key_0), Needs::kDrawing,
+       true},
+      hands_.extents);
+  if (hands_.zoomWindow)
+    add(menu, {Caption::kZoomWindow, Icon::kNone, {}, Needs::kDrawing}, hands_.zoomWindow);
+  if (hands_.zoomIn) {
+    add(menu, {Caption::kZoomIn, Icon::kZoomIn, QKeySequence::ZoomIn, Needs::kDrawing, true},
+        hands_.zoomIn);
+    add(menu, {Caption::kZoomOut, Icon::kZoomOut, QKeySequence::ZoomOut, Needs::kDrawing, true},
+        hands_.zoomOut);
+  }
+  addCommand(menu, {Caption::kRegenerate, Icon::kNone, {}, Needs::kDrawing}, L"REGEN");
+  menu->addSeparator();
+  QAction* toolbar = toolbar_->toggleViewAction();
+  toolbar->setText(say(Caption::kToolBar));
+  menu->addAction(toolbar);
+  toolbar_->addSeparator();
+}
+
+void Menus::fillText(QMenu* menu) {
+  for (const TextCommand& command : kTextCommands)
+    addCommand(menu, {command.caption, command.icon, {}, Needs::kDrawing, command.onToolBar},
+               command.name);
+  menu->addSeparator();
+  addCommand(menu, {Caption::kOptions, Icon::kOptions, {}, Needs::kDrawing}, L"KOVRA_OPTIONS");
+}
+
+void Menus::fillProject(QMenu* menu) {
+  add(menu, {Caption::kOpenProject, Icon::kOpen, {}, Needs::kNoDialog}, hands_.openProject);
+  addRecent(menu, true);
+  add(menu, {Caption::kCloseProject, Icon::kNone, {}, Needs::kProject}, hands_.closeProject);
+}
+
+void Menus::fillHelp(QMenu* menu) {
+  add(menu, {Caption::kHelpContents, Icon::kHelp, QKeySequence::HelpContents, Needs::kNothing},
+      hands_.help);
+  add(menu, {Caption::kAbout, Icon::kNone, {}, Needs::kNothing}, hands_.about);
+}
+
+void Menus::addPanel(QAction* toggle) {
+  view_->addAction(toggle);
+}
+
+void Menus::refresh() {
+  const bool dialog = editor::topWait().modalOnTop;
+  const bool drawing = !dialog && editor::currentDrawing() != 0;
+  for (const auto& [action, needs] : needs_) {
+    action->setEnabled(needs == Needs::kNothing || (needs == Needs::kNoDialog && !dialog) ||
+                       (needs == Needs::kDrawing && drawing) ||
+                       (needs == Needs::kProject && !win::runSettings().projectFolder.empty()));
+  }
+  const auto nameStep = [drawing](QAction* action, Caption plain, Caption named,
+                                  const std::optional<std::wstring>& step) {
+    action->setEnabled(drawing && step);
+    const bool hasName = step && !step->empty();
+    action->setText(hasName ? say(named).arg(commandTitle(*step)) : say(plain));
+    action->setToolTip(withoutKey(action->text()));
+  };
+  nameStep(undo_, Caption::kUndo, Caption::kUndoNamed, editor::undoName());
+  nameStep(redo_, Caption::kRedo, Caption::kRedoNamed, editor::redoName());
+}
+
+}  // namespace kovra::desktop

@@ -1,0 +1,152 @@
+// Buttons that their program draws: natively by carrying out what it paints.
+#include <QAbstractButton>
+#include <QIcon>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <vector>
+
+#include "desktop/loop/texts.h"
+#include "desktop/mirror/acts.h"
+#include "desktop/mirror/control_mirror.h"
+#include "desktop/mirror/pixmaps.h"
+#include "platform/win/controls/painting.h"
+#include "platform/win/windows/window_api.h"
+
+namespace kovra::desktop {
+namespace {
+
+class PaintedButton : public QAbstractButton {
+ public:
+  PaintedButton(HWND window, QWidget* parent, Scale scale)
+      : QAbstractButton(parent), window_(window), scale_(scale) {
+    setAttribute(Qt::WA_Hover);
+  }
+
+  /// What the window paints, asked for while everything is at rest.
+  void setSteps(std::vector<win::PaintStep> steps) {
+    steps_ = std::move(steps);
+    update();
+  }
+
+ protected:
+  void enterEvent(QEnterEvent* event) override {
+    QAbstractButton::enterEvent(event);
+    addAct(window_, [window = window_] { return win::moveOver(window); });
+  }
+  void leaveEvent(QEvent* event) override {
+    QAbstractButton::leaveEvent(event);
+    addAct(window_, [window = window_] { return win::moveOver(GetParent(window)); });
+  }
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    for (const win::PaintStep& step : steps_) paint(painter, step);
+  }
+
+ private:
+  void paint(QPainter& painter, const win::PaintStep& step);
+  void paintFrame(QPainter& painter, const QRect& place, bool pressed, bool hot);
+
+  HWND window_;
+  Scale scale_;
+  std::vector<win::PaintStep> steps_;
+};
+
+void PaintedButton::paintFrame(QPainter& painter, const QRect& place, bool pressed, bool hot) {
+  QStyleOptionButton option;
+  option.initFrom(this);
+  option.rect = place;
+  option.state.setFlag(QStyle::State_Sunken, pressed || isDown());
+  option.state.setFlag(QStyle::State_Raised, !pressed && !isDown());
+  option.state.setFlag(QStyle::State_MouseOver, hot);
+  option.state.setFlag(QStyle::State_HasFocus, false);
+  style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+}
+
+QPalette::ColorRole roleOf(int color) {
+  switch (color) {
+    case COLOR_WINDOW:
+      return QPalette::Base;
+    case COLOR_WINDOWTEXT:
+      return QPalette::WindowText;
+    case COLOR_HIGHLIGHT:
+    case COLOR_HOTLIGHT:
+      return QPalette::Highlight;
+    case COLOR_BTNSHADOW:
+      return QPalette::Dark;
+    case COLOR_3DLIGHT:
+      return QPalette::Midlight;
+    default:
+      return QPalette::Button;
+  }
+}
+
+void PaintedButton::paint(QPainter& painter, const win::PaintStep& step) {
+  const QRect place = scale_.rect(step.place);
+  switch (step.kind) {
+    case win::PaintStep::Kind::themePart:
+      return paintFrame(painter, place, step.state == PBS_PRESSED, step.state == PBS_HOT);
+    case win::PaintStep::Kind::frame:
+      return paintFrame(painter, place, (step.state & DFCS_PUSHED) != 0, false);
+    case win::PaintStep::Kind::icon: {
+      const QPixmap picture = pixmapOf(step.icon);
+      // Icons keep their own size, in the middle of the room that they are given.
+      QRect room(QPoint(), picture.size());
+      room.moveCenter(place.center());
+      return QIcon(picture).paint(&painter, room, Qt::AlignCenter,
+                                  isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    }
+    case win::PaintStep::Kind::text: {
+      const auto across = (step.format & DT_CENTER) != 0 ? Qt::AlignHCenter : Qt::AlignLeft;
+      const auto down = (step.format & DT_VCENTER) != 0  ? Qt::AlignVCenter
+                        : (step.format & DT_BOTTOM) != 0 ? Qt::AlignBottom
+                                                         : Qt::AlignTop;
+      return style()->drawItemText(&painter, place,
+                                   static_cast<int>(across | down) | Qt::TextShowMnemonic,
+                                   palette(), isEnabled(), toQt(step.text), QPalette::ButtonText);
+    }
+    case win::PaintStep::Kind::fill:
+      if (step.color >= 0) painter.fillRect(place, palette().color(roleOf(step.color)));
+      return;
+    case win::PaintStep::Kind::focus: {
+      QStyleOptionFocusRect option;
+      option.initFrom(this);
+      option.rect = place;
+      return style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+  }
+}
+
+class PaintedMirror : public ControlMirror {
+ public:
+  PaintedMirror(HWND window, PaintedButton* button)
+      : ControlMirror(window, button), button_(button) {
+    button->setFocusPolicy(Qt::TabFocus);
+    QObject::connect(button, &QAbstractButton::pressed,
+                     [window] { addAct(window, [window] { return win::focusControl(window); }); });
+    QObject::connect(button, &QAbstractButton::clicked,
+                     [window] { addAct(window, [window] { return win::clickControl(window); }); });
+  }
+  void update(const win::ControlListing& listing) override {
+    button_->setText(toQt(listing.text));
+    button_->setSteps(win::paintWindow(window()));
+  }
+  win::ControlListing shown() const override {
+    win::ControlListing listing;
+    listing.text = fromQt(button_->text());
+    return listing;
+  }
+
+ private:
+  PaintedButton* button_;
+};
+
+}  // namespace
+
+MadeControl makePaintedButton(const win::ControlListing& listing, QWidget* parent, Scale scale) {
+  return std::make_unique<PaintedMirror>(listing.window,
+                                         new PaintedButton(listing.window, parent, scale));
+}
+
+}  // namespace kovra::desktop

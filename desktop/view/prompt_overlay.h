@@ -1,0 +1,64 @@
+// What is painted over the drawing: the selection, what is dragged, rubber bands.
+#pragma once
+#include <QImage>
+#include <QPainter>
+#include <optional>
+#include <vector>
+
+#include "desktop/view/display_list.h"
+#include "desktop/view/glyph_masks.h"
+#include "desktop/view/snaps.h"
+#include "desktop/view/view_frame.h"
+#include "platform/arx/editor/host/prompt_view.h"
+
+namespace kovra::desktop {
+
+/// Keeps what the prompt that waits shows, as it was when everything was at rest last.
+class PromptOverlay {
+ public:
+  explicit PromptOverlay(GlyphMasks& glyphs) : glyphs_(glyphs) {}
+
+  /// Asks the editor what its prompt shows, and looks the entities up. `frame` in pixels of the
+  /// screen. True when it has to be painted again. Reads the drawing.
+  bool refresh(const DisplayList* list, const ViewFrame& frame);
+  /// What the list has of entities isn't what it was.
+  void forget() {
+    selection_ = {};
+    drag_ = {};
+  }
+  const arx::host::PromptView& prompt() const { return prompt_; }
+
+  /// In pixels of the screen, as everything here. The band ends at `cursor`.
+  void paint(QPainter& painter, const ViewFrame& frame, std::optional<QPointF> cursor) const;
+
+ private:
+  /// An image of entities in one view.
+  struct Picture {
+    std::vector<dxf::RecordIndex> records;
+    ViewFrame frame;
+    QImage image;
+    bool is(const std::vector<dxf::RecordIndex>& those, const ViewFrame& in) const;
+  };
+  bool refreshSelection(const DisplayList* list, const ViewFrame& frame);
+  bool refreshDrag(const DisplayList* list, const ViewFrame& frame);
+  bool refreshJig(const ViewFrame& frame);
+  QImage picture(const DisplayList& list, const std::vector<dxf::RecordIndex>& records,
+                 const ViewFrame& frame, const QTransform& place, bool selected) const;
+
+  GlyphMasks& glyphs_;
+  arx::host::PromptView prompt_;
+  Picture selection_;
+  Picture drag_;       ///< where the entities stand in the drawing, if it is only moved
+  QPointF dragShift_;  ///< pixels
+  QTransform dragPlace_;
+  Shapes jigged_;
+  ViewFrame jigFrame_;
+  QImage jig_;
+};
+
+/// The box that a window or a crossing selects, or the one that a corner is asked of.
+void paintBox(QPainter& painter, const QRectF& box, bool crossing);
+/// The mark of a snap: a square, an insertion's two squares, a cross.
+void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel);
+
+}  // namespace kovra::desktop

@@ -1,0 +1,36 @@
+#include "platform/arx/editor/host/prompt_view.h"
+
+#include "platform/arx/editor/documents/document_list.h"
+#include "platform/arx/editor/documents/document_session.h"
+#include "platform/arx/editor/picks/drag.h"
+#include "platform/arx/editor/picks/jig.h"
+#include "platform/arx/editor/picks/selection_prompt.h"
+#include "platform/arx/editor/prompts/prompt.h"
+
+namespace kovra::arx::host {
+
+PromptView promptView() {
+  PromptView shown;
+  const AcApDocument* document = DocumentList::instance().current();
+  if (document == nullptr) return shown;
+  const DocumentSession& session = document->session();
+  shown.highlighted.assign(session.highlighted.begin(), session.highlighted.end());
+  shown.selected = session.implied;
+  if (const SelectionSet* selection = activeSelection(); selection != nullptr)
+    shown.selected = selection->members();
+  shown.cursorKnown = session.cursor.known;
+  shown.cursor = session.cursor.effective;
+  const ActivePrompt* prompt = innermostPrompt();
+  if (prompt == nullptr || prompt->document() != document) return shown;
+  const Question& question = prompt->question();
+  shown.kind = question.kind;
+  shown.takesPoints = question.takesPoints;
+  shown.base = question.base;
+  shown.corner = question.kind == WaitKind::kPoint && question.base && !question.ortho;
+  if (question.kind != WaitKind::kDrag) return shown;
+  if (const AcEdJig* jig = activeJig(); jig != nullptr) shown.jigged = jig->entity();
+  if (shown.jigged == nullptr) shown.drag = activeDrag();
+  return shown;
+}
+
+}  // namespace kovra::arx::host

@@ -1,0 +1,52 @@
+// `kovra` with the lines of its scripts played as clicks and keys on native widgets. Where the
+// variable KOVRA_PLAY_REPORT names a file, what was wrong with the widgets goes there, a line for
+// each fault, then how often each act was done.
+#include <QApplication>
+#include <clocale>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+
+#include "host/program/options.h"
+#include "host/subcommands/run_command.h"
+#include "tests/desktop/hands/native_hands.h"
+
+namespace {
+
+using namespace kovra;
+
+/// Hands that say at the end what they met.
+class ReportingHands : public test::NativeHands {
+ public:
+  using NativeHands::NativeHands;
+  ~ReportingHands() override {
+    const char* file = std::getenv("KOVRA_PLAY_REPORT");
+    if (file == nullptr) return;
+    std::ofstream report(file);
+    for (const std::string& fault : faults()) report << "fault " << fault << '\n';
+    for (const auto& [act, count] : counts()) report << act << ' ' << count << '\n';
+  }
+};
+
+/// What Qt says is no output of the program.
+void dropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (std::getenv("KOVRA_PLAY_QT") == nullptr) qInstallMessageHandler(dropMessage);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  int argumentsOfQt = 1;
+  const QApplication application(argumentsOfQt, argv);
+  // Drawings are written with the same numbers everywhere; Qt has set the user's own by now.
+  std::setlocale(LC_NUMERIC, "C");
+  const host::CommandLine line = host::parseCommandLine(argc, argv);
+  if (line.exitStatus) return *line.exitStatus;
+  const int status = host::runDrawingsByHand(line.run, [&line] {
+    win::Interaction::TextSink transcript;
+    if (!line.run.quiet) transcript = [](std::string_view text) { std::cout << text; };
+    return std::make_unique<ReportingHands>(transcript);
+  });
+  std::cout.flush();
+  return status;
+}
