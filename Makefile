@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all setup build install deb demo pictures test corpus bench fuzz tidy format check-format clean
+.PHONY: all setup build install deb demo desktop pictures test corpus bench fuzz tidy format check-format clean
 
 all: build
 
@@ -19,7 +19,7 @@ install: build
 	cmake --build $(BUILD) -j2 --target kovra_manual
 	cmake --install $(BUILD) --prefix "$(PREFIX)" --strip
 
-# build/release/kovra_VERSION_ARCHITECTURE.deb
+# In build/release: kovra_VERSION_ARCHITECTURE.deb, and kovra-desktop_... which needs it and Qt
 deb: build
 	cmake --build $(BUILD) -j2 --target kovra_manual kovra_changelog
 	cd $(BUILD) && cpack
@@ -27,11 +27,18 @@ deb: build
 demo: build
 	tools/demo.sh $(BUILD)
 
+# The window, on a copy of the example project.
+desktop: build
+	rm -rf build/desktop-demo && mkdir -p build/desktop-demo && cp -r examples/panel build/desktop-demo/
+	$(BUILD)/bin/kovra-desktop -p build/desktop-demo/panel --state build/desktop-demo/state.db \
+	  build/desktop-demo/panel/*.dxf
+
 # The pictures in docs/: every dialog in both languages, columns of texts, a sheet of the demo.
 pictures: demo
 	tools/make_pictures.py $(BUILD)/bin/kovra docs/dialogs
 	tools/make_align_pictures.py $(BUILD)/bin/kovra docs/aligning
 	cp build/demo/pictures/terminals-after.svg docs/terminals.svg
+	tools/make_window_picture.py $(BUILD)/bin/kovra-desktop examples/panel docs/desktop.png
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure

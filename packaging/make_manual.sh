@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the manual pages from the program's own help: make_manual.sh PROGRAM FOLDER
+# Makes the manual pages from the programs' own help: make_manual.sh PROGRAM FOLDER
+# That of kovra-desktop comes along when it lies beside the program.
 set -euo pipefail
 program=$(realpath "$1")
 folder=$2
@@ -22,3 +23,6 @@ for subcommand in list check plot diff each; do
   title=$(./kovra "$subcommand" --help | head -1)
   page "kovra-$subcommand" --name="$title" "./kovra $subcommand"
 done
+if [ -x ./kovra-desktop ]; then
+  page kovra-desktop --include="$here/kovra-desktop.h2m" ./kovra-desktop
+fi

@@ -10,7 +10,7 @@ packages=(
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
   python3 python3-ezdxf
   help2man dpkg-dev file
-  qt6-base-dev libboost-dev xvfb
+  qt6-base-dev qt6-translations-l10n libboost-dev xvfb
 )
 
 missing=()

@@ -1,5 +1,6 @@
 #include "desktop/frame/captions.h"
 
+#include <QRegularExpression>
 #include <array>
 
 #include "platform/win/base/run_settings.h"
@@ -89,8 +90,6 @@ constexpr std::array kRows{
                "読み直すと、ここでの変更は失われます。残す場合は別の名前で保存できます。"},
     CaptionRow{kReload, "&Reload", "読み直す(&R)"},
     CaptionRow{kKeep, "&Keep", "残す(&K)"},
-    CaptionRow{kGone, "%1 isn't there any more. Saving writes it anew.",
-               "%1 が見つかりません。保存すると新しく作成されます。"},
     CaptionRow{kRecoverTitle, "Recover drawings", "図面の復元"},
     CaptionRow{kRecoverText,
                "The program ended without saving these drawings. Copies of them were kept:",
@@ -104,8 +103,6 @@ constexpr std::array kRows{
     CaptionRow{kNoHelp, "The help isn't installed.", "ヘルプがインストールされていません。"},
     CaptionRow{kAboutText, "Text tools for electrical drawings in DXF files.",
                "DXF 形式の電気図面のための文字ツールです。"},
-    CaptionRow{kAutosaved, "A copy of %1 was kept.", "%1 のコピーを自動保存しました。"},
-    CaptionRow{kFindText, "Find", "検索"},
 };
 static_assert(kRows.size() == static_cast<std::size_t>(kCount));
 
@@ -119,6 +116,15 @@ QString say(Caption caption) {
   const CaptionRow& row = captionRow(caption);
   const bool japanese = win::runSettings().language == win::Language::japanese;
   return QString::fromUtf8(japanese ? row.japanese : row.english);
+}
+
+QString withoutKey(QString name) {
+  static const QRegularExpression kKey(QStringLiteral("\\(&.\\)|&|\\.\\.\\.$"));
+  return name.remove(kKey);
+}
+
+QString sayPlain(Caption caption) {
+  return withoutKey(say(caption));
 }
 
 }  // namespace kovra::desktop

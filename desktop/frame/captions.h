@@ -77,7 +77,6 @@ enum class Caption {
   kChangedModified,
   kReload,
   kKeep,
-  kGone,
   kRecoverTitle,
   kRecoverText,
   kRecover,
@@ -88,13 +87,14 @@ enum class Caption {
   kMissing,
   kNoHelp,
   kAboutText,
-  kAutosaved,
-  kFindText,
   kCount
 };
 
 /// In the language of this run, see win::runSettings().
 QString say(Caption caption);
+/// Without the access key and the dots of a menu entry: "Save as" of "Save &as...".
+QString withoutKey(QString name);
+QString sayPlain(Caption caption);
 
 /// A row of the table, for tests.
 struct CaptionRow {

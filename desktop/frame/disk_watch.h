@@ -32,6 +32,7 @@ class DiskWatch {
   struct Watched {
     QString file;
     Stamp stamp;
+    bool modified = false;  ///< has unsaved changes
   };
   static Stamp stampOf(const QString& file);
 

@@ -177,8 +177,8 @@ void DrawingFiles::plot() {
 }
 
 void DrawingFiles::chooseProject() {
-  const QString folder = QFileDialog::getExistingDirectory(
-      &window_, say(Caption::kOpenProject).remove(QLatin1Char('&')), usualFolder());
+  const QString folder =
+      QFileDialog::getExistingDirectory(&window_, sayPlain(Caption::kOpenProject), usualFolder());
   if (!folder.isEmpty()) openProject(folder);
 }
 

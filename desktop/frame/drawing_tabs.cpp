@@ -13,6 +13,7 @@ using arx::host::DrawingInfo;
 
 DrawingTabs::DrawingTabs(QWidget* parent, Choose activate, Choose close)
     : QTabBar(parent), activate_(std::move(activate)), close_(std::move(close)) {
+  setObjectName(QStringLiteral("drawings"));
   setDocumentMode(true);
   setTabsClosable(true);
   setExpanding(false);

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QRegularExpression>
 #include <QStyle>
 #include <QTextBrowser>
 #include <QToolBar>
@@ -43,8 +42,7 @@ void showHelp(QWidget* parent) {
   }
   auto* window = new QMainWindow(parent);
   window->setAttribute(Qt::WA_DeleteOnClose);
-  window->setWindowTitle(
-      say(Caption::kHelpMenu).remove(QRegularExpression(QStringLiteral("\\(&.\\)|&"))));
+  window->setWindowTitle(sayPlain(Caption::kHelpMenu));
   auto* browser = new QTextBrowser(window);
   browser->setOpenExternalLinks(true);
   browser->setSource(QUrl::fromLocalFile(firstPage(folder)), QTextDocument::MarkdownResource);
@@ -66,7 +64,7 @@ void showHelp(QWidget* parent) {
 
 void showAbout(QWidget* parent) {
   QMessageBox box(parent);
-  box.setWindowTitle(say(Caption::kAbout).remove(QRegularExpression(QStringLiteral("\\(&.\\)|&"))));
+  box.setWindowTitle(sayPlain(Caption::kAbout));
   box.setIconPixmap(drawnIcon(Icon::kProgram).pixmap(64));
   box.setText(QStringLiteral("<b>Kovra</b> %1").arg(QString::fromUtf8(launch::versionText())));
   box.setInformativeText(say(Caption::kAboutText));

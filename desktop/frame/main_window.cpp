@@ -4,8 +4,10 @@
 #include <QDockWidget>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/frame/autosave.h"
 #include "desktop/frame/captions.h"
@@ -38,6 +40,13 @@ namespace {
 
 /// Raised when the panels change, so that old places aren't taken for them.
 constexpr int kPlacesVersion = 1;
+/// Of the menu's zoom.
+constexpr double kZoomStep = 1.5;
+
+/// Lays an act ready while a wait is being prepared: the timer ends that wait.
+void addLater(InputQueue::Act act) {
+  QTimer::singleShot(0, [act] { inputQueue().add(act); });
+}
 
 QDockWidget* makePanel(QMainWindow& window, QWidget* content, Caption title, const char* name) {
   auto* dock = new QDockWidget(say(title), &window);
@@ -51,7 +60,7 @@ QDockWidget* makePanel(QMainWindow& window, QWidget* content, Caption title, con
 MainWindow::MainWindow() {
   setWindowIcon(drawnIcon(Icon::kProgram));
   setAcceptDrops(true);
-  watch_ = std::make_unique<DiskWatch>([this](DrawingId id) { sayChanged(id); });
+  watch_ = std::make_unique<DiskWatch>([this](DrawingId id) { changed_.push_back(id); });
   files_ = std::make_unique<DrawingFiles>(*this, [this](DrawingId id) { watch_->noteOwn(id); });
   autosave_ = std::make_unique<Autosave>();
   placeParts();
@@ -90,17 +99,21 @@ void MainWindow::placeParts() {
   hands.openProject = [this] { files_->chooseProject(); };
   hands.closeProject = [] { openProject({}); };
   hands.extents = [this] { view_->zoomToExtents(); };
+  hands.zoomIn = [this] { view_->zoomBy(kZoomStep, QRectF(view_->rect()).center()); };
+  hands.zoomOut = [this] { view_->zoomBy(1 / kZoomStep, QRectF(view_->rect()).center()); };
+  hands.zoomWindow = [this] { view_->startZoomWindow(); };
   hands.selectAll = [this] { selectAll(); };
   hands.help = [this] { showHelp(this); };
   hands.about = [this] { showAbout(this); };
   hands.openRecent = [this](const QString& name) { files_->open(name); };
   hands.openRecentProject = [](const QString& name) { openProject(name); };
   menus_ = std::make_unique<Menus>(*this, std::move(hands));
-  status_ = std::make_unique<StatusFields>(*statusBar());
+  status_ = std::make_unique<StatusFields>(*statusBar(), *view_);
 }
 
 void MainWindow::placePanels() {
   commandLine_ = new CommandLine(this);
+  view_->setKeyHandler([this](QKeyEvent* event) { return commandLine_->takeKey(event); });
   QDockWidget* below = makePanel(*this, commandLine_, Caption::kCommandLine, "commandLine");
   addDockWidget(Qt::BottomDockWidgetArea, below);
   project_ = new ProjectPanel(this, [this](const QString& file) { files_->open(file); });
@@ -166,6 +179,7 @@ void MainWindow::refresh() {
   menus_->refresh();
   status_->refresh();
   watch_->follow(drawings);
+  sayChanges();
   autosave_->follow(drawings);
   QStringList open;
   QString title = QStringLiteral("Kovra");
@@ -190,8 +204,8 @@ void MainWindow::noteNew(const std::vector<DrawingInfo>& drawings) {
   // Closing the current drawing leaves none current: the last one follows.
   const bool closed = drawings.size() < drawings_;
   drawings_ = drawings.size();
-  if (activatesNext_ && closed && editor::currentDrawing() == 0 && !drawings.empty())
-    inputQueue().add([this, id = drawings.back().id] { activate(id); });
+  if (closed && editor::currentDrawing() == 0 && !drawings.empty())
+    addLater([this, id = drawings.back().id] { activate(id); });
 }
 
 void MainWindow::activate(DrawingId id) {
@@ -207,6 +221,13 @@ void MainWindow::selectAll() {
   if (!selected) statusBar()->showMessage(QString::fromStdString(selected.error().message), 5000);
 }
 
+/// Asks about files that changed on disk, once no command is in the way.
+void MainWindow::sayChanges() {
+  const editor::Wait wait = editor::topWait();
+  if (changed_.empty() || wait.kind != editor::WaitKind::kIdle || wait.modalOnTop) return;
+  for (const DrawingId id : std::exchange(changed_, {})) addLater([this, id] { sayChanged(id); });
+}
+
 void MainWindow::sayChanged(DrawingId id) {
   const auto drawing = findDrawing(id);
   if (!drawing || !askReload(this, toQt(drawing->title), drawing->modified)) return;
@@ -214,8 +235,10 @@ void MainWindow::sayChanged(DrawingId id) {
 }
 
 void MainWindow::quit() {
+  if (std::exchange(quitting_, true)) return;
   unwindThen([this] {
-    if (!files_->mayQuit()) return;
+    quitting_ = files_->mayQuit();
+    if (!quitting_) return;
     keepPlaces();
     inputQueue().end();
   });
@@ -229,6 +252,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
+    case Qt::Key_F3:
+      return view_->setSnapsToObjects(!view_->snapsToObjects());
     case Qt::Key_F8:
       return status_->toggle(L"ORTHOMODE");
     case Qt::Key_F9:

@@ -32,8 +32,6 @@ class MainWindow : public QMainWindow {
   /// Opens these, or a new drawing when none can be, and offers what a killed run left behind. To
   /// be called once, when the window shows.
   void begin(const std::vector<std::filesystem::path>& drawings);
-  /// False: when the current drawing has been closed, none is current, as without a screen.
-  void setActivatesNext(bool activates) { activatesNext_ = activates; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -52,6 +50,7 @@ class MainWindow : public QMainWindow {
   void activate(arx::host::DrawingId id);
   void selectAll();
   void quit();
+  void sayChanges();
   void sayChanged(arx::host::DrawingId id);
   void offerRecovery();
 
@@ -67,7 +66,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<StatusFields> status_;
   arx::host::DrawingId newest_ = 0;  // of the drawings that were seen
   std::size_t drawings_ = 0;
-  bool activatesNext_ = true;
+  bool quitting_ = false;
+  std::vector<arx::host::DrawingId> changed_;  // on disk, not yet said
 };
 
 }  // namespace kovra::desktop

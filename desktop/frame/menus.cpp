@@ -5,7 +5,6 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QToolBar>
 
 #include "desktop/frame/captions.h"
@@ -45,13 +44,6 @@ constexpr TextCommand kTextCommands[] = {
 constexpr std::pair<const wchar_t*, Caption> kEditCommands[] = {
     {L"ERASE", Caption::kErase}, {L"MOVE", Caption::kMove}, {L"CLAYER", Caption::kLayer}};
 
-/// "&Save as..." as a plain name: "Save as".
-QString plainName(Caption caption) {
-  QString name = say(caption);
-  static const QRegularExpression kJapaneseKey(QStringLiteral("\\(&.\\)|&|\\.\\.\\.$"));
-  return name.remove(kJapaneseKey).remove(kJapaneseKey);
-}
-
 }  // namespace
 
 struct Menus::Entry {
@@ -64,14 +56,14 @@ struct Menus::Entry {
 
 QString commandTitle(const std::wstring& name) {
   for (const TextCommand& command : kTextCommands)
-    if (name == command.name) return plainName(command.caption);
+    if (name == command.name) return sayPlain(command.caption);
   for (const auto& [command, caption] : kEditCommands)
-    if (name == command) return plainName(caption);
+    if (name == command) return sayPlain(caption);
   return toQt(name);
 }
 
 Menus::Menus(QMainWindow& window, MenuHands hands) : window_(window), hands_(std::move(hands)) {
-  toolbar_ = window.addToolBar(say(Caption::kToolBar).remove(QLatin1Char('&')));
+  toolbar_ = window.addToolBar(sayPlain(Caption::kToolBar));
   toolbar_->setObjectName(QStringLiteral("toolbar"));
   toolbar_->setIconSize({24, 24});
   const auto menu = [&window](Caption caption) { return window.menuBar()->addMenu(say(caption)); };
@@ -86,7 +78,7 @@ Menus::Menus(QMainWindow& window, MenuHands hands) : window_(window), hands_(std
 QAction* Menus::add(QMenu* menu, const Entry& entry, std::function<void()> act) {
   QAction* action = menu->addAction(drawnIcon(entry.icon), say(entry.caption));
   action->setShortcut(entry.keys);
-  action->setToolTip(plainName(entry.caption));
+  action->setToolTip(sayPlain(entry.caption));
   QObject::connect(action, &QAction::triggered, action, [act] { inputQueue().add(act); });
   needs_.emplace_back(action, entry.needs);
   if (entry.onToolBar) toolbar_->addAction(action);
@@ -145,6 +137,8 @@ void Menus::fillEdit(QMenu* menu) {
               [] { runCommand(L"REDO"); });
   redo_->setShortcuts(
       {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  undo_->setObjectName(QStringLiteral("undo"));
+  redo_->setObjectName(QStringLiteral("redo"));
   menu->addSeparator();
   addCommand(menu, {Caption::kErase, Icon::kErase, QKeySequence::Delete, Needs::kDrawing},
              L"ERASE");
@@ -214,7 +208,7 @@ void Menus::refresh() {
     action->setEnabled(drawing && step);
     const bool hasName = step && !step->empty();
     action->setText(hasName ? say(named).arg(commandTitle(*step)) : say(plain));
-    action->setToolTip(action->text().remove(QRegularExpression(QStringLiteral("\\(&.\\)|&"))));
+    action->setToolTip(withoutKey(action->text()));
   };
   nameStep(undo_, Caption::kUndo, Caption::kUndoNamed, editor::undoName());
   nameStep(redo_, Caption::kRedo, Caption::kRedoNamed, editor::redoName());

@@ -66,9 +66,7 @@ Recovery askRecovery(QWidget* parent, const QStringList& drawings) {
 }
 
 void tellFailure(QWidget* parent, const QString& what, const std::string& why) {
-  QMessageBox box(QMessageBox::Critical, say(Caption::kAbout).remove(QLatin1Char('&')), what,
-                  QMessageBox::Ok, parent);
-  box.setWindowTitle(QStringLiteral("Kovra"));
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("Kovra"), what, QMessageBox::Ok, parent);
   box.setInformativeText(QString::fromStdString(why));
   box.exec();
 }

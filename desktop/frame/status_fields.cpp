@@ -9,10 +9,11 @@
 #include "desktop/frame/captions.h"
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
+#include "desktop/view/drawing_view.h"
+#include "platform/arx/database/database.h"
 #include "platform/arx/editor/documents/document_list.h"
-#include "platform/arx/editor/documents/document_session.h"
-#include "platform/arx/editor/documents/ucs.h"
 #include "platform/arx/editor/host_api.h"
+#include "platform/dxf/record_store.h"
 #include "platform/win/base/interaction.h"
 
 namespace kovra::desktop {
@@ -29,22 +30,32 @@ void setLater(const wchar_t* variable, const std::wstring& value) {
   });
 }
 
-/// The cursor in the current UCS with four places, as the coordinates of drawings are shown.
-QString cursorText() {
-  const AcApDocument* document = arx::DocumentList::instance().current();
-  if (document == nullptr || !document->session().cursor.known) return {};
-  const AcGePoint3d point = arx::toUcs(*document, document->session().cursor.point);
-  return QStringLiteral("%1, %2").arg(point.x, 0, 'f', 4).arg(point.y, 0, 'f', 4);
-}
-
 std::wstring valueOf(const wchar_t* variable) {
   const Result<std::wstring> value = editor::variable(variable);
   return value ? value.value() : std::wstring();
 }
 
+/// Differs when the layer table may: another drawing, other records, another step done or undone.
+std::wstring tableState() {
+  const AcApDocument* document = arx::DocumentList::instance().current();
+  if (document == nullptr) return {};
+  return std::to_wstring(document->serial()) + L' ' +
+         std::to_wstring(document->database()->store().count()) + L' ' +
+         editor::undoName().value_or(L"-") + L' ' + editor::redoName().value_or(L"-");
+}
+
 }  // namespace
 
-StatusFields::StatusFields(QStatusBar& bar) {
+QToolButton* StatusFields::addSwitch(QStatusBar& bar, const QString& text) {
+  auto* button = new QToolButton(&bar);
+  button->setText(text);
+  button->setCheckable(true);
+  button->setAutoRaise(true);
+  bar.addPermanentWidget(button);
+  return button;
+}
+
+StatusFields::StatusFields(QStatusBar& bar, DrawingView& view) : view_(view) {
   coordinates_ = new QLabel(&bar);
   coordinates_->setObjectName(QStringLiteral("coordinates"));
   coordinates_->setMinimumWidth(
@@ -53,15 +64,18 @@ StatusFields::StatusFields(QStatusBar& bar) {
   constexpr std::pair<Caption, const wchar_t*> kModes[] = {{Caption::kOrtho, L"ORTHOMODE"},
                                                            {Caption::kSnap, L"SNAPMODE"}};
   for (const auto& [caption, variable] : kModes) {
-    auto* button = new QToolButton(&bar);
-    button->setText(say(caption));
-    button->setCheckable(true);
-    button->setAutoRaise(true);
+    QToolButton* button = addSwitch(bar, say(caption));
     QObject::connect(button, &QToolButton::clicked, button,
                      [this, name = variable] { toggle(name); });
-    bar.addPermanentWidget(button);
     switches_.push_back({button, variable});
   }
+  snaps_ = addSwitch(bar, say(Caption::kObjectSnaps));
+  QObject::connect(snaps_, &QToolButton::clicked, snaps_,
+                   [this](bool on) { view_.setSnapsToObjects(on); });
+  // As the coordinates of drawings are shown, with four places.
+  view_.setCursorWatcher([this](const AcGePoint3d& point) {
+    coordinates_->setText(QStringLiteral("%1, %2").arg(point.x, 0, 'f', 4).arg(point.y, 0, 'f', 4));
+  });
   layers_ = new QComboBox(&bar);
   layers_->setObjectName(QStringLiteral("layers"));
   layers_->setToolTip(say(Caption::kLayer));
@@ -84,7 +98,7 @@ void StatusFields::toggle(const wchar_t* variable) {
 
 void StatusFields::refresh() {
   const bool open = editor::currentDrawing() != 0;
-  if (const QString text = cursorText(); coordinates_->text() != text) coordinates_->setText(text);
+  snaps_->setChecked(view_.snapsToObjects());
   for (const Switch& mode : switches_) {
     mode.button->setEnabled(open);
     mode.button->setChecked(open && valueOf(mode.variable) != L"0");
@@ -93,19 +107,20 @@ void StatusFields::refresh() {
   const QString scale = open ? QStringLiteral("1:%1").arg(toQt(valueOf(L"DIMSCALE"))) : QString();
   if (scale_->text() != scale) scale_->setText(scale);
   // An open list stays as it is while the user looks at it.
-  if (!layers_->view()->isVisible())
-    showLayers(editor::namesOf(editor::NameKind::kLayer), valueOf(L"CLAYER"));
+  if (layers_->view()->isVisible()) return;
+  if (std::wstring state = tableState(); state != shownState_) {
+    shownState_ = std::move(state);
+    showLayers(editor::namesOf(editor::NameKind::kLayer));
+  }
+  const int index = layers_->findText(toQt(valueOf(L"CLAYER")), Qt::MatchFixedString);
+  if (layers_->currentIndex() != index) layers_->setCurrentIndex(index);
 }
 
-void StatusFields::showLayers(const std::vector<std::wstring>& layers,
-                              const std::wstring& current) {
-  if (layers != shownLayers_) {
-    shownLayers_ = layers;
-    layers_->clear();
-    for (const std::wstring& layer : layers) layers_->addItem(toQt(layer));
-  }
-  const int index = layers_->findText(toQt(current), Qt::MatchFixedString);
-  if (layers_->currentIndex() != index) layers_->setCurrentIndex(index);
+void StatusFields::showLayers(const std::vector<std::wstring>& layers) {
+  if (layers == shownLayers_) return;
+  shownLayers_ = layers;
+  layers_->clear();
+  for (const std::wstring& layer : layers) layers_->addItem(toQt(layer));
 }
 
 }  // namespace kovra::desktop

@@ -1,5 +1,6 @@
 // The fields of the status bar.
 #pragma once
+#include <QString>
 #include <string>
 #include <vector>
 
@@ -10,11 +11,13 @@ class QToolButton;
 
 namespace kovra::desktop {
 
+class DrawingView;
+
 /// Coordinates of the cursor in the UCS, the current layer, the scale of dimensions, and switches
 /// of modes, of the current drawing.
 class StatusFields {
  public:
-  explicit StatusFields(QStatusBar& bar);
+  StatusFields(QStatusBar& bar, DrawingView& view);
   void refresh();
   /// Turns a mode such as ORTHOMODE off or on; lays that ready.
   void toggle(const wchar_t* variable);
@@ -24,13 +27,17 @@ class StatusFields {
     QToolButton* button;
     const wchar_t* variable;
   };
-  void showLayers(const std::vector<std::wstring>& layers, const std::wstring& current);
+  QToolButton* addSwitch(QStatusBar& bar, const QString& text);
+  void showLayers(const std::vector<std::wstring>& layers);
 
+  DrawingView& view_;
+  QToolButton* snaps_ = nullptr;
   QLabel* coordinates_ = nullptr;
   QLabel* scale_ = nullptr;
   QComboBox* layers_ = nullptr;
   std::vector<Switch> switches_;
   std::vector<std::wstring> shownLayers_;
+  std::wstring shownState_;
 };
 
 }  // namespace kovra::desktop

@@ -1,6 +1,7 @@
 // Getting out of prompts and dialogs before something that needs the idle host.
 #pragma once
 #include <functional>
+#include <string>
 
 namespace kovra::desktop {
 

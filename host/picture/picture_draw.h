@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "host/picture/canvas.h"
-#include "host/program/options.h"
+#include "launch/picture_library.h"
 #include "platform/arx/geometry/gi.h"
 
 namespace kovra::host {

@@ -36,6 +36,17 @@ class PackagingTest(unittest.TestCase):
                 for option in options:
                     self.assertIn(option, text, page)
 
+    def test_manual_page_of_the_window(self):
+        window = PROGRAM.with_name("kovra-desktop")
+        if not window.exists():
+            self.skipTest("it is built only where Qt is installed")
+        with tempfile.TemporaryDirectory() as folder:
+            subprocess.run([PACKAGING / "make_manual.sh", PROGRAM, folder], check=True)
+            text = gzip.open(Path(folder) / "kovra-desktop.1.gz", "rt").read().replace("\\-", "-")
+            usage = subprocess.run([window, "--help"], check=True, capture_output=True, text=True).stdout
+            for option in re.findall(r"--[a-z][a-z-]*", usage):
+                self.assertIn(option, text)
+
     def test_completions(self):
         for name in ("kovra.bash", "_kovra"):
             text = (PACKAGING / name).read_text()
