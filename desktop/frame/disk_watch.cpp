@@ -22,7 +22,8 @@ bool differs(DrawingId id, const QString& name) {
   QFile file(name);
   if (!file.open(QIODevice::ReadOnly)) return true;
   const std::string bytes = document->database()->store().toBytes();
-  return file.size() != static_cast<qint64>(bytes.size()) || file.readAll() != bytes;
+  return file.size() != static_cast<qint64>(bytes.size()) ||
+         file.readAll() != QByteArray::fromRawData(bytes.data(), file.size());
 }
 
 }  // namespace
