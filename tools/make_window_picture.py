@@ -64,7 +64,7 @@ def main():
         try:
             drawings = sorted(str(p) for p in Path(folder, "panel").glob("*.dxf"))
             window = subprocess.Popen(
-                [program, "-p", f"{folder}/panel", "--state", f"{folder}/state.db", "--language", "en", *extra, *drawings],
+                [program, "-p", f"{folder}/panel", "--state", f"{folder}/state.db", *(extra or ["--language", "en"]), *drawings],
                 env={**os.environ, "DISPLAY": f":{display}", "QT_QPA_PLATFORM": "xcb"},
             )
             time.sleep(seconds)

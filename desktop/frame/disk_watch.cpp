@@ -53,10 +53,12 @@ void DiskWatch::follow(const std::vector<DrawingInfo>& drawings) {
       now.insert(watched_.extract(known));
     } else {
       now.insert({drawing.id, {file, stampOf(file), drawing.modified}});
-      watcher_.addPath(file);
     }
   }
+  // A drawing that was read again has its file from one that is gone.
   for (const auto& [id, gone] : watched_) watcher_.removePath(gone.file);
+  for (const auto& [id, watched] : now)
+    if (!watcher_.files().contains(watched.file)) watcher_.addPath(watched.file);
   watched_ = std::move(now);
 }
 

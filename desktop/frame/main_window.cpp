@@ -183,14 +183,16 @@ void MainWindow::refresh() {
   autosave_->follow(drawings);
   QStringList open;
   QString title = QStringLiteral("Kovra");
+  bool modified = false;
   for (const DrawingInfo& drawing : drawings) {
     if (!drawing.file.empty())
       open.append(QString::fromStdString(std::filesystem::absolute(drawing.file).string()));
     if (drawing.id != editor::currentDrawing()) continue;
     title = toQt(drawing.title) + QStringLiteral("[*] - Kovra");
-    setWindowModified(drawing.modified);
+    modified = drawing.modified;
   }
   setWindowTitle(title);
+  if (editor::currentDrawing() != 0) setWindowModified(modified);
   project_->refresh(open);
 }
 

@@ -83,8 +83,14 @@ Step type(const char* line) {
   };
 }
 
-Step press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-  return [key, modifiers](MainWindow& window) { QTest::keyClick(&window.view(), key, modifiers); };
+Played press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  return Until{[key, modifiers](MainWindow& window) {
+    // Without a screen nobody gives the window back its turn after a message box.
+    window.activateWindow();
+    if (!window.isActiveWindow() || QApplication::activeModalWidget() != nullptr) return false;
+    QTest::keyClick(&window.view(), key, modifiers);
+    return true;
+  }};
 }
 
 QAction* actionOf(MainWindow& window, const char* name) {
@@ -131,6 +137,7 @@ class FrameTest : public ::testing::Test {
     owner_ = given == nullptr;
     ::setenv("KOVRA_FRAME_FOLDER", folder_.c_str(), 1);
     if (!owner_) return;
+    write("project.ini", "[Project]\nDataVersion=12.0\n");
     write("a.dxf", textDrawing());
     write("b.dxf", motorDrawing());
   }
@@ -150,6 +157,7 @@ class FrameTest : public ::testing::Test {
   launch::ProgramOptions options(const std::vector<std::string>& drawings) const {
     launch::ProgramOptions options;
     for (const std::string& name : drawings) options.drawings.push_back(path(name));
+    options.project = folder_;
     options.stateStore = path("state.db");
     options.language = "en";
     return options;
