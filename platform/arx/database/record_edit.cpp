@@ -23,9 +23,10 @@ bool isData(const dxf::RecordDraft& draft, std::size_t group) {
 /// not.
 std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
   for (std::size_t i = 1; i < draft.size(); ++i) {
-    if (!isData(draft, i)) continue;
-    if (draft.code(i) == code) return i;
-    if (draft.code(i) == kMarker && draft.text(i) != kEntityPart) return dxf::kNoGroup;
+    const int here = draft.code(i);
+    if ((here != code && here != kMarker) || !isData(draft, i)) continue;
+    if (here == code) return i;
+    if (draft.text(i) != kEntityPart) return dxf::kNoGroup;
   }
   return dxf::kNoGroup;
 }

@@ -10,7 +10,8 @@ namespace kovra::arx {
 /// alignment point that is missing. A text that is again as the file has it gets the file's
 /// position again, whatever font was measured there. Aligned and fitted texts keep their two
 /// points. Says whether something changed.
-bool alignText(RecordEdit& edit, const AcDbDatabase& database);
+/// @param record whose groups are edited; above all others for one that the database hasn't yet
+bool alignText(RecordEdit& edit, const AcDbDatabase& database, dxf::RecordIndex record);
 
 /// Puts an alignment point that nothing hangs on back to where the file has it, if a change of the
 /// position alone has brought its text back there: what moves the text moves both. Says whether

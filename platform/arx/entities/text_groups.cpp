@@ -24,6 +24,11 @@ AcDb::TextHorzMode horizontalOf(std::int64_t mode) {
                                              : AcDb::kTextLeft;
 }
 
+AcDb::TextVertMode verticalOf(std::int64_t mode) {
+  return mode >= 0 && mode <= AcDb::kTextTop ? static_cast<AcDb::TextVertMode>(mode)
+                                             : AcDb::kTextBase;
+}
+
 }  // namespace
 
 AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
@@ -31,9 +36,7 @@ AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
 }
 
 AcDb::TextVertMode textVerticalMode(const dxf::RecordDraft& draft) {
-  const std::int64_t mode = readInteger(draft, verticalModeProperty(draft.kind()), 0);
-  return mode >= 0 && mode <= AcDb::kTextTop ? static_cast<AcDb::TextVertMode>(mode)
-                                             : AcDb::kTextBase;
+  return verticalOf(readInteger(draft, verticalModeProperty(draft.kind()), 0));
 }
 
 AcGeVector3d textNormal(const dxf::RecordDraft& draft) {
@@ -69,6 +72,7 @@ struct PlacementGroups {
   std::size_t oblique = dxf::kNoGroup;
   std::size_t flags = dxf::kNoGroup;
   std::size_t horizontal = dxf::kNoGroup;
+  std::size_t vertical = dxf::kNoGroup;  ///< of TEXT; elsewhere 73 means something else
 
   std::size_t* of(int code) {
     switch (code) {
@@ -88,6 +92,8 @@ struct PlacementGroups {
         return &flags;
       case 72:
         return &horizontal;
+      case 73:
+        return &vertical;
       default:
         return nullptr;
     }
@@ -144,7 +150,9 @@ TextShape textShape(const dxf::RecordDraft& draft) {
   shape.mirroredInX = (flags & kMirroredInX) != 0;
   shape.mirroredInY = (flags & kMirroredInY) != 0;
   shape.horizontal = horizontalOf(integerAt(draft, groups.horizontal));
-  shape.verticalMode = textVerticalMode(draft);
+  shape.verticalMode = draft.kind() == dxf::RecordKind::kText
+                           ? verticalOf(integerAt(draft, groups.vertical))
+                           : textVerticalMode(draft);
   const double elevation = readReal(draft, {kEntityPart, 38}, 0);
   const auto point = [&](std::size_t group) {
     AcGePoint3d found = group == dxf::kNoGroup ? AcGePoint3d() : pointAt(draft, group);
@@ -197,13 +205,33 @@ bool sameBetweenPoints(const dxf::RecordDraft& a, const dxf::RecordDraft& b) {
          readBytes(a, kTextStyle) == readBytes(b, kTextStyle);
 }
 
+namespace {
+
+/// Where a text stands, in world coordinates: the alignment point where it uses one, else the
+/// position.
+struct TextAnchor {
+  AcGePoint3d point;
+  AcGePoint3d position;
+};
+
 TextAnchor textAnchor(const dxf::RecordDraft& draft) {
   const bool aligned = usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
-  return {textPoint(draft, aligned ? kTextAlignment : kTextPosition),
-          textPoint(draft, kTextPosition), readReal(draft, kTextHeight, 0), textRotation(draft)};
+  const AcGeVector3d normal = textNormal(draft);
+  const AcGePoint3d position = ocsToWcs(textPoint(draft, kTextPosition), normal);
+  return {aligned ? ocsToWcs(textPoint(draft, kTextAlignment), normal) : position, position};
 }
 
-namespace {
+/// The attachment of several lines that stand where a text's modes put its one line. The lowest
+/// base is the bottom of several lines, so the base line stands for it.
+int attachmentOfModes(const dxf::RecordDraft& draft) {
+  constexpr int kMiddleCenter = 5;
+  const AcDb::TextHorzMode horizontal = textHorizontalMode(draft);
+  const AcDb::TextVertMode vertical = textVerticalMode(draft);
+  if (horizontal == AcDb::kTextMid) return kMiddleCenter;
+  const int column = horizontal <= AcDb::kTextRight ? horizontal : 0;
+  const int row = vertical == AcDb::kTextBase ? 2 : AcDb::kTextTop - vertical;
+  return 3 * row + column + 1;
+}
 
 /// A point of an embedded object: its three groups, and where it is.
 struct EmbeddedPoint {
@@ -246,34 +274,64 @@ void syncRotation(dxf::RecordDraft& draft, double before, double after) {
   draft.setReal(group, radians ? after : degreesOf(after));
 }
 
+/// What both have and what was equal stays equal.
+void syncForm(dxf::RecordDraft& draft, const dxf::RecordDraft& before) {
+  const std::size_t height = draft.findIn(draft.embedded(), 40);
+  if (height != dxf::kNoGroup && draft.real(height) == readReal(before, kTextHeight, 0))
+    draft.setReal(height, readReal(draft, kTextHeight, 0));
+  const std::size_t style = draft.findIn(draft.embedded(), 7);
+  const std::size_t present = findProperty(draft, kTextStyle);
+  if (style != dxf::kNoGroup && present != dxf::kNoGroup &&
+      draft.text(style) == readBytes(before, kTextStyle))
+    draft.setText(style, std::string(draft.text(present)));
+}
+
+/// An attachment that is missing is the top left one. Says whether the modes decide it anew; one
+/// that was changed with them stays.
+bool syncAttachment(dxf::RecordDraft& draft, const dxf::RecordDraft& before) {
+  constexpr int kAttachment = 71;
+  const int wanted = attachmentOfModes(draft);
+  const std::size_t group = draft.findIn(draft.embedded(), kAttachment);
+  const std::size_t former = before.findIn(before.embedded(), kAttachment);
+  const bool isGiven = draft.integer(group) != before.integer(former);
+  if (attachmentOfModes(before) == wanted || before.embedded().empty() || isGiven) return false;
+  if (group == dxf::kNoGroup) {
+    draft.insertInteger(draft.embedded().end, kAttachment, wanted);
+  } else {
+    draft.setInteger(group, wanted);
+  }
+  return true;
+}
+
 }  // namespace
 
-void syncEmbedded(dxf::RecordDraft& draft, const TextAnchor& before) {
+void syncEmbedded(dxf::RecordDraft& draft, const dxf::RecordDraft& before) {
   if (draft.embedded().empty()) return;
+  syncForm(draft, before);
+  const double formerRotation = textRotation(before);
+  const double rotation = textRotation(draft);
+  syncRotation(draft, formerRotation, rotation);
+  const TextAnchor former = textAnchor(before);
   const TextAnchor now = textAnchor(draft);
-  const std::size_t height = draft.findIn(draft.embedded(), 40);
-  if (height != dxf::kNoGroup && draft.real(height) == before.height)
-    draft.setReal(height, now.height);
-  syncRotation(draft, before.rotation, now.rotation);
+  const bool isAttachedAnew = syncAttachment(draft, before);
   // Writers differ in which of the two is the place and which the direction.
   for (const int code : {10, 11}) {
     const EmbeddedPoint place = embeddedPoint(draft, code);
     if (!place.exists()) continue;
-    if (place.isNear(before.point) || place.isNear(before.position)) {
-      setEmbeddedPoint(draft, place, place.point + (now.point - before.point));
-    } else if (place.isNear(direction(before.rotation)) && before.rotation != now.rotation) {
-      setEmbeddedPoint(draft, place, direction(now.rotation));
+    if (place.isNear(former.point) || place.isNear(former.position)) {
+      const AcGePoint3d moved = place.point + (now.point - former.point);
+      setEmbeddedPoint(draft, place, isAttachedAnew ? now.point : moved);
+    } else if (place.isNear(direction(formerRotation)) && formerRotation != rotation) {
+      setEmbeddedPoint(draft, place, direction(rotation));
     }
   }
 }
 
 int embeddedPlaceCode(const dxf::RecordDraft& draft) {
   const TextAnchor anchor = textAnchor(draft);
-  const AcGeVector3d normal = textNormal(draft);
   const auto isPlace = [&](int code) {
     const EmbeddedPoint point = embeddedPoint(draft, code);
-    return point.exists() && (point.isNear(ocsToWcs(anchor.point, normal)) ||
-                              point.isNear(ocsToWcs(anchor.position, normal)));
+    return point.exists() && (point.isNear(anchor.point) || point.isNear(anchor.position));
   };
   return isPlace(11) && !isPlace(10) ? 11 : 10;
 }

@@ -53,17 +53,11 @@ bool sameBetweenPoints(const dxf::RecordDraft& a, const dxf::RecordDraft& b);
 bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b);
 bool isFinite(const AcGePoint3d& point);
 
-/// Where a text stands and how: the alignment point where it uses one, else the position.
-struct TextAnchor {
-  AcGePoint3d point;
-  AcGePoint3d position;
-  double height = 0;
-  double rotation = 0;
-};
-TextAnchor textAnchor(const dxf::RecordDraft& draft);
-/// Brings the copies of height, rotation and place that a multi-line attribute's embedded object
-/// has in step with the attribute, which was at `before`. Nothing without an embedded object.
-void syncEmbedded(dxf::RecordDraft& draft, const TextAnchor& before);
+/// Brings what a multi-line attribute's embedded object repeats in step with the attribute: height,
+/// style, rotation, place, and the attachment where the attribute's modes changed. Nothing without
+/// an embedded object.
+/// @param before the record before the change
+void syncEmbedded(dxf::RecordDraft& draft, const dxf::RecordDraft& before);
 /// Code of the x of the embedded object's place, which is in world coordinates; the other one of 10
 /// and 11 is its direction.
 int embeddedPlaceCode(const dxf::RecordDraft& draft);

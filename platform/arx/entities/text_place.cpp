@@ -197,16 +197,17 @@ void AcDbText::subAppend(const AcDbDatabase& target) {
 void AcDbText::subClose() {
   if (!placeChanged_) return;
   placeChanged_ = false;
-  apply([&](RecordEdit& edit) { return alignText(edit, *database()); });
-  const bool unusedPoint = isDefaultAlignment() && numbers().hasAlignment;
+  apply([&](RecordEdit& edit) { return alignText(edit, *database(), recordIndex()); });
+  // One group is looked up here: all numbers of a text cost more than the rest of its change.
+  const bool hasPoint = findProperty(groups(), kTextAlignment) != dxf::kNoGroup;
+  const bool unusedPoint = hasPoint && isDefaultAlignment();
   if (!unusedPoint && groups().embedded().empty()) return;
   dxf::RecordDraft before;
   database()->store().load(recordIndex(), before);
   if (unusedPoint) apply([&](RecordEdit& edit) { return restoreUnusedPoint(edit, before); });
   if (groups().embedded().empty()) return;
-  const TextAnchor anchor = textAnchor(before);
   apply([&](RecordEdit& edit) {
-    syncEmbedded(edit.draft(), anchor);
+    syncEmbedded(edit.draft(), before);
     return true;
   });
 }
