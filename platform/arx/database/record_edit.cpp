@@ -164,9 +164,15 @@ std::optional<std::string_view> scanText(std::string_view record, const dxf::Dia
   return scan(dxf::AsciiReader(record), property, false);
 }
 
+std::string_view RecordEdit::originalBytes() const {
+  if (store_ == nullptr || record_ >= store_->originalCount()) return {};
+  return store_->originalBytes(record_);
+}
+
 bool RecordEdit::loadOriginal(dxf::RecordDraft& draft) const {
-  if (store_ == nullptr || record_ >= store_->originalCount()) return false;
-  draft.decode(store_->originalBytes(record_), store_->dialect());
+  const std::string_view bytes = originalBytes();
+  if (bytes.empty()) return false;
+  draft.decode(bytes, store_->dialect());
   return true;
 }
 

@@ -38,16 +38,15 @@ bool sameButForRounding(const AcGePoint3d& a, const AcGePoint3d& b) {
 
 /// False when a look at the file's record, which needn't be decoded for it, tells that a text is
 /// neither as there nor at the place that it has there.
-bool mayBeAsInFile(double height, const AcGePoint3d& position, const AcDbDatabase& database,
-                   dxf::RecordIndex record) {
-  const dxf::RecordStore& store = database.store();
-  if (record >= store.originalCount()) return false;
-  const std::string_view file = store.originalBytes(record);
-  const auto storedHeight = scanText(file, store.dialect(), kTextHeight);
-  const auto storedX = scanText(file, store.dialect(), kTextPosition);
+bool mayBeAsInFile(RecordEdit& edit, double height, const AcGePoint3d& position) {
+  const std::string_view file = edit.originalBytes();
+  if (file.empty()) return false;
+  const dxf::Dialect& dialect = edit.draft().dialect();
+  const auto storedHeight = scanText(file, dialect, kTextHeight);
+  const auto storedX = scanText(file, dialect, kTextPosition);
   if (!storedHeight || !storedX) return true;
   const auto real = [&](Property property, std::string_view value) {
-    return dxf::decodeReal(store.dialect(), property.code, value);
+    return dxf::decodeReal(dialect, property.code, value);
   };
   return real(kTextHeight, *storedHeight) == height ||
          sameButForRounding(real(kTextPosition, *storedX), position.x);
@@ -55,17 +54,19 @@ bool mayBeAsInFile(double height, const AcGePoint3d& position, const AcDbDatabas
 
 }  // namespace
 
-bool alignText(RecordEdit& edit, const AcDbDatabase& database, dxf::RecordIndex record) {
-  const AcDb::TextHorzMode mode = textHorizontalMode(edit.draft());
-  if (!usesAlignmentPoint(mode, textVerticalMode(edit.draft()))) return false;
-  const bool isMissing = findProperty(edit.draft(), kTextAlignment) == dxf::kNoGroup;
-  bool changed = isMissing && edit.setPoint(kTextAlignment, textPoint(edit.draft(), kTextPosition));
-  if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return changed;
+bool usesAlignmentPoint(const dxf::RecordDraft& draft) {
+  return usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
+}
+
+bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
   std::wstring value;
   const TextShape shape = shapeOf(edit.draft(), database, value);
+  const bool isMissing = findProperty(edit.draft(), kTextAlignment) == dxf::kNoGroup;
+  bool changed = isMissing && edit.setPoint(kTextAlignment, textPoint(edit.draft(), kTextPosition));
+  if (shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit) return changed;
   AcGePoint3d position = placeText(shape).position;
   dxf::RecordDraft file;
-  if (mayBeAsInFile(shape.height, position, database, record) && edit.loadOriginal(file)) {
+  if (mayBeAsInFile(edit, shape.height, position) && edit.loadOriginal(file)) {
     const AcGePoint3d stored = textPoint(file, kTextPosition);
     if (samePlacement(file, edit.draft()) || sameButForRounding(position, stored))
       position = stored;
@@ -78,8 +79,7 @@ bool alignText(RecordEdit& edit, const AcDbDatabase& database, dxf::RecordIndex 
 
 bool restoreUnusedPoint(RecordEdit& edit, const dxf::RecordDraft& before) {
   const auto isUnused = [](const dxf::RecordDraft& draft) {
-    return findProperty(draft, kTextAlignment) != dxf::kNoGroup &&
-           !usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
+    return findProperty(draft, kTextAlignment) != dxf::kNoGroup && !usesAlignmentPoint(draft);
   };
   if (!isUnused(edit.draft()) || !isUnused(before)) return false;
   const AcGePoint3d position = textPoint(edit.draft(), kTextPosition);

@@ -1,5 +1,6 @@
 // acdbEntMod and acdbEntDel.
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -206,13 +207,14 @@ int acdbEntMod(const resbuf* list) {
   std::wstring newLayer;
   bool accepted = false;
   const AcDbLayerTableRecord* thawed = layerToStayThawed(*object);
-  object->applyGroups([&](RecordEdit& edit) {
+  const auto applyList = [&](RecordEdit& edit) {
     if (!isOfType(list, edit.draft().typeName())) return false;
     ListToRecord change(database, edit);
     accepted = change.apply(list);
     newLayer = change.newLayer();
     return accepted && change.changed();
-  });
+  };
+  object->applyGroups(std::ref(applyList));  // which needs no memory
   if (!accepted || (thawed != nullptr && thawed->isFrozen())) {
     object->cancel();
     return RTREJ;
