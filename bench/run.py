@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """The benchmark of the program: run.py BUILD [OPTIONS]
 
-Six tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
+Seven tables, all figures from this one run. The first: drawings of several sizes, opened and saved, and with the height
 of every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
 The third: arrays of texts that follow the cursor. The fourth: columns of aligned texts.
 The fifth: properties given to all texts of a drawing. The sixth: a property copy through all drawings of a project.
+The seventh: tables of the options.
 Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench; a
 folder in memory (--folder /dev/shm/bench) leaves a busy disk out of all of them.
 """
@@ -18,6 +19,7 @@ from align_column import column_rows
 from count_up import count_up_rows
 from drag_array import drag_rows
 from measuring import Result, better, measured, print_table
+from option_tables import option_rows
 from project_copy import project_rows
 from text_properties import property_rows
 
@@ -37,6 +39,7 @@ def options():
     parser.add_argument("--columns", default="1000,10000,100000", help="texts")
     parser.add_argument("--properties", default="1000,10000,100000", help="texts")
     parser.add_argument("--project", default="300x1", help="drawings of a project, each of so many megabytes")
+    parser.add_argument("--tables", default="1000,10000,100000", help="rows")
     parser.add_argument("--folder", type=Path, default=HERE.parent / "build" / "bench")
     return parser.parse_args()
 
@@ -120,6 +123,8 @@ def main():
     print()
     count, megabytes = arguments.project.split("x")
     print_table(*project_rows(arguments.build, arguments.folder, int(count), float(megabytes), arguments.runs))
+    print()
+    print_table(*option_rows(arguments.build, arguments.folder, sizes_of(arguments.tables)))
 
 
 if __name__ == "__main__":

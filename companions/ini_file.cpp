@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 #include "companions/text.h"
 
@@ -50,6 +51,19 @@ std::string_view IniFile::Line::value() const {
   return std::string_view(text).substr(valueBegin, valueLength);
 }
 
+void IniFile::Section::add(Line line) {
+  lines.push_back(std::move(line));
+  const Line& added = lines.back();
+  if (added.kind == Kind::section) folded = added.folded;
+  if (added.kind == Kind::entry) entries.emplace(added.folded, lines.size() - 1);
+  if (added.kind == Kind::section || added.kind == Kind::entry) end = lines.size();
+}
+
+std::size_t IniFile::Section::find(std::string_view key) const {
+  const auto found = entries.find(foldCase(key));
+  return found != entries.end() ? found->second : 0;
+}
+
 IniFile::IniFile(std::string_view bytes) {
   if (bytes.starts_with(kUtf8Mark)) {
     mark_ = kUtf8Mark;
@@ -57,13 +71,16 @@ IniFile::IniFile(std::string_view bytes) {
   }
   while (!bytes.empty()) {
     const auto [text, end] = takeLine(bytes);
-    lines_.push_back(parseLine(text, end));
+    Line line = parseLine(text, end);
+    if (line.kind == Kind::section) sections_.emplace_back();
+    sections_.back().add(std::move(line));
   }
 }
 
 std::string IniFile::bytes() const {
   std::string bytes = mark_;
-  for (const Line& line : lines_) bytes.append(line.text).append(line.end);
+  for (const Section& section : sections_)
+    for (const Line& line : section.lines) bytes.append(line.text).append(line.end);
   return bytes;
 }
 
@@ -94,87 +111,74 @@ IniFile::Line IniFile::parseLine(std::string_view text, std::string_view end) {
 std::vector<std::string> IniFile::sectionNames() const {
   std::vector<std::string> names;
   std::unordered_set<std::string_view> seen;
-  for (const Line& line : lines_)
-    if (line.kind == Kind::section && seen.insert(line.folded).second)
-      names.emplace_back(line.name());
+  for (std::size_t i = 1; i < sections_.size(); ++i)
+    if (seen.insert(sections_[i].folded).second)
+      names.emplace_back(sections_[i].lines.front().name());
   return names;
 }
 
-std::optional<IniFile::Span> IniFile::findSection(std::string_view section, Index from) const {
+std::size_t IniFile::findSection(std::string_view section) const {
   const std::string folded = foldCase(section);
-  const auto isSection = [](const Line& line) { return line.kind == Kind::section; };
-  const auto begin =
-      std::find_if(lines_.begin() + static_cast<std::ptrdiff_t>(from), lines_.end(),
-                   [&](const Line& line) { return isSection(line) && line.folded == folded; });
-  if (begin == lines_.end()) return std::nullopt;
-  const auto end = std::find_if(begin + 1, lines_.end(), isSection);
-  return Span{static_cast<Index>(begin - lines_.begin()), static_cast<Index>(end - lines_.begin())};
-}
-
-std::optional<IniFile::Index> IniFile::findEntry(Span span, std::string_view key) const {
-  const std::string folded = foldCase(key);
-  for (Index i = span.begin + 1; i < span.end; ++i)
-    if (lines_[i].kind == Kind::entry && lines_[i].folded == folded) return i;
-  return std::nullopt;
+  for (std::size_t i = 1; i < sections_.size(); ++i)
+    if (sections_[i].folded == folded) return i;
+  return 0;
 }
 
 bool IniFile::hasSection(std::string_view section) const {
-  return findSection(section).has_value();
+  return findSection(section) != 0;
 }
 
 std::optional<std::string> IniFile::get(std::string_view section, std::string_view key) const {
-  const std::optional<Span> span = findSection(section);
-  if (!span) return std::nullopt;
-  const std::optional<Index> entry = findEntry(*span, key);
-  if (!entry) return std::nullopt;
-  return std::string(lines_[*entry].value());
+  const std::size_t index = findSection(section);
+  const std::size_t entry = index != 0 ? sections_[index].find(key) : 0;
+  if (entry == 0) return std::nullopt;
+  return std::string(sections_[index].lines[entry].value());
 }
 
 std::vector<std::pair<std::string, std::string>> IniFile::entries(std::string_view section) const {
   std::vector<std::pair<std::string, std::string>> found;
-  const std::optional<Span> span = findSection(section);
-  if (!span) return found;
+  const std::size_t index = findSection(section);
+  if (index == 0) return found;
   std::unordered_set<std::string_view> seen;
-  for (Index i = span->begin + 1; i < span->end; ++i) {
-    const Line& line = lines_[i];
+  for (const Line& line : sections_[index].lines)
     if (line.kind == Kind::entry && seen.insert(line.folded).second)
       found.emplace_back(line.name(), line.value());
-  }
   return found;
 }
 
 bool IniFile::set(std::string_view section, std::string_view key, std::string_view value) {
   value = trimBlanks(value);
   if (!isSectionName(section) || !isKey(key) || hasLineBreak(value)) return false;
-  std::optional<Span> span = findSection(section);
-  if (!span) {
-    const Index begin = appendSection(section);
-    span = Span{begin, lines_.size()};
-  }
-  if (const std::optional<Index> entry = findEntry(*span, key)) {
-    Line& line = lines_[*entry];
-    if (line.value() == value) return true;
-    std::string text = line.text;
-    text.replace(line.valueBegin, line.valueLength, value);
-    line = parseLine(text, line.end);
+  if (!hasSection(section)) appendSection(section);
+  Section& found = sections_[findSection(section)];
+  const std::size_t entry = found.find(key);
+  if (entry == 0) {
+    addKey(found, std::string(key).append("=").append(value));
     return true;
   }
-  Index at = span->end;
-  while (at > span->begin + 1 && lines_[at - 1].kind != Kind::entry) --at;
-  insertLine(at, std::string(key).append("=").append(value));
+  Line& line = found.lines[entry];
+  if (line.value() == value) return true;
+  std::string text = line.text;
+  text.replace(line.valueBegin, line.valueLength, value);
+  line = parseLine(text, line.end);
   return true;
 }
 
 bool IniFile::removeSection(std::string_view section) {
+  const std::string folded = foldCase(section);
   bool removed = false;
-  Index from = 0;
-  while (std::optional<Span> span = findSection(section, from)) {
-    if (span->end < lines_.size())
-      while (span->end > span->begin + 1 && lines_[span->end - 1].kind == Kind::comment)
-        --span->end;
-    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(span->begin),
-                 lines_.begin() + static_cast<std::ptrdiff_t>(span->end));
-    from = span->begin;
+  for (std::size_t i = 1; i < sections_.size();) {
+    if (sections_[i].folded != folded) {
+      ++i;
+      continue;
+    }
+    // Comments above the next section go to the one before.
+    std::vector<Line>& lines = sections_[i].lines;
+    auto kept = lines.end();
+    if (i + 1 < sections_.size())
+      while (kept != lines.begin() + 1 && (kept - 1)->kind == Kind::comment) --kept;
+    for (; kept != lines.end(); ++kept) sections_[i - 1].add(std::move(*kept));
+    sections_.erase(sections_.begin() + static_cast<std::ptrdiff_t>(i));
     removed = true;
   }
   return removed;
@@ -190,25 +194,47 @@ bool IniFile::isSectionName(std::string_view name) {
   return sectionNameIn(std::string("[").append(name).append("]")) == name;
 }
 
-IniFile::Index IniFile::appendSection(std::string_view section) {
-  if (!lines_.empty() && !trimBlanks(lines_.back().text).empty()) insertLine(lines_.size(), "");
-  insertLine(lines_.size(), std::string("[").append(section).append("]"));
-  return lines_.size() - 1;
+void IniFile::appendSection(std::string_view section) {
+  const auto append = [this](Section& to, std::string_view text) {
+    const std::string end(lineEndNear(sections_.back(), sections_.back().lines.size()));
+    for (auto each = sections_.rbegin(); each != sections_.rend(); ++each) {
+      if (each->lines.empty()) continue;
+      if (each->lines.back().end.empty()) each->lines.back().end = end;
+      break;
+    }
+    to.add(parseLine(text, end));
+  };
+  Section& last = sections_.back();
+  if (!last.lines.empty() && !trimBlanks(last.lines.back().text).empty()) append(last, "");
+  Section added;
+  append(added, std::string("[").append(section).append("]"));
+  sections_.push_back(std::move(added));
 }
 
-void IniFile::insertLine(Index at, std::string_view text) {
-  const std::string end(lineEndNear(at));
-  if (at > 0 && lines_[at - 1].end.empty()) lines_[at - 1].end = end;
-  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), parseLine(text, end));
+/// Behind the last key; what stands below, comments and blank lines, moves down.
+void IniFile::addKey(Section& section, std::string_view text) {
+  const std::size_t at = section.end;
+  const std::string end(lineEndNear(section, at));
+  if (section.lines[at - 1].end.empty()) section.lines[at - 1].end = end;
+  Line line = parseLine(text, end);
+  section.entries.emplace(line.folded, at);
+  section.lines.insert(section.lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
+  section.end = at + 1;
 }
 
 // The line end that the lines above use, else those below, else LF.
-std::string_view IniFile::lineEndNear(Index at) const {
-  for (Index i = at; i > 0; --i)
-    if (!lines_[i - 1].end.empty()) return lines_[i - 1].end;
-  for (Index i = at; i < lines_.size(); ++i)
-    if (!lines_[i].end.empty()) return lines_[i].end;
-  return "\n";
+std::string_view IniFile::lineEndNear(const Section& section, std::size_t at) const {
+  for (std::size_t i = at; i > 0; --i)
+    if (!section.lines[i - 1].end.empty()) return section.lines[i - 1].end;
+  std::string_view found;
+  bool above = true;
+  for (const Section& each : sections_) {
+    above = above && &each != &section;
+    for (const Line& line : each.lines) {
+      if (!line.end.empty() && (above || found.empty())) found = line.end;
+    }
+  }
+  return found.empty() ? "\n" : found;
 }
 
 }  // namespace kovra::companions

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -58,21 +59,27 @@ class IniFile {
     std::string_view name() const;
     std::string_view value() const;
   };
-  using Index = std::size_t;
-  struct Span {
-    Index begin;  // the section's own line
-    Index end;    // the next section's line, or the number of lines
+  /// A section's own line with those below it; the lines above all sections are one without a name.
+  struct Section {
+    std::string folded;
+    std::vector<Line> lines;
+    std::unordered_map<std::string, std::size_t> entries;  // the first line of each key
+    std::size_t end = 0;                                   // behind the last key, else the own line
+
+    void add(Line line);
+    /// The line of a key; 0 without one.
+    std::size_t find(std::string_view key) const;
   };
 
   static Line parseLine(std::string_view text, std::string_view end);
-  std::optional<Span> findSection(std::string_view section, Index from = 0) const;
-  std::optional<Index> findEntry(Span span, std::string_view key) const;
-  Index appendSection(std::string_view section);
-  void insertLine(Index at, std::string_view text);
-  std::string_view lineEndNear(Index at) const;
+  /// The first one of this name; 0 without one.
+  std::size_t findSection(std::string_view section) const;
+  void appendSection(std::string_view section);
+  void addKey(Section& section, std::string_view text);
+  std::string_view lineEndNear(const Section& section, std::size_t at) const;
 
   std::string mark_;  // the UTF-8 mark, or nothing
-  std::vector<Line> lines_;
+  std::vector<Section> sections_ = std::vector<Section>(1);
 };
 
 }  // namespace kovra::companions

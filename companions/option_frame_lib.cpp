@@ -2,7 +2,12 @@
 
 #include <vector>
 
+#include "companions/option_dialog.h"
 #include "companions/option_pages.h"
+#include "companions/text.h"
+#include "module/frame/companions/string_res_lib.h"
+#include "platform/mfc/cstring.h"
+#include "platform/win/base/interaction.h"
 #include "platform/win/resources/loader.h"
 
 namespace {
@@ -25,6 +30,12 @@ std::vector<KovraOptionPage*> kovra::companions::optionPages() {
   return pages;
 }
 
+std::wstring kovra::companions::optionText(UINT id) {
+  CString text;
+  text.LoadString(GetResourceModule(), id);
+  return text.GetString();
+}
+
 // The page itself is only being constructed; the text of its path lies in the same library.
 KovraOptionPage::KovraOptionPage(const char* path) : path_(path ? path : "") {
   registry().push_back({this, kovra::win::ModuleUse(kovra::win::moduleAt(path), "option page")});
@@ -40,4 +51,17 @@ std::intptr_t KovraOptionPage::PageInfo(int /*kind*/, int /*controlId*/) {
 
 void KovraOptionPage::SetModified() {
   modified_ = true;
+  if (const HWND page = PageWindow(); page != nullptr)
+    SendMessageW(GetParent(page), kovra::companions::kPageModifiedMessage, 0, 0);
+}
+
+void kovraShowOptions() {
+  if (!registry().empty()) {
+    kovra::companions::OptionDialog().DoModal();
+    return;
+  }
+  constexpr UINT kNoPages = 3922;
+  kovra::win::interaction().freshLine();
+  kovra::win::interaction().print(
+      kovra::companions::narrow(kovra::companions::optionText(kNoPages)) + "\n");
 }

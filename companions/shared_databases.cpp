@@ -27,6 +27,12 @@ SharedDatabase* find(const std::filesystem::path& file) {
   return found == sharedDatabases().end() ? nullptr : &*found;
 }
 
+auto find(const AcDbDatabase* database) {
+  return std::ranges::find_if(sharedDatabases(), [database](const SharedDatabase& shared) {
+    return shared.database.get() == database;
+  });
+}
+
 }  // namespace
 
 AcDbDatabase* openShared(const std::filesystem::path& file) {
@@ -41,10 +47,12 @@ AcDbDatabase* openShared(const std::filesystem::path& file) {
 }
 
 void releaseShared(AcDbDatabase* database) {
-  const auto found = std::ranges::find_if(sharedDatabases(), [&](const SharedDatabase& shared) {
-    return shared.database.get() == database;
-  });
+  const auto found = find(database);
   if (found != sharedDatabases().end() && --found->uses == 0) sharedDatabases().erase(found);
+}
+
+bool isShared(const AcDbDatabase& database) {
+  return find(&database) != sharedDatabases().end();
 }
 
 AcDbDatabase* findShared(const std::filesystem::path& file) {

@@ -13,5 +13,7 @@ void releaseShared(AcDbDatabase* database);
 
 /// The database that openShared gave for this file and that isn't released yet, or null.
 AcDbDatabase* findShared(const std::filesystem::path& file);
+/// Whether openShared gave this database and it isn't released yet.
+bool isShared(const AcDbDatabase& database);
 
 }  // namespace kovra::companions

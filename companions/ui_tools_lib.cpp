@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "companions/project.h"
+#include "companions/shared_databases.h"
 #include "companions/sorted_points.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity.h"
@@ -31,6 +32,13 @@ bool isOnExcludedLayer(const ads_name entity, const Project& project) {
   const bool excluded = layer && project.excludesLayer(kovra::win::toUtf8(layer));
   opened->close();
   return excluded;
+}
+
+void sayNotSaved(const kovra::Error& error) {
+  kovra::win::Interaction& interaction = kovra::win::interaction();
+  interaction.freshLine();
+  interaction.print(error.message + "\n");
+  interaction.noteFailure(error.message);
 }
 
 /// Where an entity stands to the eye: a text at its anchor, other entities at their first point.
@@ -117,10 +125,8 @@ void SaveDatabase(AcDbDatabase* database, const wchar_t* path) {
   if (!database || !path) return;
   kovra::dxf::SaveOptions options;
   options.backup = kovra::win::runSettings().keepBackup;
+  // A database that others go on with must know whether it was saved.
+  if (!kovra::companions::isShared(*database)) options.behind = sayNotSaved;
   const auto saved = database->save(kovra::win::toUtf8(path), options);
-  if (saved.ok()) return;
-  kovra::win::Interaction& interaction = kovra::win::interaction();
-  interaction.freshLine();
-  interaction.print(saved.error().message + "\n");
-  interaction.noteFailure(saved.error().message);
+  if (!saved.ok()) sayNotSaved(saved.error());
 }

@@ -1,8 +1,9 @@
-# Completion of kovra for bash. Options come from the program's own help.
+# Completion of kovra and kovra-fleet for bash. Options come from the program's own help.
 _kovra() {
   local cur prev words cword
   _init_completion || return
   local word subcommand=
+  [[ ${words[0]##*/} == kovra-fleet ]] && subcommand=fleet
   for word in "${words[@]:1:cword-1}"; do
     case $word in
       list | check | plot | diff | each) subcommand=$word; break ;;
@@ -17,12 +18,14 @@ _kovra() {
       [[ $subcommand == diff ]] && formats='text json'
       COMPREPLY=($(compgen -W "$formats" -- "$cur"))
       return ;;
-    -c | --command | --layer | --tag | --window | --size | --jobs) return ;;
+    -c | --command | --layer | --tag | --window | --size | --jobs | --workers | --scheduler) return ;;
     -p | --project | --output-dir) _filedir -d; return ;;
-    -s | --script | -o | --output | --state | --registry | --list | --report | --resume) _filedir; return ;;
+    -s | --script | -o | --output | --state | --registry | --list | --report | --resume | --kovra) _filedir; return ;;
   esac
   if [[ $cur == -* ]]; then
-    COMPREPLY=($(compgen -W "$(kovra $subcommand --help 2>/dev/null | grep -o -- '--[a-z-]*')" -- "$cur"))
+    local program="kovra $subcommand"
+    [[ $subcommand == fleet ]] && program=kovra-fleet
+    COMPREPLY=($(compgen -W "$($program --help 2>/dev/null | grep -o -- '--[a-z-]*')" -- "$cur"))
     return
   fi
   [[ -z $subcommand ]] && COMPREPLY=($(compgen -W 'list check plot diff each' -- "$cur"))
@@ -30,4 +33,4 @@ _kovra() {
   local found=("${COMPREPLY[@]}")
   _filedir '@(dxf|DXF)'
   COMPREPLY=("${found[@]}" "${COMPREPLY[@]}")
-} && complete -F _kovra kovra
+} && complete -F _kovra kovra kovra-fleet

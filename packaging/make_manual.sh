@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Makes the manual pages from the program's own help: make_manual.sh PROGRAM FOLDER
+# Makes the manual pages from the program's own help: make_manual.sh PROGRAM FLEET-PROGRAM FOLDER
 set -euo pipefail
 program=$(realpath "$1")
-folder=$2
+fleet=$(realpath "$2")
+folder=$3
 here=$(dirname "$(realpath "$0")")
 mkdir -p "$folder"
 # The program finds its libraries beside itself, so it is called by a name in its own folder.
@@ -22,3 +23,8 @@ for subcommand in list check plot diff each; do
   title=$(./kovra "$subcommand" --help | head -1)
   page "kovra-$subcommand" --name="$title" "./kovra $subcommand"
 done
+# Under the name, and with the headings, that the pages of the others have.
+trap 'rm -f "$folder/kovra-fleet"' EXIT
+printf '#!/bin/sh\n"%s" "$@" | sed "s/^usage:/Usage:/; s/^options:/Options:/"\n' "$fleet" >"$folder/kovra-fleet"
+chmod +x "$folder/kovra-fleet"
+page kovra-fleet --name="run kovra each over many machines" "$folder/kovra-fleet"

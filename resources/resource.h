@@ -161,9 +161,6 @@
 #define IDS_ALIGN_ASK_DISTANCE 7725
 #define IDS_ALIGN_ASK_PLACE 8189
 
-// A command that this build doesn't have
-#define IDS_COMMAND_NOT_BUILT 3900
-
 // IDS_CURRENT_LAYER in the other language: settings that were stored there may hold it
 #define IDS_CURRENT_LAYER_ELSEWHERE 3901
 
@@ -180,6 +177,11 @@
 #define IDS_COPIES_MISSING 3913
 #define IDS_TEXTS_NOT_CHANGED 3920
 
+// Options
+#define IDS_TABLES_NOT_SAVED 3921
+#define IDS_NO_OPTION_PAGES 3922
+#define IDS_PAGE_NOT_SHOWN 3923
+
 // Dialogs
 #define IDD_TEXT_523 523
 #define IDD_RESIZE_524 524
@@ -195,6 +197,9 @@
 #define IDD_COPY_PROP_535 535
 #define IDD_PROPERTIES_525 525
 #define IDD_EDIT_PROPERTY_1596 1596
+#define IDD_OPTION_PAGE_1529 1529
+#define IDD_OPTION_PAGE_1559 1559
+#define IDD_OPTIONS_3930 3930
 
 // Icons
 #define IDI_DIRECTION_COLUMN 536

@@ -15,6 +15,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 LANGUAGES = {"ja": "Japanese", "en": "English"}
+OPTION_FRAME = 3930
 COUNT_UP = ("@preselect 120,67 162,73", "KOVRA_TEXT_COUNTUP", "@check 1967 on", "@click 1975")
 COUNTED = ("KOVRA_TEXT", "@click 1976", "@check 1967 on", "@type 1932 X", "@type 1933 004")
 ALIGN = ("@preselect 18,80 100,45", "KOVRA_TEXT_ALIGN", "@check 4637 on", "@type 4650 2.5")
@@ -23,6 +24,8 @@ PROPERTIES = ("@preselect 18,80 100,45", "KOVRA_TEXT_PROPERTIES", "@check 1967 o
 EDIT_PROPERTY = ("KOVRA_TEXT_EDITPROP", "@choose 4440 #0", "@click 1960")
 COPY = ("KOVRA_ATTR_COPY", "@check 1968 on", "@check 1971 on", "@choose 1982 #9")
 COPY_ALL = (*COPY, "@check 1973 on", "@type 1931 NAME+,CAP", "@choose 2013 #3")
+OPTIONS = ("KOVRA_OPTIONS", "@cells 1926 2 1 3 1")
+RATIOS = ("KOVRA_OPTIONS", "@choose 1925 #4", "@key 3978 Down", "@key 3978 F2")
 LINES = ("KOVRA_TEXT", "@click 1974", '@type 1937 "NOTES\\n1. ALL WIRES 2 sq"')
 
 
@@ -34,6 +37,7 @@ class Picture:
     what: str
     end: str = "@close"
     name: str = ""
+    frame: int = 0  # the dialog that the template is a page of
 
     def file(self, language):
         return f"{self.template}{self.name}_{language}.svg"
@@ -55,6 +59,8 @@ PICTURES = (
     Picture(1739, "12.0", ALIGN, "Texts aligned into a column", "@click 2"),
     Picture(525, "12.0", PROPERTIES, "Properties of many texts at once", "@click 2"),
     Picture(1596, "12.0", EDIT_PROPERTY, "Properties given to texts, and the project's sets of them", "@click 2"),
+    Picture(1529, "11.0", OPTIONS, "Options: the tables that the text dialogs offer, below data version 12.0", frame=OPTION_FRAME),
+    Picture(1559, "12.0", RATIOS, "The same from 12.0 on", frame=OPTION_FRAME),
 )
 
 
@@ -70,7 +76,7 @@ def draw(kovra, picture, language, folder):
         run = subprocess.run(
             [kovra, "--project", project, "--language", language, "--state", Path(place) / "state.db", "--script", "-",
              project / "motor-1.dxf"], input="\n".join(lines), text=True, cwd=folder, capture_output=True, check=False)
-        if run.returncode != 0 or f" template {picture.template} " not in run.stdout:
+        if run.returncode != 0 or f" template {picture.frame or picture.template} " not in run.stdout:
             sys.exit(f"{picture.file(language)}: {run.stderr or run.stdout}")
 
 

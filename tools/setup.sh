@@ -8,7 +8,7 @@ packages=(
   libpango1.0-dev pkg-config fonts-dejavu-core fonts-vlgothic
   binutils-mingw-w64-x86-64 g++-mingw-w64-x86-64
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
-  python3 python3-ezdxf
+  python3 python3-ezdxf python3-distributed
   help2man dpkg-dev file
 )
 

@@ -41,7 +41,7 @@ void BatchProgress::add(const BatchDrawing& drawing, const JobOutcome& outcome) 
     if (reasons_.size() < kReasons) {
       const std::string place = outcome.place.empty() ? "" : outcome.place + ": ";
       // Most reasons name the file already.
-      const std::string name = drawing.file.string();
+      const std::string name = drawing.name;
       const bool named = outcome.error.find(name) != std::string::npos;
       reasons_.push_back((named ? "" : name + ": ") + place + outcome.error);
     }

@@ -1,6 +1,7 @@
 #include "host/batch/batch_report.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -37,13 +38,43 @@ path begunFile(path report) {
   return report += ".begun";
 }
 
+std::string dump(const json& entry) {
+  return entry.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+/// `file` as the user wrote it, and what finds it again from any folder.
+void addNames(const path& file, json& entry) {
+  entry["file"] = file.string();
+  const std::string absolute = absolutePath(file);
+  if (json::parse(dump(absolute)) != absolute) {
+    std::string digits;
+    for (const char byte : absolute) {
+      constexpr std::string_view kDigits = "0123456789abcdef";
+      const auto value = static_cast<unsigned char>(byte);
+      digits.append({kDigits[value / 16], kDigits[value % 16]});
+    }
+    entry["path_bytes"] = digits;
+  } else if (absolute != file.string()) {
+    entry["path"] = absolute;
+  }
+}
+
+std::string pathOf(const json& entry) {
+  const std::string digits = entry.value("path_bytes", "");
+  if (digits.empty()) return absolutePath(entry.value("path", entry.value("file", "")));
+  std::string bytes;
+  for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+    bytes += static_cast<char>(std::strtol(digits.substr(i, 2).c_str(), nullptr, 16));
+  return bytes;
+}
+
+/// Lines that name no job say of every one that the drawing isn't done.
 template <class Take>
 void forEachEntry(std::istream& lines, const std::string& signature, Take take) {
   std::string line;
   while (std::getline(lines, line)) {
     const json entry = json::parse(line, nullptr, false);
-    if (entry.is_object() && entry.value("job", "") == signature)
-      take(absolutePath(entry.value("file", "")), entry);
+    if (entry.is_object() && entry.value("job", signature) == signature) take(pathOf(entry), entry);
   }
 }
 
@@ -86,13 +117,16 @@ Result<FinishedDrawings> FinishedDrawings::read(const path& report, const std::s
   return drawings;
 }
 
-bool FinishedDrawings::has(const BatchDrawing& drawing) const {
-  const std::string file = absolutePath(drawing.file);
-  const std::string stamp = stampText(drawing.file);
+FinishedDrawings::State FinishedDrawings::stateOf(const BatchDrawing& drawing) const {
+  const std::string file = absolutePath(drawing.file());
+  const std::string stamp = stampText(drawing.file());
   const auto finished = finished_.find(file);
-  if (finished != finished_.end()) return !finished->second.empty() && finished->second == stamp;
+  if (finished != finished_.end()) {
+    const bool same = !finished->second.empty() && finished->second == stamp;
+    return same ? State::kReported : State::kOpen;
+  }
   const auto begun = begun_.find(file);
-  return begun != begun_.end() && begun->second != stamp;
+  return begun != begun_.end() && begun->second != stamp ? State::kSaved : State::kOpen;
 }
 
 BatchReport::~BatchReport() {
@@ -100,54 +134,61 @@ BatchReport::~BatchReport() {
   if (begun_ >= 0) close(begun_);
 }
 
-Result<void> BatchReport::open(const path& file, std::string signature) {
+Error BatchReport::failure(const std::string& reason) const {
+  return {ErrorKind::kNotWritable, path_ + ": can't be written: " + reason};
+}
+
+Result<void> BatchReport::open(const path& file, std::string signature, bool dryRun) {
   path_ = file.string();
   signature_ = std::move(signature);
+  dryRun_ = dryRun;
   file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-  if (file_ < 0)
-    return Error{ErrorKind::kNotWritable,
-                 path_ + ": can't be written: " + dxf::systemMessage(errno)};
-  begun_ = ::open(begunFile(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+  if (file_ < 0) return failure(dxf::systemMessage(errno));
+  if (flock(file_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+    return failure("another run has this report");
+  if (!dryRun)
+    begun_ = ::open(begunFile(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
   // A batch that was killed may have left half a line.
   char last = '\n';
   const off_t end = lseek(file_, 0, SEEK_END);
   if (end > 0 && pread(file_, &last, 1, end - 1) == 1 && last != '\n' && write(file_, "\n", 1) != 1)
-    return Error{ErrorKind::kNotWritable,
-                 path_ + ": can't be written: " + dxf::systemMessage(errno)};
+    return failure(dxf::systemMessage(errno));
   return {};
 }
 
-void BatchReport::begin(const BatchDrawing& drawing, bool dryRun) const {
-  if (begun_ < 0 || dryRun) return;
-  const json entry = {
-      {"file", drawing.file.string()}, {"stamp", stampText(drawing.file)}, {"job", signature_}};
-  const std::string line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
-  // Without it a batch that is killed right now would change the drawing twice, no more.
-  if (write(begun_, line.data(), line.size()) < 0) return;
+Result<void> BatchReport::begin(const BatchDrawing& drawing) const {
+  if (begun_ < 0) return {};
+  json entry = {{"stamp", stampText(drawing.file())}, {"job", signature_}};
+  addNames(drawing.file(), entry);
+  // Behind half a line, which a full disk may have left, too.
+  const std::string line = '\n' + dump(entry) + '\n';
+  if (write(begun_, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return {};
+  return failure(dxf::systemMessage(errno));
 }
 
 void BatchReport::complete() {
   if (begun_ >= 0) unlink(begunFile(path_).c_str());
 }
 
-Result<void> BatchReport::add(const BatchDrawing& drawing, const JobOutcome& outcome, bool dryRun) {
+Result<void> BatchReport::add(const BatchDrawing& drawing, const JobOutcome& outcome) {
   if (file_ < 0) return {};
-  json entry = {{"file", drawing.file.string()},
-                {"status", outcome.status},
+  json entry;
+  addNames(drawing.file(), entry);
+  entry.update({{"status", outcome.status},
                 {"line", outcome.place},
                 {"error", outcome.error},
                 {"seconds", std::round(outcome.seconds * 1000) / 1000},
-                {"stamp", stampText(drawing.file)},
+                {"stamp", stampText(drawing.file())},
                 {"job", signature_},
-                {"output", outcome.output}};
-  std::error_code failure;
-  const auto bytes = std::filesystem::file_size(drawing.file, failure);
-  if (!failure) entry["bytes"] = bytes;
-  if (dryRun) entry["dry_run"] = true;
+                {"output", outcome.output}});
+  std::error_code none;
+  const auto bytes = std::filesystem::file_size(drawing.file(), none);
+  if (!none) entry["bytes"] = bytes;
+  if (dryRun_) entry["dry_run"] = true;
   entry["changes"] = json::parse(outcome.changes.empty() ? "[]" : outcome.changes, nullptr, false);
-  const std::string line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
+  const std::string line = dump(entry) + '\n';
   if (write(file_, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return {};
-  return Error{ErrorKind::kNotWritable, path_ + ": can't be written: " + dxf::systemMessage(errno)};
+  return failure(dxf::systemMessage(errno));
 }
 
 }  // namespace kovra::host

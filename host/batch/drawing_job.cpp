@@ -42,9 +42,9 @@ void readError(const std::string& errors, JobOutcome& outcome) {
 /// In its own place, or in a folder for all.
 RunOptions runOptionsFor(const EachOptions& options, const BatchDrawing& drawing) {
   RunOptions run = options.run;
-  run.drawings = {drawing.file};
+  run.drawings = {drawing.file()};
   run.saveAll = options.outputFolder.empty();
-  if (!options.outputFolder.empty()) run.output = options.outputFolder / drawing.relative;
+  if (!options.outputFolder.empty()) run.output = options.outputFolder / drawing.relative();
   return run;
 }
 
@@ -80,7 +80,7 @@ void writeAll(int file, std::string_view text) {
 
 int carryOutJob(const EachOptions& options, const BatchDrawing& drawing,
                 const std::function<int(const RunOptions&)>& run, int facts) {
-  const int former = open(drawing.file.c_str(), O_RDONLY | O_CLOEXEC);
+  const int former = open(drawing.name.c_str(), O_RDONLY | O_CLOEXEC);
   const RunOptions own = runOptionsFor(options, drawing);
   if (!options.dryRun) makeFolderOf(own.output);
   dxf::holdWritesBack(options.dryRun);

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iostream>
 #include <map>
-#include <set>
+#include <unordered_set>
 
 namespace kovra::host {
 namespace {
@@ -26,7 +26,7 @@ class DrawingFinder {
     if (std::filesystem::is_directory(name, failure)) return addFolder(name);
     if (!std::filesystem::exists(name, failure) && name.find_first_of("*?[") != std::string::npos)
       return addPattern(name);
-    addFile(name, path(name).filename());
+    addFile(name, folderOf(name));
     return {};
   }
 
@@ -43,7 +43,9 @@ class DrawingFinder {
     if (failure) return Error{ErrorKind::kNotReadable, folder.string() + ": " + failure.message()};
     if (files.empty()) return Error{ErrorKind::kNotFound, folder.string() + ": no drawing in it"};
     std::sort(files.begin(), files.end());
-    for (const path& file : files) addFile(file, file.lexically_relative(folder));
+    // What the walk puts behind the folder's name is its place there.
+    const std::string begin = folder.filename().empty() ? folder.string() : folder.string() + '/';
+    for (const path& file : files) addFile(file.string(), begin.size());
     return {};
   }
 
@@ -51,20 +53,41 @@ class DrawingFinder {
     glob_t found = {};
     const int status = glob(pattern.c_str(), GLOB_TILDE, nullptr, &found);
     for (std::size_t i = 0; status == 0 && i < found.gl_pathc; ++i)
-      addFile(found.gl_pathv[i], path(found.gl_pathv[i]).filename());
+      addFile(found.gl_pathv[i], folderOf(found.gl_pathv[i]));
     globfree(&found);
     if (status != 0) return Error{ErrorKind::kNotFound, pattern + ": no drawing has such a name"};
     return {};
   }
 
-  void addFile(const path& file, const path& relative) {
+  static std::size_t folderOf(const std::string& name) { return name.rfind('/') + 1; }
+
+  void addFile(const std::string& name, std::size_t above) {
+    if (seen_.insert(identityOf(name)).second)
+      drawings_.push_back({name, static_cast<std::uint32_t>(above)});
+  }
+
+  /// Its path without links. Most files of a list lie in the folder of the one before.
+  std::string identityOf(const std::string& name) {
     std::error_code failure;
-    const path identity = std::filesystem::weakly_canonical(file, failure);
-    if (seen_.insert(failure ? file : identity).second) drawings_.push_back({file, relative});
+    const std::size_t above = folderOf(name);
+    const std::string last = name.substr(above);
+    if (last.empty() || last == "." || last == ".." || is_symlink(path(name), failure)) {
+      const path identity = std::filesystem::weakly_canonical(name, failure);
+      return failure ? name : identity.string();
+    }
+    const std::string folder = above == 0 ? "." : name.substr(0, above);
+    if (folder != folder_) {
+      folder_ = folder;
+      const path identity = std::filesystem::weakly_canonical(folder, failure);
+      folderIdentity_ = (failure ? path(folder) : identity) / "";
+    }
+    return folderIdentity_ + last;
   }
 
   std::vector<BatchDrawing> drawings_;
-  std::set<path> seen_;
+  std::unordered_set<std::string> seen_;
+  std::string folder_;          // of the file before
+  std::string folderIdentity_;  // with a slash at its end
 };
 
 Result<void> addListed(std::istream& list, DrawingFinder& finder) {
@@ -99,10 +122,9 @@ Result<std::vector<BatchDrawing>> findDrawings(const std::vector<std::string>& n
 Result<void> checkPlaces(const std::vector<BatchDrawing>& drawings) {
   std::map<path, const BatchDrawing*> places;
   for (const BatchDrawing& drawing : drawings) {
-    const auto [place, isNew] = places.try_emplace(drawing.relative, &drawing);
+    const auto [place, isNew] = places.try_emplace(drawing.relative(), &drawing);
     if (isNew) continue;
-    return Error{ErrorKind::kInvalidInput, drawing.file.string() + " and " +
-                                               place->second->file.string() +
+    return Error{ErrorKind::kInvalidInput, drawing.name + " and " + place->second->name +
                                                " would be saved to the same place"};
   }
   return {};

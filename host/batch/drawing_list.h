@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -8,10 +9,14 @@
 
 namespace kovra::host {
 
-/// A drawing of a batch.
+/// A drawing of a batch. There may be a million, and every process begins with a copy of all.
 struct BatchDrawing {
-  std::filesystem::path file;      ///< as the user would write it
-  std::filesystem::path relative;  ///< its place below the folder that was named; else its name
+  std::string name;         ///< its path, as the user would write it
+  std::uint32_t above = 0;  ///< what of it stands before its place below the folder that was named
+
+  std::filesystem::path file() const { return name; }
+  /// Its place below the folder that was named; else its name.
+  std::filesystem::path relative() const { return name.substr(above); }
 };
 
 /// The drawings that arguments name: files, folders (all that ends in .dxf, in any case and at any

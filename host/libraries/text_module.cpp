@@ -27,9 +27,24 @@ constexpr CommandName kCommands[] = {
     {L"KOVRA_TEXT_ALIGN", 1008, L"puts the selected texts into a column"},
 };
 
-void showOptions() {
+constexpr const char* kCompanions = "libkovra_companions.so";
+
+void say(const std::string& text) {
   win::interaction().freshLine();
-  win::interaction().print("The option dialog isn't available yet.\n");
+  win::interaction().print(text + "\n");
+}
+
+/// The option dialog lies in the library of the companions, which comes and goes with the module:
+/// it is held here no longer than the dialog lasts.
+void showOptions() {
+  const Result<std::filesystem::path> file = findProgramFile(kCompanions);
+  if (!file) return say(file.error().message);
+  const win::LoadResult library = win::loadLibrary(file.value());
+  if (!library) return say(library.error);
+  const FARPROC show = win::exportByName(library.module, "kovraShowOptions");
+  if (show != nullptr) show();
+  win::unloadModule(library.module);
+  if (show == nullptr) say(file.value().string() + " is another library");
 }
 
 }  // namespace

@@ -87,6 +87,8 @@ CLI::App* addList(CLI::App& app, ListOptions& list) {
           "Form of the output (default: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->option_text("table|csv|json");
+  command->add_flag("--extents", list.extents,
+                    "With the rectangle that each text takes: x_min, y_min, x_max, y_max");
   command->add_flag("--raw", list.raw,
                     "csv: leave texts that look like formulas to a spreadsheet as they are");
   command->add_option("--layer", list.layer, "Only texts on this layer")->option_text("NAME");

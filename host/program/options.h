@@ -40,6 +40,7 @@ struct ListOptions {
   std::vector<std::string> drawings;  ///< drawings, folders, patterns
   ListFormat format = ListFormat::kTable;
   bool raw = false;                       ///< comma separated values: formulas aren't made texts
+  bool extents = false;                   ///< with the rectangle that each text takes
   unsigned jobs = 0;                      ///< drawings at once; 0: as many as there are processors
   std::optional<std::string> layer;       ///< a layer's name, case doesn't count
   std::optional<std::string> tagPattern;  ///< wild cards of the command line, case doesn't count

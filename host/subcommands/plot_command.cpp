@@ -32,13 +32,13 @@ int plot(const PlotOptions& options, const BatchDrawing& drawing,
   const Result<PictureLibrary> library = loadPictureLibrary();
   if (!form) {
     errors.report(kExitUsage, {}, form.error().message);
-  } else if (isSameFile(picture, drawing.file)) {
+  } else if (isSameFile(picture, drawing.file())) {
     errors.report(kExitUsage, picture.string(), "the output is the drawing");
   } else if (!library) {
     errors.report(kExitFile, {}, library.error().message);
   } else {
     const Result<PictureGaps> gaps =
-        library.value().plot(drawing.file, options, picture, form.value());
+        library.value().plot(drawing.file(), options, picture, form.value());
     if (gaps) {
       report(gaps.value(), name);
     } else {
@@ -50,11 +50,11 @@ int plot(const PlotOptions& options, const BatchDrawing& drawing,
 
 /// Below the folder of pictures as the drawing lies below its own.
 int plotIntoFolder(const PlotOptions& options, const BatchDrawing& drawing) {
-  std::filesystem::path picture = options.output / drawing.relative;
+  std::filesystem::path picture = options.output / drawing.relative();
   picture += options.extension;
   std::error_code failure;
   create_directories(picture.parent_path(), failure);
-  return plot(options, drawing, picture, drawing.file.string());
+  return plot(options, drawing, picture, drawing.name);
 }
 
 }  // namespace

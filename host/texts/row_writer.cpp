@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <clocale>
+#include <span>
 #include <vector>
 
 #include "host/texts/json_text.h"
@@ -26,7 +27,13 @@ std::string handleText(const TextRow& row) {
   return row.handle == 0 ? std::string() : dxf::formatHandle(row.handle);
 }
 
-constexpr std::array<Column, 14> kColumns = {{
+template <std::size_t kEnd>
+std::string extentText(const TextRow& row) {
+  return row.extents ? shortestNumber((*row.extents)[kEnd]) : std::string();
+}
+
+constexpr std::size_t kExtentColumns = 4;  // the last ones
+constexpr std::array<Column, 18> kColumns = {{
     {"handle", false, handleText},
     {"kind", false, [](const TextRow& row) { return std::string(row.kind); }},
     {"space", false, [](const TextRow& row) { return row.space; }},
@@ -44,7 +51,17 @@ constexpr std::array<Column, 14> kColumns = {{
     {"x", true, [](const TextRow& row) { return shortestNumber(row.x); }},
     {"y", true, [](const TextRow& row) { return shortestNumber(row.y); }},
     {"z", true, [](const TextRow& row) { return shortestNumber(row.z); }},
+    {"x_min", true, extentText<0>},
+    {"y_min", true, extentText<1>},
+    {"x_max", true, extentText<2>},
+    {"y_max", true, extentText<3>},
 }};
+
+using Columns = std::span<const Column>;
+
+Columns columnsOf(const RowForm& form) {
+  return Columns(kColumns).first(kColumns.size() - (form.extents ? 0 : kExtentColumns));
+}
 
 // Character classes of UTF-8 for a scope, whatever the locale of the process.
 class Utf8Locale {
@@ -84,34 +101,36 @@ std::string tableCell(std::string text) {
 
 using Widths = std::array<size_t, kColumns.size()>;
 
-void writeTableLine(std::ostream& out, const Widths& widths,
+void writeTableLine(std::ostream& out, Columns columns, const Widths& widths,
                     const std::function<std::string(const Column&)>& text) {
   std::string line;
   line.reserve(256);
-  for (size_t i = 0; i < kColumns.size(); ++i) {
-    const std::string cell = tableCell(text(kColumns[i]));
+  for (size_t i = 0; i < columns.size(); ++i) {
+    const std::string cell = tableCell(text(columns[i]));
     const size_t padding = widths[i] - std::min(widths[i], widthOf(cell));
     if (i > 0) line += "  ";
-    if (kColumns[i].number) line.append(padding, ' ');
+    if (columns[i].number) line.append(padding, ' ');
     line += cell;
-    if (!kColumns[i].number) line.append(padding, ' ');
+    if (!columns[i].number) line.append(padding, ' ');
   }
   out << line << '\n';
 }
 
-void writeTable(std::ostream& out, const std::string& drawing, const RowSource& rows) {
+void writeTable(std::ostream& out, Columns columns, const std::string& drawing,
+                const RowSource& rows) {
   const Utf8Locale locale;
   Widths widths{};
-  for (size_t i = 0; i < kColumns.size(); ++i) widths[i] = std::string(kColumns[i].name).size();
+  for (size_t i = 0; i < columns.size(); ++i) widths[i] = std::string(columns[i].name).size();
   rows([&](const TextRow& row) {
-    for (size_t i = 0; i < kColumns.size(); ++i) {
-      widths[i] = std::max(widths[i], widthOf(tableCell(kColumns[i].text(row))));
+    for (size_t i = 0; i < columns.size(); ++i) {
+      widths[i] = std::max(widths[i], widthOf(tableCell(columns[i].text(row))));
     }
   });
   if (!drawing.empty()) out << drawing << ":\n";
-  writeTableLine(out, widths, [](const Column& column) { return std::string(column.name); });
+  writeTableLine(out, columns, widths,
+                 [](const Column& column) { return std::string(column.name); });
   rows([&](const TextRow& row) {
-    writeTableLine(out, widths, [&](const Column& column) { return column.text(row); });
+    writeTableLine(out, columns, widths, [&](const Column& column) { return column.text(row); });
   });
 }
 
@@ -135,18 +154,20 @@ std::string csvText(const std::string& text, bool raw) {
 
 void writeCsv(std::ostream& out, const RowForm& form, const std::string& drawing,
               const RowSource& rows) {
+  const Columns columns = columnsOf(form);
   const std::string first = form.many ? csvText(drawing, form.raw) + ',' : std::string();
   rows([&](const TextRow& row) {
     std::string line = first;
-    for (const Column& column : kColumns) {
+    for (const Column& column : columns) {
       line += column.number ? column.text(row) : csvText(column.text(row), form.raw);
-      line += &column == &kColumns.back() ? "\r\n" : ",";
+      line += &column == &columns.back() ? "\r\n" : ",";
     }
     out << line;
   });
 }
 
-void writeJson(std::ostream& out, const std::string& drawing, const RowSource& rows) {
+void writeJson(std::ostream& out, Columns columns, const std::string& drawing,
+               const RowSource& rows) {
   std::string head = "{";
   if (!drawing.empty()) {
     head += "\"drawing\":";
@@ -155,7 +176,7 @@ void writeJson(std::ostream& out, const std::string& drawing, const RowSource& r
   }
   rows([&](const TextRow& row) {
     std::string line = head;
-    for (const Column& column : kColumns) {
+    for (const Column& column : columns) {
       line.append(1, '"').append(column.name).append("\":");
       const std::string text = column.text(row);
       if (column.number) {
@@ -163,7 +184,7 @@ void writeJson(std::ostream& out, const std::string& drawing, const RowSource& r
       } else {
         appendJson(line, text);
       }
-      line += &column == &kColumns.back() ? "}\n" : ",";
+      line += &column == &columns.back() ? "}\n" : ",";
     }
     out << line;
   });
@@ -173,9 +194,10 @@ void writeJson(std::ostream& out, const std::string& drawing, const RowSource& r
 
 void writeListHead(std::ostream& out, const RowForm& form) {
   if (form.format != ListFormat::kCsv) return;
+  const Columns columns = columnsOf(form);
   if (form.many) out << "drawing,";
-  for (const Column& column : kColumns)
-    out << column.name << (&column == &kColumns.back() ? "\r\n" : ",");
+  for (const Column& column : columns)
+    out << column.name << (&column == &columns.back() ? "\r\n" : ",");
 }
 
 void writeRows(std::ostream& out, const RowForm& form, const std::string& drawing,
@@ -183,11 +205,11 @@ void writeRows(std::ostream& out, const RowForm& form, const std::string& drawin
   const std::string name = form.many ? drawing : std::string();
   switch (form.format) {
     case ListFormat::kTable:
-      return writeTable(out, name, rows);
+      return writeTable(out, columnsOf(form), name, rows);
     case ListFormat::kCsv:
       return writeCsv(out, form, drawing, rows);
     case ListFormat::kJson:
-      return writeJson(out, name, rows);
+      return writeJson(out, columnsOf(form), name, rows);
   }
 }
 

@@ -15,9 +15,10 @@ using RowSource = std::function<void(const std::function<void(const TextRow&)>&)
 /// How rows are printed.
 struct RowForm {
   ListFormat format = ListFormat::kTable;
-  bool raw = false;   ///< comma separated values: texts as they are, also those that a spreadsheet
-                      ///< would take for a formula
-  bool many = false;  ///< the rows of several drawings: the first column is the drawing's name
+  bool raw = false;  ///< comma separated values: texts as they are, also those that a spreadsheet
+                     ///< would take for a formula
+  bool extents = false;  ///< with the columns of the rows' extents
+  bool many = false;     ///< the rows of several drawings: the first column is the drawing's name
 };
 
 /// What stands once before the rows of all drawings: the head line of comma separated values.

@@ -187,6 +187,7 @@ void RowReader::readGroup(std::size_t group, RecordKind kind) {
 
 void RowReader::fill(RecordIndex record, RecordKind kind, TextRow& row) const {
   const bool multiline = kind == RecordKind::kMText;
+  row.record = record;
   row.handle = store_.handle(record);
   row.kind = kindName(kind);
   row.tag = groups_.tag;

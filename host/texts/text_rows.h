@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -12,6 +13,7 @@ namespace kovra::host {
 
 /// One text of a drawing, as `kovra list` and `@list` print it. Texts are UTF-8.
 struct TextRow {
+  dxf::RecordIndex record = dxf::kNoRecord;
   std::uint64_t handle = 0;  ///< 0: the drawing has no handles
   const char* kind = "";     ///< TEXT, MTEXT, ATTDEF, ATTRIB
   std::string space;         ///< "model", the layout's or the block's name
@@ -26,6 +28,8 @@ struct TextRow {
   double x = 0;  ///< the alignment point where the alignment uses one, else the position;
   double y = 0;  ///< in the entity's own coordinate system, as the drawing has it
   double z = 0;
+  /// Left, bottom, right and top end of what is drawn; only where somebody measures it.
+  std::optional<std::array<double, 4>> extents;
 };
 
 /// Which texts are wanted.

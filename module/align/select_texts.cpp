@@ -54,15 +54,11 @@ void keepUnlocked(AcDbObjectIdArray& ids) {
 
 void collect(const SelectionSet& selection, AcDbObjectIdArray& ids) {
   AcGePoint3dArray points;
-  const int length = selection.length();
-  for (int i = 0; i < length; ++i) {
-    ads_name entity = {};
-    AcDbObjectId id;
-    if (!selection.entityAt(i, entity) || acdbGetObjectId(id, entity) != Acad::eOk) continue;
+  selection.forEachId([&](const AcDbObjectId& id) {
     const OpenText text(id, AcDb::kForRead);
     ids.append(id);
     points.append(text ? TextAnchor(*text) : AcGePoint3d());
-  }
+  });
   SortObjectsByPoints(kTopToBottom, ids, points);
 }
 

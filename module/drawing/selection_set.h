@@ -28,6 +28,16 @@ class SelectionSet {
   int length() const;
   /// Name of an entity, from 0 in the order of selection. False when it can't be had.
   bool entityAt(int index, ads_name entity) const;
+  /// Calls `visit(id)` in the order of selection, for all entities whose ids can be had.
+  template <typename Visit>
+  void forEachId(Visit visit) const {
+    const int count = length();
+    for (int i = 0; i < count; ++i) {
+      ads_name entity = {};
+      AcDbObjectId id;
+      if (entityAt(i, entity) && acdbGetObjectId(id, entity) == Acad::eOk) visit(id);
+    }
+  }
   const ads_name& name() const { return name_; }
 
  private:

@@ -16,6 +16,14 @@ CString ResourceText(UINT id, int limit = kMessageBoxLength);
 /// "...".
 CString FormatResourceText(UINT id, const ACHAR* argument);
 
+/// String `id`, a printf form with one place for the argument.
+template <typename Argument>
+CString PrintfResourceText(UINT id, Argument argument) {
+  CString text;
+  text.Format(ResourceText(id).GetString(), argument);
+  return text;
+}
+
 /// Shows string `id` in a task-modal box with the exclamation icon.
 /// @return what the box gave; the box has one button, so nobody needs it.
 int ShowMessage(UINT id);

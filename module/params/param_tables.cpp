@@ -10,12 +10,6 @@ namespace {
 
 constexpr UINT kCurrentLayerName = 2731;
 
-/// The format sets no limit to the number of rows, and ConfigFile can't say which keys it has. A
-/// damaged number of up to 2^31 would have every one of them asked for. So the rows are taken to
-/// be at their end where this many in a row have no value: far more than anyone leaves out by
-/// hand, and still asked for in a moment.
-constexpr int kLongestGap = 10000;
-
 /// A value that isn't empty, from the file or else the built-in one; empty without either.
 CString paramValue(const ConfigFile* file, const ACHAR* key) {
   CString text;
@@ -52,7 +46,7 @@ CString ParamRowKey(const ACHAR* table, int row) {
 void ReadParamTable(const ConfigFile* file, const ACHAR* table, TextList& list) {
   const int count = _wtoi(paramValue(file, ParamCountKey(table)));
   int gap = 0;
-  for (int row = 0; row < count && gap < kLongestGap; ++row) {
+  for (int row = 0; row < count && gap < kLongestParamGap; ++row) {
     const CString value = paramValue(file, ParamRowKey(table, row + 1));
     gap = value.IsEmpty() ? gap + 1 : 0;
     if (!value.IsEmpty()) TextListAdd(list, value);

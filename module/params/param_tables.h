@@ -16,6 +16,12 @@ inline constexpr const ACHAR* kWidthFactorTable = L"TEXT_WF";
 inline constexpr const ACHAR* kRotationTable = L"TEXT_ROT";    ///< degrees
 inline constexpr const ACHAR* kRowRatioTable = L"TEXT_ROW_R";  ///< row spacing to text height
 
+/// The format sets no limit to the number of rows, and ConfigFile can't say which keys it has. A
+/// damaged number of up to 2^31 would have every one of them asked for. So the rows are taken to
+/// be at their end where this many in a row have no value: far more than anyone leaves out by
+/// hand, and still asked for in a moment.
+inline constexpr int kLongestParamGap = 10000;
+
 /// Key of a table's number of rows, and of one of its rows.
 CString ParamCountKey(const ACHAR* table);
 CString ParamRowKey(const ACHAR* table, int row);

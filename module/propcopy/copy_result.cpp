@@ -10,9 +10,7 @@ constexpr UINT kObjectsChanged = 2786;
 }  // namespace
 
 CString ObjectsChangedText(int count) {
-  CString text;
-  text.Format(ResourceText(kObjectsChanged).GetString(), count);
-  return text;
+  return PrintfResourceText(kObjectsChanged, count);
 }
 
 void PrintObjectsChanged(int count) {

@@ -58,9 +58,7 @@ int writeDrawing(const ACHAR* path, const CopyJob& job, bool& currentIsWritten) 
 
 void CopyToDrawings(const CopyJob& job, const DrawingLists& lists) {
   for (const std::wstring& path : lists.skipped) {
-    CString text;
-    text.Format(ResourceText(kDrawingLeftOut).GetString(), path.c_str());
-    acutPrintf(L"%s", text.GetString());
+    acutPrintf(L"%s", PrintfResourceText(kDrawingLeftOut, path.c_str()).GetString());
   }
   if (lists.drawings.empty()) return;
   int total = 0;

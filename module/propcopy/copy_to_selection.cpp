@@ -31,21 +31,13 @@ void leaveOutExcluded(const SelectionSet& selection) {
   if (!DataVersionAtLeast(L"7.00")) return;
   const int count = RemoveExcludedObjects(selection.name());
   if (count <= 0) return;
-  CString text;
-  text.Format(ResourceText(kObjectsLeftOut).GetString(), count);
-  acutPrintf(L"%s", text.GetString());
+  acutPrintf(L"%s", PrintfResourceText(kObjectsLeftOut, count).GetString());
 }
 
 std::vector<AcDbObjectId> idsOf(const SelectionSet& selection, int length) {
   std::vector<AcDbObjectId> ids;
   ids.reserve(static_cast<std::size_t>(length));
-  for (int i = 0; i < length; ++i) {
-    ads_name entity = {};
-    AcDbObjectId id;
-    if (selection.entityAt(i, entity) && acdbGetObjectId(id, entity) == Acad::eOk) {
-      ids.push_back(id);
-    }
-  }
+  selection.forEachId([&ids](const AcDbObjectId& id) { ids.push_back(id); });
   return ids;
 }
 

@@ -1,5 +1,8 @@
 #include "module/propcopy/drawing_lists.h"
 
+#include <filesystem>
+#include <set>
+
 #include "module/frame/companions/project_data_lib.h"
 #include "module/frame/companions/project_tools_lib.h"
 #include "module/frame/companions/project_tree_lib.h"
@@ -27,12 +30,22 @@ std::vector<std::wstring> chosenPaths(const CStringArray& preset) {
   return paths;
 }
 
+/// The file behind a path, whatever way leads to it; also one that is missing.
+std::filesystem::path fileBehind(const std::wstring& path) {
+  std::error_code error;
+  std::filesystem::path file = std::filesystem::weakly_canonical(path, error);
+  return error ? std::filesystem::path(path) : file;
+}
+
 }  // namespace
 
 DrawingLists ListChosenDrawings(const CStringArray& preset) {
   ProjectDrawings* collection = CurrentDrawings();
   DrawingLists lists;
+  std::set<std::filesystem::path> known;
   for (std::wstring& path : chosenPaths(preset)) {
+    // To write a drawing once more changes nothing, but would count its objects again.
+    if (!known.insert(fileBehind(path)).second) continue;
     ProjectDrawing* drawing = DrawingByPath(collection, path.c_str());
     const bool blocked = IsDrawingValid(drawing) && IsDrawingBlocked(drawing);
     (blocked ? lists.skipped : lists.drawings).push_back(std::move(path));

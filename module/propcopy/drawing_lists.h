@@ -14,7 +14,7 @@ struct DrawingLists {
 };
 
 /// The drawings that the project has chosen beforehand, or without any those that the user chooses
-/// now.
+/// now; each once, however often it was chosen.
 DrawingLists ListChosenDrawings(const CStringArray& preset);
 
 /// All drawings of the current project.

@@ -100,16 +100,21 @@ bool writeObject(const AcDbObjectId& id, const TagPatterns& patterns,
   return written;
 }
 
+/// Whether the writer works on objects of this kind, which an id tells without its being opened.
+bool isWritten(const AcDbObjectId& id) {
+  const AcRxClass* kind = id.objectClass();
+  return kind != nullptr && (kind->isDerivedFrom(AcDbBlockReference::desc()) ||
+                             kind->isDerivedFrom(AcDbAttributeDefinition::desc()));
+}
+
 /// Keeps the id of the entity that the iterator stands on if the writer works on its kind.
 void collectEntity(const AcDbBlockTableRecordIterator& entities, ExcludedLayers* excluded,
                    std::vector<AcDbObjectId>& ids) {
+  AcDbObjectId id;
+  if (entities.getEntityId(id) != Acad::eOk || !isWritten(id)) return;
   AcDbEntity* entity = nullptr;
-  if (entities.getEntity(entity, AcDb::kForRead) != Acad::eOk) return;
-  const bool ofKind = AcDbBlockReference::cast(entity) != nullptr ||
-                      AcDbAttributeDefinition::cast(entity) != nullptr;
-  if (ofKind && (excluded == nullptr || !excluded->contains(*entity))) {
-    ids.push_back(entity->objectId());
-  }
+  if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) return;
+  if (excluded == nullptr || !excluded->contains(*entity)) ids.push_back(id);
   entity->close();
 }
 

@@ -1,4 +1,5 @@
 #include "module/drawing/group_list.h"
+#include "module/drawing/highlight.h"
 #include "module/drawing/regenerate.h"
 #include "module/drawing/selection_set.h"
 #include "module/frame/attach.h"
@@ -14,9 +15,6 @@ namespace {
 constexpr UINT kDataVersionTooLow = 2753;
 constexpr UINT kSelectPrompt = 2771;
 
-constexpr int kHighlight = 3;
-constexpr int kNoHighlight = 4;
-
 bool selectTexts(SelectionSet& texts) {
   const GroupList filter(acutBuildList(RTDXF0, L"TEXT", RTNONE));
   return SelectEntities(texts, filter.get(), ResourceText(kSelectPrompt).GetString());
@@ -24,28 +22,23 @@ bool selectTexts(SelectionSet& texts) {
 
 GrowingList<AcDbObjectId> idsOf(const SelectionSet& texts) {
   GrowingList<AcDbObjectId> ids;
-  const int length = texts.length();
-  for (int i = 0; i < length; ++i) {
-    ads_name entity = {};
-    AcDbObjectId id;
-    if (texts.entityAt(i, entity) && acdbGetObjectId(id, entity) == Acad::eOk) ids.add(id);
-  }
+  texts.forEachId([&ids](const AcDbObjectId& id) { ids.add(id); });
   return ids;
 }
 
 /// Shows entities as highlighted until the end of its scope.
 class Highlight {
  public:
-  explicit Highlight(const GrowingList<AcDbObjectId>& ids) : ids_(ids) { redraw(kHighlight); }
-  ~Highlight() { redraw(kNoHighlight); }
+  explicit Highlight(const GrowingList<AcDbObjectId>& ids) : ids_(ids) { redraw(true); }
+  ~Highlight() { redraw(false); }
   Highlight(const Highlight&) = delete;
   Highlight& operator=(const Highlight&) = delete;
 
  private:
-  void redraw(int mode) const {
+  void redraw(bool on) const {
     for (const AcDbObjectId& id : ids_) {
       ads_name entity = {};
-      if (acdbGetAdsName(entity, id) == Acad::eOk) acedRedraw(entity, mode);
+      if (acdbGetAdsName(entity, id) == Acad::eOk) HighlightEntity(entity, on);
     }
   }
 

@@ -150,9 +150,7 @@ void CPropDlg::showPicked(std::size_t property, const CString& value) {
   const bool isLayer = property == kLayerProperty && findValue(property, value) >= 0;
   if (!isLayer || !IsLayerLocked(value.GetString())) return showValue(property, value);
   if (!PropChecks[kLayerProperty]) return;
-  CString message;
-  message.Format(ResourceText(kLayerLocked), value.GetString());
-  AfxMessageBox(message);
+  AfxMessageBox(PrintfResourceText(kLayerLocked, value.GetString()));
 }
 
 void CPropDlg::OnOK() {

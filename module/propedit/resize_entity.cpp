@@ -4,6 +4,7 @@
 #include "module/drawing/coordinates.h"
 #include "module/drawing/entity_pick.h"
 #include "module/drawing/group_list.h"
+#include "module/drawing/highlight.h"
 #include "module/drawing/layer_snapshot.h"
 #include "module/drawing/open_text.h"
 #include "module/drawing/selection_set.h"
@@ -104,9 +105,7 @@ bool TakePreselectedText(ads_name name) {
 }
 
 void HighlightResizeEntity(const ResizeEntity& entity, bool on) {
-  constexpr int kHighlight = 3;
-  constexpr int kNoHighlight = 4;
-  if (entity.isSelected()) acedRedraw(entity.name, on ? kHighlight : kNoHighlight);
+  if (entity.isSelected()) HighlightEntity(entity.name, on);
 }
 
 void RestoreResizeEntity(const ResizeEntity& entity) {

@@ -118,9 +118,7 @@ void ApplyPicked(CText7Dlg& dialog, const PickRow& row, const CString& value) {
   if (row.target == kValue) {
     addToValue(dialog, value);
   } else if (row.target == kLayer && IsLayerLocked(value.GetString())) {
-    CString message;
-    message.Format(ResourceText(kLayerLocked), value.GetString());
-    AfxMessageBox(message);
+    AfxMessageBox(PrintfResourceText(kLayerLocked, value.GetString()));
   } else {
     SelectOrType(dialog, row.target, value.GetString());
   }

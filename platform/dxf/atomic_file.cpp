@@ -2,17 +2,20 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <map>
 #include <random>
+#include <thread>
 #include <utility>
 
 #include "platform/dxf/values.h"
@@ -48,6 +51,34 @@ class SizeLimitSignalBlock {
  private:
   sigset_t limit_{};
   sigset_t before_{};
+};
+
+/// A file's lock, so that of several programs that replace it at once each sees what the one before
+/// did. It goes with the file that is replaced.
+class ReplacementLock {
+ public:
+  /// Waits a while for another one to be ready; false if that has the file locked for longer.
+  bool take(const std::string& file) {
+    file_ = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file_ < 0) return true;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
+      if (errno != EWOULDBLOCK && errno != EINTR) return true;  // a file system without locks
+      if (std::chrono::steady_clock::now() > end) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+  }
+  ReplacementLock() = default;
+  ~ReplacementLock() {
+    if (file_ >= 0) ::close(file_);
+  }
+  ReplacementLock(const ReplacementLock&) = delete;
+  ReplacementLock& operator=(const ReplacementLock&) = delete;
+
+ private:
+  static constexpr std::chrono::seconds kPatience{3};
+  int file_ = -1;
 };
 
 std::string folderOf(const std::string& path) {
@@ -96,6 +127,10 @@ void syncFolder(const std::string& path) {
 
 void holdWritesBack(bool hold) {
   heldFiles().hold = hold;
+}
+
+bool writesAreHeldBack() {
+  return heldFiles().hold;
 }
 
 std::string heldBack(const std::string& path) {
@@ -203,6 +238,13 @@ void AtomicFile::giveName() {
   error_ = errno;
 }
 
+Result<FileStamp> AtomicFile::finishWriting() {
+  writeOut(buffer_);
+  buffer_.clear();
+  if (error_ != 0) return failure(error_);
+  return stampOf(pathOfDescriptor(file_));
+}
+
 Result<void> AtomicFile::flush() {
   writeOut(buffer_);
   buffer_.clear();
@@ -236,23 +278,34 @@ Result<void> AtomicFile::keepBackup() {
 
 /// The target's own stamp stands for the new file, so that a later save finds it as it should be.
 Result<FileStamp> AtomicFile::holdBack() {
-  writeOut(buffer_);
-  buffer_.clear();
-  if (error_ != 0) return failure(error_);
+  if (Result<FileStamp> written = finishWriting(); !written) return written;
   int& held = heldFiles().files.try_emplace(target_, -1).first->second;
   if (held >= 0) ::close(held);
   held = std::exchange(file_, -1);
   return replaces_ ? stampOf(target_) : FileStamp{};
 }
 
-Result<FileStamp> AtomicFile::commit(bool backup) {
-  if (heldFiles().hold) return holdBack();
-  if (Result<void> flushed = flush(); !flushed) return flushed.error();
+Result<void> AtomicFile::replaceTarget(bool backup) {
   if (backup && replaces_) {
-    if (Result<void> kept = keepBackup(); !kept) return kept.error();
+    if (Result<void> kept = keepBackup(); !kept) return kept;
   }
   if (::rename(temporary_.c_str(), target_.c_str()) != 0) return failure(errno);
   temporary_.clear();
+  return {};
+}
+
+Result<FileStamp> AtomicFile::commit(bool backup, const MayReplace& mayReplace) {
+  if (!heldFiles().hold) {
+    if (Result<void> flushed = flush(); !flushed) return flushed.error();
+  }
+  ReplacementLock lock;
+  if (replaces_ && !lock.take(target_))
+    return Error{ErrorKind::kNotWritable, path_ + ": another program has the file locked"};
+  if (mayReplace) {
+    if (Result<void> may = mayReplace(); !may) return may.error();
+  }
+  if (heldFiles().hold) return holdBack();
+  if (Result<void> replaced = replaceTarget(backup); !replaced) return replaced.error();
   syncFolder(target_);
   return stampOf(target_);
 }

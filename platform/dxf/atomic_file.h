@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,9 @@
 #include "platform/dxf/result.h"
 
 namespace kovra::dxf {
+
+/// Whether a file may be replaced now, or why not.
+using MayReplace = std::function<Result<void>()>;
 
 /// A file that is written anew: either all of it takes the old one's place, or nothing happens.
 ///
@@ -29,8 +33,12 @@ class AtomicFile {
   const std::string& target() const { return target_; }
   /// Collects bytes; failures are kept for commit().
   void append(std::string_view bytes);
+  /// Writes out what was collected. The stamp of what is written, which a new name doesn't change.
+  Result<FileStamp> finishWriting();
   /// Flushes, keeps the former file as NAME.bak if wanted, renames. Returns the new file's stamp.
-  Result<FileStamp> commit(bool backup);
+  /// @param mayReplace is asked right before, while no other program of ours can replace the file
+  /// Errors: that of mayReplace; kNotWritable, also when another program has the file locked.
+  Result<FileStamp> commit(bool backup, const MayReplace& mayReplace = {});
 
  private:
   Error failure(int error) const;
@@ -40,6 +48,7 @@ class AtomicFile {
   void giveName();
   Result<void> flush();
   Result<void> keepBackup();
+  Result<void> replaceTarget(bool backup);
 
   std::string path_;
   std::string target_;
@@ -54,6 +63,7 @@ class AtomicFile {
 /// don't see a difference, as long as they don't read it back. For runs that only say what they
 /// would do.
 void holdWritesBack(bool hold);
+bool writesAreHeldBack();
 /// A path under which the bytes can be read that `path` would have; empty if it wasn't written.
 std::string heldBack(const std::string& path);
 

@@ -74,7 +74,8 @@ Result<std::unique_ptr<FileReading>> FileReading::start(const std::string& path)
   std::unique_ptr<FileReading> reading(new FileReading(path, std::move(file)));
   reading->stamp_ = stampFrom(status);
   reading->toRead_ = static_cast<std::size_t>(status.st_size);
-  if (!reading->bytes_.memory_.resize(reading->toRead_)) return readError(path, ENOMEM);
+  reading->bytes_.memory_ = LargeMemory::ofAnyContent(reading->toRead_);
+  if (reading->bytes_.memory_.data() == nullptr) return readError(path, ENOMEM);
   reading->begin();
   return reading;
 }

@@ -2,6 +2,7 @@
 
 #include <sys/mman.h>
 
+#include <mutex>
 #include <utility>
 
 namespace kovra::dxf {
@@ -17,10 +18,50 @@ std::size_t wholePages(std::size_t size) {
   return (size + kLargePage - 1) / kLargePage * kLargePage;
 }
 
+/// Of the program's memory so much at most stays taken for a next drawing.
+constexpr std::size_t kLargestSpare = 4 * kLargePage;
+
+/// The block that was given back last.
+class Spare {
+ public:
+  void swap(char*& data, std::size_t& size) {
+    const std::lock_guard guard(lock_);
+    std::swap(data, data_);
+    std::swap(size, size_);
+  }
+
+ private:
+  std::mutex lock_;
+  char* data_ = nullptr;
+  std::size_t size_ = 0;
+};
+
+/// Blocks may be given back up to the end of the program, so it is never destroyed.
+Spare& spare() {
+  static auto* const only = new Spare;
+  return *only;
+}
+
 }  // namespace
 
 LargeMemory::~LargeMemory() {
+  // What is less than a large page costs little to take anew.
+  const bool isKept = size_ >= kLargePage && size_ <= kLargestSpare;
+  if (isKept) spare().swap(data_, size_);
   if (data_ != nullptr) ::munmap(data_, size_);
+}
+
+LargeMemory LargeMemory::ofAnyContent(std::size_t size) {
+  LargeMemory memory;
+  if (size > kLargestSpare) {
+    memory.resize(size);
+    return memory;
+  }
+  spare().swap(memory.data_, memory.size_);
+  if (memory.data_ != nullptr && memory.size_ >= size) return memory;
+  LargeMemory larger;
+  larger.resize(size);
+  return larger;
 }
 
 LargeMemory::LargeMemory(LargeMemory&& other) noexcept

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/dxf/commit_behind.h"
 #include "platform/dxf/header_variables.h"
 #include "platform/dxf/store_impl.h"
 
@@ -63,6 +64,7 @@ std::unique_ptr<RecordStore> RecordStore::make(FileBytes bytes, ScannedFile scan
 }
 
 Result<std::unique_ptr<RecordStore>> RecordStore::readFile(const std::string& path) {
+  finishCommitOf(path);
   const Result<std::unique_ptr<FileReading>> reading = FileReading::start(path);
   if (!reading) return reading.error();
   Result<ScannedFile> scanned =

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,9 @@ class StoreListener {
 struct SaveOptions {
   bool backup = true;  ///< keep the former file as NAME.bak
   bool adopt = true;   ///< the written file becomes the store's file
+  /// If set, the file may be committed behind the caller (see commit_behind.h), who won't ask this
+  /// store for more; what goes wrong there is said to this function.
+  std::function<void(const Error&)> behind = {};
 };
 
 /// The records of one drawing, in the order and with the bytes that the file has.
@@ -149,7 +153,7 @@ class RecordStore {
   template <class Append>
   void writeTo(Append append) const;
   bool isOwnFile(const std::string& target) const;
-  Result<void> checkUnchangedOnDisk(const std::string& target) const;
+  std::function<Result<void>()> unchangedOnDisk(const std::string& target) const;
 
   Dialect dialect_;
   TextCodec codec_;

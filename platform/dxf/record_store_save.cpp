@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/dxf/atomic_file.h"
+#include "platform/dxf/commit_behind.h"
 #include "platform/dxf/group_format.h"
 #include "platform/dxf/header_variables.h"
 #include "platform/dxf/record_store.h"
@@ -174,27 +177,34 @@ bool RecordStore::isOwnFile(const std::string& target) const {
          there.value().inode == impl_->stamp->inode;
 }
 
-Result<void> RecordStore::checkUnchangedOnDisk(const std::string& target) const {
-  const Result<FileStamp> there = stampOf(target);
-  const bool gone = !there && there.error().kind == ErrorKind::kNotFound;
-  if (gone || (there && there.value() == *impl_->stamp)) return {};
-  return Error{ErrorKind::kChangedOnDisk,
-               impl_->path + ": the file was changed by another program since it was opened"};
+/// Says whether the store's own file is still as it was read; of its own, since it may be asked
+/// when the store is gone.
+std::function<Result<void>()> RecordStore::unchangedOnDisk(const std::string& target) const {
+  return [path = impl_->path, former = *impl_->stamp, target]() -> Result<void> {
+    const Result<FileStamp> there = stampOf(target);
+    const bool gone = !there && there.error().kind == ErrorKind::kNotFound;
+    if (gone || (there && there.value() == former)) return {};
+    return Error{ErrorKind::kChangedOnDisk,
+                 path + ": the file was changed by another program since it was opened"};
+  };
 }
 
 Result<void> RecordStore::saveTo(const std::string& path, const SaveOptions& options) {
-  AtomicFile file;
-  if (Result<void> opened = file.open(path); !opened) return opened;
-  const bool own = isOwnFile(file.target());
+  // It may be this very file, which is looked at next.
+  finishCommit();
+  auto file = std::make_unique<AtomicFile>();
+  if (Result<void> opened = file->open(path); !opened) return opened;
+  const bool own = isOwnFile(file->target());
+  const MayReplace mayReplace = own ? unchangedOnDisk(file->target()) : MayReplace();
   if (own) {
-    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
+    if (Result<void> unchanged = mayReplace(); !unchanged) return unchanged;
   }
-  writeTo([&file](std::string_view bytes) { file.append(bytes); });
-  if (own) {
-    // Writing takes time: look again right before the rename.
-    if (Result<void> unchanged = checkUnchangedOnDisk(file.target()); !unchanged) return unchanged;
-  }
-  const Result<FileStamp> stamp = file.commit(options.backup);
+  writeTo([&file](std::string_view bytes) { file->append(bytes); });
+  // Writing takes time: it is asked again right before the rename.
+  const bool isBehind = options.behind && CommitsBehind::allowed();
+  const Result<FileStamp> stamp =
+      isBehind ? commitBehind(std::move(file), options.backup, mayReplace, options.behind)
+               : file->commit(options.backup, mayReplace);
   if (!stamp) return stamp.error();
   if (own || options.adopt) {
     if (!own) impl_->path = path;

@@ -57,7 +57,8 @@ void cell(HDC context, const GridState& grid, LONG col, LONG row) {
   fill(context, {place.right - 1, place.top, place.right, place.bottom}, COLOR_3DLIGHT);
   fill(context, {place.left, place.bottom - 1, place.right, place.bottom}, COLOR_3DLIGHT);
   const std::wstring shown = header ? headerText(grid, col, row) : grid.cells.shown(col, row);
-  if (!shown.empty()) text(context, shown, place, header ? DT_CENTER : 0);
+  const bool edited = active && grid.editor != nullptr;
+  if (!shown.empty() && !edited) text(context, shown, place, header ? DT_CENTER : 0);
 }
 
 LONG widthOfText(HDC context, std::wstring_view part) {

@@ -298,6 +298,42 @@ TEST(Text, MultiLineAttributeKeepsItsCopies) {
     EXPECT_NE(tail.find(line), std::string::npos) << line << "in\n" << tail;
 }
 
+// Other programs show a multi-line attribute by its embedded object: it goes where the attribute's
+// alignment goes.
+TEST(Text, MultiLineAttributeIsAttachedByItsAlignment) {
+  const struct {
+    int horizontal;
+    int vertical;
+    const char* attachment;
+  } cases[] = {
+      {AcDb::kTextLeft, AcDb::kTextTop, "1"},      {AcDb::kTextRight, AcDb::kTextTop, "3"},
+      {AcDb::kTextMid, AcDb::kTextBase, "5"},      {AcDb::kTextRight, AcDb::kTextVertMid, "6"},
+      {AcDb::kTextCenter, AcDb::kTextBottom, "8"}, {AcDb::kTextRight, AcDb::kTextBase, "9"},
+      {AcDb::kTextLeft, AcDb::kTextBase, "1"}};
+  for (const std::string present : {"1", ""}) {
+    std::string multi =
+        TestDrawing{1032, textEntity(TextKind::kAttribute, 1032, kHandle, {})}.bytes();
+    std::string embedded = groupLines({{101, "Embedded Object"}, {10, "100.0"}, {20, "50.0"}});
+    if (!present.empty()) embedded += groupLines({{71, present}});
+    multi.insert(multi.find("  0\nSEQEND"), embedded + groupLines({{1, "K1\\PK2"}}));
+    for (const auto& each : cases) {
+      OpenDrawing drawing(multi);
+      AcDbAttribute* attribute = nullptr;
+      ASSERT_EQ(acdbOpenObject(attribute, drawing.find(kHandle), AcDb::kForWrite), Acad::eOk);
+      attribute->setVerticalMode(static_cast<AcDb::TextVertMode>(each.vertical));
+      attribute->setHorizontalMode(static_cast<AcDb::TextHorzMode>(each.horizontal));
+      attribute->setAlignmentPoint({30, 40, 0});
+      attribute->close();
+      const std::string after = drawing.bytes();
+      const std::string tail = after.substr(after.find("Embedded Object"));
+      const std::string group = groupLines({{71, each.attachment}});
+      const bool isLeftAlone = each.horizontal == 0 && each.vertical == 0;
+      EXPECT_EQ(tail.find(group) != std::string::npos, !isLeftAlone || !present.empty()) << tail;
+      EXPECT_EQ(tail.find(" 10\n30.0\n 20\n40.0\n") != std::string::npos, !isLeftAlone) << tail;
+    }
+  }
+}
+
 TEST(Text, IsMeasuredAnewWhenItsValueChanges) {
   OpenDrawing drawing(TestDrawing{}.bytes());
   AcDbText text({}, L"K1", AcDbObjectId::kNull, 2);

@@ -29,6 +29,13 @@ class EachTest : public ProgramTest {
     return run(arguments);
   }
 
+  static std::size_t countOf(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+      ++count;
+    return count;
+  }
+
   std::map<std::string, json> report(const std::string& name) {
     std::map<std::string, json> entries;
     std::istringstream lines(read(name));
@@ -42,16 +49,18 @@ class EachTest : public ProgramTest {
 
 TEST_F(EachTest, TellsOfEachDrawingAndGoesOnPastFaults) {
   write("s/cut.dxf", motorDrawing().substr(0, 700));
+  write("s/\x90\x7d.dxf", motorDrawing());  // a name that isn't UTF-8
   const ProgramRun first = each({"s", "s/a.dxf", "none.dxf", "--report", "r.jsonl", "--jobs", "2"});
   EXPECT_EQ(first.status, 1);
-  EXPECT_EQ(first.out.rfind("2 done, 1 unchanged, 2 failed in ", 0), 0U) << first.out;
+  EXPECT_EQ(first.out.rfind("3 done, 1 unchanged, 2 failed in ", 0), 0U) << first.out;
   EXPECT_NE(first.out.find("none.dxf"), std::string::npos) << first.out;
   auto entries = report("r.jsonl");
-  ASSERT_EQ(entries.size(), 5U);
+  ASSERT_EQ(entries.size(), 6U);
   const json changes =
       json::parse(R"([{"change":"changed","type":"ATTRIB","records":2,"groups":{"40":2}}])");
   EXPECT_EQ(entries["s/a.dxf"]["status"], "done");
   EXPECT_EQ(entries["s/a.dxf"]["changes"], changes);
+  EXPECT_EQ(entries["s/a.dxf"]["path"], canonical(path("s/a.dxf")).string());
   EXPECT_EQ(entries["s/texts.dxf"]["status"], "unchanged");
   EXPECT_EQ(entries["s/cut.dxf"]["status"], "failed");
   EXPECT_EQ(run({"diff", "s/a.dxf", "s/a.dxf.bak"}).status, 1);
@@ -60,10 +69,10 @@ TEST_F(EachTest, TellsOfEachDrawingAndGoesOnPastFaults) {
   // What is done stays done until somebody changes it; another job begins anew.
   write("s/deep/b.DXF", motorDrawing());
   const std::vector<std::string> again = {"s", "--report", "r.jsonl", "--resume", "r.jsonl"};
-  EXPECT_EQ(each(again).out.rfind("1 done, 0 unchanged, 1 failed, 2 done before", 0), 0U);
+  EXPECT_EQ(each(again).out.rfind("1 done, 0 unchanged, 1 failed, 3 done before", 0), 0U);
   const ProgramRun other =
       run({"each", "s", "--resume", "r.jsonl", "-c", "ERASE", "-c", "nonsense", "--jobs", "1"});
-  EXPECT_EQ(other.out.rfind("0 done, 0 unchanged, 4 failed in", 0), 0U) << other.out;
+  EXPECT_EQ(other.out.rfind("0 done, 0 unchanged, 5 failed in", 0), 0U) << other.out;
   EXPECT_NE(other.out.find("s/a.dxf: -c 2: "), std::string::npos) << other.out;
 }
 
@@ -102,11 +111,7 @@ TEST_F(EachTest, CtrlCFinishesWhatRunsAndTheNextRunGoesOn) {
   EXPECT_EQ(stopped.status, finished < kDrawings ? 1 : 0) << stopped.out << stopped.err;
   std::vector<std::string> list = {"list", "--format", "csv", "--tag", "NAME"};
   for (int i = 0; i < kDrawings; ++i) list.push_back("many/" + std::to_string(i) + ".dxf");
-  const std::string heights = run(list).out;
-  std::size_t changed = 0;
-  for (size_t at = heights.find(",7,"); at != std::string::npos; at = heights.find(",7,", at + 1))
-    ++changed;
-  EXPECT_EQ(changed, finished);
+  EXPECT_EQ(countOf(run(list).out, ",7,"), finished);
   EXPECT_EQ(run(job).status, 0);
   EXPECT_EQ(report("r.jsonl").size(), static_cast<std::size_t>(kDrawings));
 }
@@ -123,14 +128,35 @@ TEST_F(EachTest, AKilledBatchChangesNoDrawingTwice) {
     kill(batch, SIGKILL);
     finish(batch);
   }
-  EXPECT_EQ(run(job).status, 0);
-  std::vector<std::string> list = {"list", "many", "--format", "csv"};
-  const std::string places = run(list).out;
-  std::size_t moved = 0;
-  for (size_t at = places.find(",11,"); at != std::string::npos; at = places.find(",11,", at + 1))
-    ++moved;
-  EXPECT_EQ(moved, 2U * kDrawings) << places;
+  // The report has them all then, also for the runs after the next.
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(run(job).status, 0);
+  EXPECT_EQ(report("r.jsonl").size(), static_cast<std::size_t>(kDrawings));
+  EXPECT_EQ(countOf(run({"list", "many", "--format", "csv"}).out, ",11,"), 2U * kDrawings);
   EXPECT_FALSE(exists("r.jsonl.begun"));
+}
+
+TEST_F(EachTest, OfTwoRunsAtOnceNoneLosesWhatTheOtherDid) {
+  constexpr int kDrawings = 30;
+  for (int i = 0; i < kDrawings; ++i) write("many/" + std::to_string(i) + ".dxf", textDrawing());
+  const auto job = [](const std::string& name, const std::string& to) {
+    return std::vector<std::string>{"each", "many", "--jobs",      "2",  "--report", name, "-c",
+                                    "MOVE", "-c",   "@select all", "-c", "@enter",   "-c", "0,0",
+                                    "-c",   to};
+  };
+  const pid_t other = start(job("x.jsonl", "1,0"));
+  run(job("y.jsonl", "0,100"));
+  finish(other);
+  auto xs = report("x.jsonl");
+  auto ys = report("y.jsonl");
+  for (int i = 0; i < kDrawings; ++i) {
+    const std::string drawing = "many/" + std::to_string(i) + ".dxf";
+    const bool x = xs[drawing]["status"] == "done";
+    const bool y = ys[drawing]["status"] == "done";
+    EXPECT_TRUE(x || y) << xs[drawing] << ys[drawing];
+    const std::string listed = run({"list", drawing, "--format", "csv"}).out;
+    EXPECT_EQ(countOf(listed, ",11,"), x ? 2U : 0U) << listed;
+    EXPECT_EQ(countOf(listed, ",110,0") + countOf(listed, ",120,0"), y ? 2U : 0U) << listed;
+  }
 }
 
 }  // namespace

@@ -156,6 +156,10 @@ TEST_F(PropertyCopyDrawingsTest, ChosenDrawings) {
        "@files ../b.dxf ../c.dxf\n" + choose + "@click 1\n",
        "[b.dxf]\n[c.dxf]\nAttributes changed in 2 object(s).\n",
        {"b.dxf", "c.dxf"}},
+      {"",
+       "@files ../b.dxf ../b.dxf ../p/../b.dxf ../c.dxf\n" + choose + "@click 1\n",
+       "[b.dxf]\n[c.dxf]\nAttributes changed in 2 object(s).\n",
+       {"b.dxf", "c.dxf"}},
       {"", "@files\n" + choose + "@click 1\n", "", {}},
       {"[Blocked]\n1=../b.dxf\n", "@files ../b.dxf\n" + choose + "@click 1\n", "", {}},
       {"[Blocked]\n1=../b.dxf\n",
@@ -187,6 +191,25 @@ TEST_F(PropertyCopyDrawingsTest, ChosenDrawings) {
       EXPECT_EQ(changed(name), meant ? kHigher : Lines{}) << each.lines << name;
     }
   }
+}
+
+// The disk is waited for while the next drawing is changed; what goes wrong there is said all the
+// same, and the drawing stays as it was.
+TEST_F(PropertyCopyDrawingsTest, ADrawingThatCantBePutInPlace) {
+  const Lines drawings = {"b.dxf", "c.dxf", "d.dxf"};
+  for (const std::string& name : {std::string("a.dxf"), drawings[0], drawings[1], drawings[2]})
+    write(name, motorDrawing());
+  project(drawings);
+  for (const char* name : {"b.dxf.bak", "d.dxf.bak"}) write(name + std::string("/x"), "");
+  const ProgramRun result =
+      runScript(kHeight + "@choose 2013 #3\n@click 1\n", {"-p", "p", "a.dxf"});
+  EXPECT_EQ(result.status, 1);
+  for (const std::string& name : drawings) {
+    const bool fails = name != "c.dxf";
+    EXPECT_EQ(changed(name), fails ? Lines{} : kHigher) << name;
+    EXPECT_EQ(result.out.find(name + ": can't be written: ") != std::string::npos, fails) << name;
+  }
+  for (const std::string& name : files()) EXPECT_FALSE(name.starts_with(".kovra-")) << name;
 }
 
 TEST_F(PropertyCopyDrawingsTest, EachDrawingHasItsOwnScale) {

@@ -3,6 +3,7 @@ Usage: test_examples.py SOURCE-ROOT PROGRAM"""
 
 import csv
 import io
+import os
 import re
 import shutil
 import subprocess
@@ -58,8 +59,8 @@ class ExampleTest(unittest.TestCase):
         """In either language, also with what the run before left in the dialogs."""
         scripts = {path.name for path in (ROOT / "examples").glob("*.kovra")}
         self.assertEqual(scripts, {"align_texts.kovra", "attr_copy.kovra", "change_properties.kovra", "count_up.kovra",
-                                   "edit_properties.kovra", "place_texts.kovra", "place_texts_one_by_one.kovra",
-                                   "property_copy.kovra", "resize_text.kovra"})
+                                   "edit_properties.kovra", "options.kovra", "place_texts.kovra",
+                                   "place_texts_one_by_one.kovra", "property_copy.kovra", "resize_text.kovra"})
         with tempfile.TemporaryDirectory() as folder:
             for language in ("en", "ja"):
                 placed = self.run_on_copy("place_texts.kovra", language, folder)
@@ -87,6 +88,13 @@ class ExampleTest(unittest.TestCase):
                 self.assertEqual([sets[name] for name in ("motor-1", "motor-2", "terminals")], [([], 8), ([], 0), ([], 3)])
                 resized = self.run_on_copy("resize_text.kovra", language, folder)
                 self.assertEqual((resized["motor-1"], resized["motor-2"]), (([], 3), ([], 0)))
+                self.assertEqual(set(map(str, self.run_on_copy("options.kovra", language, folder).values())), {"([], 0)"})
+                tables = (Path(folder) / f"options.kovra-{language}" / "KovrCad.prm").read_text("utf-8")
+                for key, values in (("LAYER", "CMNT ECMNT SYMBOL CABLE WIRENO AUX"), ("TEXT_H", "1.8 2.5 3.5 5 7.00"),
+                                    ("TEXT_ROT", "0.0 90.0 270.0")):
+                    count = int(re.search(rf"^{key}_CNT=(.*)$", tables, re.M)[1])
+                    rows = dict(re.findall(rf"^{key}(\d+)=(.*)$", tables, re.M))
+                    self.assertEqual([rows[str(row)] for row in range(1, count + 1)], values.split())
                 copied = self.run_on_copy("attr_copy.kovra", language, folder)
                 self.assertTrue(all(new == [] and changed > 0 for new, changed in copied.values()))
                 everywhere = self.run_on_copy("property_copy.kovra", language, folder)
@@ -95,6 +103,35 @@ class ExampleTest(unittest.TestCase):
                               if row["space"] == "model" and re.fullmatch(r"NAME\d?", row["tag"])
                               or (name, row["space"], row["tag"]) == ("motor-1", "model", "CAP")]
                     self.assertEqual(result, ([], len(listed)))
+
+    def test_jobs_for_a_shelf(self):
+        jobs = ROOT / "examples" / "shelf"
+
+        def run(*command, status=0):
+            done = subprocess.run(command, cwd=folder, env={**os.environ, "KOVRA": PROGRAM}, capture_output=True, text=True)
+            self.assertEqual(done.returncode, status, done.stdout + done.stderr)
+            return done.stdout.splitlines()
+
+        with tempfile.TemporaryDirectory() as folder:
+            shelf = Path(folder) / "shelf"
+            shutil.copytree(ROOT / "examples" / "panel", shelf / "panel")
+            wires = run(jobs / "wire_table.py", "shelf")
+            self.assertEqual(wires[:2], ["wire,drawing,ends", "10,shelf/panel/motor-2.dxf,3"])
+            self.assertEqual(run(jobs / "renumber_terminals.py", "shelf/panel", "shelf", "TB1-", "TB1-", "98"),
+                             ["shelf/panel/motor-1.dxf: TB1-98 to TB1-104"])
+            numbers = [(row["value"], row["x"], row["layer"]) for row in texts(shelf / "panel" / "motor-1.dxf").values()
+                       if row["value"].startswith("TB1-")]
+            self.assertEqual(numbers, [(f"TB1-{98 + i}", str(56 + 52 * i), "AUX") for i in range(7)])
+            fault = "shelf/panel/motor-1.dxf: X009 (172) and CV 5.5sq-4C (18C) overlap"
+            self.assertIn(fault, faults := run(jobs / "find_faults.py", "shelf", status=1))
+            run(PROGRAM, "each", "shelf", "-s", jobs / "attribute_heights.kovra")
+            self.assertIn("shelf/panel/motor-1.dxf: X001 (F0) and X002 (FA) overlap",
+                          set(run(jobs / "find_faults.py", "shelf", status=1)) - set(faults))
+            run(PROGRAM, "shelf/panel/motor-1.dxf", "--save", "-c", "-KOVRA_ATTR_COPY", "-c", "SENBAN1 /L AUX")
+            self.assertIn("shelf/panel/motor-1.dxf: wire number U1 (F1) lies on AUX",
+                          run(jobs / "find_faults.py", "shelf", status=1))
+            run(jobs / "pictures.sh", "shelf", "pictures")
+            self.assertGreater((Path(folder) / "pictures" / "panel" / "motor-2.dxf.png").stat().st_size, 10000)
 
 
 if __name__ == "__main__":

@@ -27,7 +27,7 @@ FORMATS = {2786: ["%d"], 2794: ["%d"], 2822: ["%s"], 2827: ["%s"], 7136: ["%1"],
 PROMPTS = [2722, 2723, *range(2724, 2731), 2754, 2755, 2767, 2768, 2771, 2774, *range(2777, 2784), 2785,
            *range(2788, 2794), 2828, 7353, 7710, 7718, 7723, 7725, 8189]
 OWN_LINE_BREAK = {2774, 8189, 2786}
-COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3900, 3910, 3913, 3920]
+COMMAND_LINE = [*PROMPTS, 2769, 2772, 2784, 2786, 2787, 2794, 2802, 2803, 2804, 2827, 2829, 2830, 3749, 3910, 3913, 3920]
 USED_RANGES = ((1925, 2020), (2119, 2131), (2717, 2830), (4635, 4665))
 LABELS = {"text dialogs": range(2809, 2822), "align": range(2119, 2132), "radix": range(2795, 2802)}
 
@@ -72,6 +72,7 @@ COPY_PROP = {
     "button": [1, 2, *range(1953, 1958)], "drawn button": [1960], "check": [1967, 1968, 1969, 1970, 1973],
     "radio": [1974, 1975], "combo edit": range(1978, 1982), "edit": [1931], "syslistview32": [1984],
 }
+OPTION_PAGE = {"button": [1953, 1954, 1955], "static": range(1926, 1930), "systabcontrol32": [1925]}
 COPY_PROP_533 = joined(COPY_PROP, {"button": [1958], "check": [1971], "combo list": [1982]})
 CONTROLS = {
     523: TEXT_523,
@@ -88,8 +89,12 @@ CONTROLS = {
     535: joined({kind: ids for kind, ids in COPY_PROP_533.items() if kind != "radio"}, {"check": [2014], "combo list": [2013]}),
     525: PROPERTIES,
     1596: EDIT_PROPERTY,
+    1529: OPTION_PAGE,
+    1559: joined(OPTION_PAGE, {"static": [3978]}),
+    3930: {"button": [1, 2, 3933, 3934], "static": [3932], "syslistview32": [3931]},
 }
-MODAL = (526, 531, 530, 533, 535, 1739, 525, 1596)
+PAGES = (1529, 1559)
+MODAL = (526, 531, 530, 533, 535, 1739, 525, 1596, 3930, *PAGES)
 ICON_SIZES = {**{id: [32] for id in range(536, 540)}, 541: [16], 542: [16], 1770: [16, 32], 1772: [16, 32]}
 
 # Shown in place of one another in the text dialogs: several lines against one line and its counting.
@@ -102,6 +107,7 @@ TOOL_TIPS.update({template: {1964, 1965, 1966} for template in (529, 532, 534, 1
 TOOL_TIP_LIMIT = 160
 # In dialog units: a line of text, and the close box with its margins in a dialog's title bar.
 LINE_HEIGHT, CLOSE_BOX = 8, 24
+FRAMES = ("frame", "systabcontrol32")
 
 
 def formats(text):
@@ -205,7 +211,7 @@ class DialogTest(unittest.TestCase):
 
     def test_nothing_overlaps_or_leaves_the_dialog(self):
         for _, template, dialog in self.each():
-            solid = [control for control in dialog.controls if control.kind != "frame"]
+            solid = [control for control in dialog.controls if control.kind not in FRAMES]
             for a, b in combinations(solid, 2):
                 self.assertTrue(exclusive(a, b) or not overlap(a, b), f"{template}: {a} {b}")
             for control in dialog.controls:
@@ -214,7 +220,7 @@ class DialogTest(unittest.TestCase):
 
     def test_frames_hold_controls_whole(self):
         for _, _, dialog in self.each():
-            for frame in (control for control in dialog.controls if control.kind == "frame"):
+            for frame in (control for control in dialog.controls if control.kind in FRAMES):
                 for control in dialog.controls:
                     if control is not frame and overlap(frame, control):
                         self.assertTrue(control.x > frame.x and control.y > frame.y

@@ -13,25 +13,28 @@ import unittest
 from pathlib import Path
 
 PROGRAM = Path(sys.argv.pop(1)).resolve()
-PACKAGING = Path(__file__).resolve().parent.parent.parent / "packaging"
+ROOT = Path(__file__).resolve().parent.parent.parent
+PACKAGING = ROOT / "packaging"
+FLEET = ROOT / "fleet" / "kovra_fleet.py"
 
 
-def help_of(*subcommand):
-    return subprocess.run([PROGRAM, *subcommand, "--help"], check=True, capture_output=True, text=True).stdout
+def help_of(*program):
+    return subprocess.run([*program, "--help"], check=True, capture_output=True, text=True).stdout
 
 
 def subcommands():
-    return re.findall(r"^  (\w+) ", help_of().split("Subcommands:", 1)[1].split("\n\n", 1)[0], re.M)
+    return re.findall(r"^  (\w+) ", help_of(PROGRAM).split("Subcommands:", 1)[1].split("\n\n", 1)[0], re.M)
 
 
 class PackagingTest(unittest.TestCase):
     def test_manual_pages(self):
         with tempfile.TemporaryDirectory() as folder:
-            subprocess.run([PACKAGING / "make_manual.sh", PROGRAM, folder], check=True)
-            pages = {"": "kovra", **{name: f"kovra-{name}" for name in subcommands()}}
-            for subcommand, page in pages.items():
+            subprocess.run([PACKAGING / "make_manual.sh", PROGRAM, FLEET, folder], check=True)
+            pages = {"kovra": [PROGRAM], "kovra-fleet": [FLEET],
+                     **{f"kovra-{name}": [PROGRAM, name] for name in subcommands()}}
+            for page, program in pages.items():
                 text = gzip.open(Path(folder) / f"{page}.1.gz", "rt").read().replace("\\-", "-")
-                options = re.findall(r"--[a-z][a-z-]*", help_of(*filter(None, [subcommand])))
+                options = re.findall(r"--[a-z][a-z-]*", help_of(*program))
                 self.assertGreater(len(options), 1)
                 for option in options:
                     self.assertIn(option, text, page)

@@ -7,6 +7,18 @@
 
 class CWnd;
 
+namespace kovra::companions {
+class OptionDialog;
+}
+
+/// How a control of a page follows the page's size: by how many percent of the change these edges
+/// of it move.
+struct OptionPageSizing {
+  int control;
+  int edges;  ///< sum of 1 left, 2 top, 4 right, 8 bottom
+  int percent;
+};
+
 /// A page of the product's option dialog. The constructor makes it known to the dialog, the
 /// destructor takes it out again. The frame calls the operations; the page belongs to its library.
 class KovraOptionPage {
@@ -31,15 +43,19 @@ class KovraOptionPage {
   virtual void ReloadPage() = 0;
   /// False keeps the dialog open.
   virtual bool ValidatePage() = 0;
-  /// Answers the frame's questions by kind; the base answers 0.
+  /// Answers the frame's questions by kind: 3 the address of an OptionPageSizing, 4 the window of
+  /// one of the page's controls. The base answers 0.
   virtual std::intptr_t PageInfo(int kind, int controlId);
 
-  /// Tells the frame that the page holds changes.
+  /// Tells the frame that the page holds changes. They are there until the frame applies or reloads
+  /// the page; a page that can't store them says so again in ApplyPage, and the dialog stays open.
   void SetModified();
   bool IsModified() const { return modified_; }
   const std::string& Path() const { return path_; }
 
  private:
+  friend class kovra::companions::OptionDialog;
+
   std::string path_;
   bool modified_ = false;
 };

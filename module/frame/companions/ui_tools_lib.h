@@ -20,5 +20,6 @@ bool IsLayerExcluded(const char* layerName);
 /// Takes the entities of such layers out of the selection set; their number.
 int RemoveExcludedObjects(const ads_name selection);
 
-/// Writes the drawing file. Failure is said on the command line.
+/// Writes the drawing file; at the latest at the end of the command it lies on the disk. Failure is
+/// said on the command line.
 void SaveDatabase(AcDbDatabase* database, const wchar_t* path);

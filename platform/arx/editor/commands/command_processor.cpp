@@ -11,6 +11,7 @@
 #include "platform/arx/editor/documents/document_session.h"
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/prompts/command_tokens.h"
+#include "platform/dxf/commit_behind.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
 
@@ -113,6 +114,7 @@ bool runCommandByName(std::wstring_view typed) {
   if (outermost) session.lastCommand = command.name;
   if (outermost && command.journalled) document->database()->journal().beginStep(command.name);
   const RunningCommand running(*document, command.name);
+  const dxf::CommitsBehind commits;
   try {
     command.run();
   } catch (const std::exception& error) {
