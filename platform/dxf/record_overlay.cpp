@@ -114,6 +114,7 @@ void OverlayBuilder::appendChanged(const GroupView& old, const Group& group) {
   appendRevalued(old, draft_->value(group), style_, middle_);
 }
 
+/// A line that ended the file may lack its end.
 void OverlayBuilder::endLine() {
   if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
 }

@@ -106,10 +106,11 @@ std::string_view trimmed(std::string_view text) {
 }
 
 bool parseReal(std::string_view text, double& value) {
+  if (parsePlainReal(text, value)) return true;
   // Blanks around a real are rare.
-  if (parsePlainReal(text, value)) return true;
-  text = withoutBlanks(text);
-  if (parsePlainReal(text, value)) return true;
+  const std::string_view bare = withoutBlanks(text);
+  if (bare.size() != text.size() && parsePlainReal(bare, value)) return true;
+  text = bare;
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   double parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);

@@ -175,9 +175,10 @@ bool canBeWritten(AcDbObjectId id) {
 
 AcGeVector3d entityNormal(const dxf::RecordDraft& draft) {
   const std::size_t x = draft.find(210);
+  if (x == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const std::size_t y = draft.find(220);
+  if (y == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const std::size_t z = draft.find(230);
-  if (x == dxf::kNoGroup || y == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const AcGeVector3d normal(draft.real(x), draft.real(y), z == dxf::kNoGroup ? 0 : draft.real(z));
   return normal.isZeroLength() ? AcGeVector3d(0, 0, 1) : normal.normal();
 }

@@ -55,7 +55,7 @@ bool mayBeAsInFile(RecordEdit& edit, double height, const AcGePoint3d& position)
 }  // namespace
 
 bool usesAlignmentPoint(const dxf::RecordDraft& draft) {
-  return usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
+  return textHorizontalMode(draft) != AcDb::kTextLeft || textVerticalMode(draft) != AcDb::kTextBase;
 }
 
 bool alignText(RecordEdit& edit, const AcDbDatabase& database) {

@@ -186,8 +186,10 @@ AcDbObject* openNamed(const resbuf* list, int& result) {
 
 bool isOfType(const resbuf* list, std::string_view type) {
   while (list != nullptr && list->restype != 0 && list->restype != RTDXF0) list = list->rbnext;
-  return list == nullptr ||
-         dxf::equalNames(listText(*list), std::wstring(type.begin(), type.end()));
+  if (list == nullptr) return true;
+  const std::wstring_view given = listText(*list);
+  return std::equal(given.begin(), given.end(), type.begin(), type.end()) ||
+         dxf::equalNames(given, std::wstring(type.begin(), type.end()));
 }
 
 /// The current layer, thawed, which must stay so; else null.
