@@ -16,7 +16,7 @@ using kovra::arx::takeListText;
 
 namespace {
 
-/// A text's memory begins with its size, and the text so far behind.
+/// A text's memory begins with its size; the text itself stands so many bytes behind.
 constexpr std::size_t kTextHead = alignof(std::max_align_t);
 
 void giveBackListText(ACHAR* text) {
