@@ -290,8 +290,19 @@ void appendBinaryCode(bool wideCodes, int code, std::string& out) {
   store(static_cast<std::int16_t>(code), out);
 }
 
-/// The line of a code, aligned to the right; written from its end.
-void appendAsciiCode(const GroupStyle& style, int code, std::string& out) {
+/// What belongs together is appended at once.
+void append(std::string_view first, std::string_view second, std::string_view third,
+            std::string& out) {
+  const std::size_t at = out.size();
+  out.append(first.size() + second.size() + third.size(), '\0');
+  char* to = out.data() + at;
+  to = std::copy(first.begin(), first.end(), to);
+  to = std::copy(second.begin(), second.end(), to);
+  std::copy(third.begin(), third.end(), to);
+}
+
+/// A group whose code is aligned to the right; its line is written from the end.
+void appendAsciiGroup(const GroupStyle& style, int code, std::string_view value, std::string& out) {
   constexpr std::size_t kLongest = 16;
   const std::string_view lineEnd = style.lineEnd();
   char line[kLongest];
@@ -305,7 +316,7 @@ void appendAsciiCode(const GroupStyle& style, int code, std::string& out) {
   } while (left != 0);
   if (code < 0) *--at = '-';
   while (at != line && static_cast<std::size_t>(digitsEnd - at) < style.codeWidth) *--at = ' ';
-  out.append(at, end);
+  append({at, static_cast<std::size_t>(end - at)}, value, lineEnd, out);
 }
 
 void appendBinaryGroup(bool wideCodes, int code, std::string_view value, std::string& out) {
@@ -320,17 +331,17 @@ void appendBinaryGroup(bool wideCodes, int code, std::string_view value, std::st
 
 void appendGroup(const GroupStyle& style, int code, std::string_view value, std::string& out) {
   if (style.binary) return appendBinaryGroup(style.wideCodes, code, value, out);
-  appendAsciiCode(style, code, out);
-  out.append(value);
-  out.append(style.lineEnd());
+  appendAsciiGroup(style, code, value, out);
 }
 
 void appendRevalued(const GroupView& group, std::string_view value, const GroupStyle& style,
                     std::string& out) {
-  out.append(group.begin, group.valueBegin);
-  out.append(value);
+  const auto stretch = [](const char* begin, const char* end) {
+    return std::string_view(begin, static_cast<std::size_t>(end - begin));
+  };
   const bool lost = value.empty() && group.valueEnd == group.end;
-  lost ? out.append(style.lineEnd()) : out.append(group.valueEnd, group.end);
+  append(stretch(group.begin, group.valueBegin), value,
+         lost ? style.lineEnd() : stretch(group.valueEnd, group.end), out);
 }
 
 }  // namespace kovra::dxf

@@ -50,22 +50,24 @@ class Parts {
   std::array<Free*, kLargestPart / kStep + 1> free_{};
 };
 
-/// Parts may be held to the end of the program, so it is never destroyed.
-Parts& parts() {
-  static auto* const all = new Parts;
-  return *all;
-}
+/// Parts may be held to the end of the program, so they are never destroyed.
+union ForEver {
+  constexpr ForEver() : parts() {}
+  ~ForEver() {}
+  Parts parts;
+};
+constinit ForEver all;
 
 }  // namespace
 
 void* takePart(std::size_t size) {
   if (size > kLargestPart) return ::operator new(size);
-  return parts().take((size + kStep - 1) / kStep);
+  return all.parts.take((size + kStep - 1) / kStep);
 }
 
 void giveBackPart(void* part, std::size_t size) {
   if (size > kLargestPart) return ::operator delete(part);
-  parts().giveBack(part, (size + kStep - 1) / kStep);
+  all.parts.giveBack(part, (size + kStep - 1) / kStep);
 }
 
 }  // namespace kovra::dxf

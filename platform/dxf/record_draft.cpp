@@ -103,10 +103,10 @@ std::uint64_t RecordDraft::handle(std::size_t group) const {
 }
 
 std::string_view RecordDraft::text(std::size_t group) const {
+  if (!dialect_->binary) return valueAt(group);
   const ValueType valueType = type(group);
-  if (dialect_->binary && valueType != ValueType::kText && valueType != ValueType::kHandle)
-    return {};
-  return valueAt(group);
+  const bool isText = valueType == ValueType::kText || valueType == ValueType::kHandle;
+  return isText ? valueAt(group) : std::string_view();
 }
 
 std::string RecordDraft::asciiText(std::size_t group) const {
@@ -136,9 +136,9 @@ std::string RecordDraft::binary(std::size_t group) const {
 }
 
 std::size_t RecordDraft::find(int code, std::size_t occurrence) const {
-  for (std::size_t n = 0; n < groups_.size(); ++n) {
-    const Group& group = groups_[n];
-    if (group.code == code && group.part == GroupPart::kData && occurrence-- == 0) return n;
+  for (const Group& group : groups_) {
+    const bool found = group.code == code && group.part == GroupPart::kData;
+    if (found && occurrence-- == 0) return static_cast<std::size_t>(&group - groups_.data());
   }
   return kNoGroup;
 }
@@ -146,14 +146,12 @@ std::size_t RecordDraft::find(int code, std::size_t occurrence) const {
 std::size_t RecordDraft::find(std::string_view subclass, int code, std::size_t occurrence) const {
   const Group* marker = nullptr;
   std::size_t left = occurrence;
-  for (std::size_t n = 0; n < groups_.size(); ++n) {
-    const Group& group = groups_[n];
-    if (group.part != GroupPart::kData) continue;
+  for (const Group& group : groups_) {
+    if ((group.code != code && group.code != 100) || group.part != GroupPart::kData) continue;
     if (group.code == 100) {
       marker = &group;
-    } else if (group.code == code && marker != nullptr && value(*marker) == subclass &&
-               left-- == 0) {
-      return n;
+    } else if (marker != nullptr && value(*marker) == subclass && left-- == 0) {
+      return static_cast<std::size_t>(&group - groups_.data());
     }
   }
   return marker != nullptr ? kNoGroup : find(code, occurrence);
@@ -161,8 +159,8 @@ std::size_t RecordDraft::find(std::string_view subclass, int code, std::size_t o
 
 bool RecordDraft::hasMarker(std::string_view subclass) const {
   for (const Group& group : groups_) {
-    const bool marker = group.code == 100 && group.part == GroupPart::kData;
-    if (marker && value(group) == subclass) return true;
+    if (group.code != 100 || group.part != GroupPart::kData) continue;
+    if (value(group) == subclass) return true;
   }
   return false;
 }

@@ -29,6 +29,11 @@ bool isIndexed(int code) {
   }
 }
 
+/// From the beginning of a group to the end of one behind it, or of itself.
+std::size_t bytesBetween(const GroupView& first, const GroupView& last) {
+  return static_cast<std::size_t>(last.end - first.begin);
+}
+
 }  // namespace
 
 std::shared_ptr<RecordOverlay> newOverlay() {
@@ -56,6 +61,7 @@ void OverlayBuilder::collectNew(std::uint32_t baseSize) {
 bool OverlayBuilder::same(const GroupView& old, const Group& group) const {
   const std::string_view left = old.value();
   const std::string_view right = draft_->value(group);
+  if (left == right) return true;  // as most are
   if (sameValue(draft_->dialect(), group.code, left, right)) return true;
   const bool text = group.code != 0 && valueType(group.code) == ValueType::kText;
   return text && codec_->sameText(left, right);
@@ -108,6 +114,7 @@ void OverlayBuilder::appendChanged(const GroupView& old, const Group& group) {
   appendRevalued(old, draft_->value(group), style_, middle_);
 }
 
+/// A line that ended the file may lack its end.
 void OverlayBuilder::endLine() {
   if (!middle_.empty() && middle_.back() != '\n') middle_.append(style_.lineEnd());
 }
@@ -129,7 +136,7 @@ void OverlayBuilder::fillMiddle() {
            partners_[n + equal] == partner + equal && same(old_[partner + equal], new_[n + equal]))
       ++equal;
     if (equal > 0)
-      middle_.append(old_[partner].begin, old_[partner + equal - 1].end);
+      middle_.append(old_[partner].begin, bytesBetween(old_[partner], old_[partner + equal - 1]));
     else if (partner != kNoGroup)
       appendChanged(old_[partner], new_[n]);
     else
@@ -173,7 +180,8 @@ std::shared_ptr<const RecordOverlay> OverlayBuilder::build(std::string_view orig
   overlay->tail = tail_;
   overlay->indexed = indexed();
   style_ = groupStyle(draft.dialect(), original_);
-  draftStyle_ = groupStyle(draft.dialect(), draft.base());
+  const bool ofOriginal = draft.base().data() == original_.data();
+  draftStyle_ = ofOriginal ? style_ : groupStyle(draft.dialect(), draft.base());
   fillMiddle();
   overlay->middle = middle_;
   return overlay;

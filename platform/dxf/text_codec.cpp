@@ -174,8 +174,9 @@ TextCodec::TextCodec(TextCodec&&) noexcept = default;
 TextCodec& TextCodec::operator=(TextCodec&&) noexcept = default;
 
 bool isPlainText(std::string_view bytes) {
-  return std::none_of(bytes.begin(), bytes.end(),
-                      [](char c) { return static_cast<unsigned char>(c) >= 0x80 || c == '\\'; });
+  for (const char c : bytes)
+    if (static_cast<unsigned char>(c) >= 0x80 || c == '\\') return false;
+  return true;
 }
 
 void TextCodec::decode(std::string_view bytes, std::wstring& out) const {

@@ -49,33 +49,41 @@ bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
 }
 
+std::string_view withoutBlanks(std::string_view text) {
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
 /// Digits around one point, as nearly all reals stand in drawings. Where a double holds the digits
 /// as an integer, and the power of ten too, a single division rounds as the whole text would be
 /// rounded (Clinger, "How to read floating point numbers accurately", 1990). False for any other
 /// text, which may be a number all the same.
 bool parsePlainReal(std::string_view text, double& value) {
-  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
-                                       1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17};
+  static constexpr double kPowers[] = {1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                                       1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17};
   constexpr std::uint64_t kLargest = std::uint64_t{1} << 53U;
   constexpr std::size_t kLongest = 18;  // that many digits fit into 64 bits
   const bool negative = text.starts_with('-');
   if (negative) text.remove_prefix(1);
   if (text.size() > kLongest) return false;
+  const char* at = text.data();
+  const char* const end = at + text.size();
   std::uint64_t digits = 0;
-  std::size_t pointAt = text.size();
-  for (std::size_t n = 0; n < text.size(); ++n) {
-    const auto digit = static_cast<unsigned char>(text[n] - '0');
-    if (digit < 10) {
-      digits = digits * 10 + digit;
-    } else if (text[n] == '.' && pointAt == text.size()) {
-      pointAt = n;
-    } else {
-      return false;
-    }
+  const auto readDigits = [&] {
+    const char* const first = at;
+    for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
+      digits = digits * 10 + static_cast<unsigned char>(*at - '0');
+    return static_cast<std::size_t>(at - first);
+  };
+  if (readDigits() == 0) return false;
+  std::size_t behind = 0;
+  if (at != end) {
+    if (*at++ != '.') return false;
+    behind = readDigits();
+    if (behind == 0) return false;
   }
-  const std::size_t behind = pointAt == text.size() ? 0 : text.size() - pointAt - 1;
-  const bool someOnBothSides = pointAt > 0 && (behind > 0 || pointAt == text.size());
-  if (!someOnBothSides || digits > kLargest) return false;
+  if (at != end || digits > kLargest) return false;
   const double size = static_cast<double>(digits) / kPowers[behind];
   value = negative ? -size : size;
   return true;
@@ -94,14 +102,15 @@ bool isPointCode(int code) {
 }
 
 std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return withoutBlanks(text);
 }
 
 bool parseReal(std::string_view text, double& value) {
-  text = trimmed(text);
   if (parsePlainReal(text, value)) return true;
+  // Blanks around a real are rare.
+  const std::string_view bare = withoutBlanks(text);
+  if (bare.size() != text.size() && parsePlainReal(bare, value)) return true;
+  text = bare;
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   double parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
@@ -112,7 +121,7 @@ bool parseReal(std::string_view text, double& value) {
 }
 
 bool parseInteger(std::string_view text, std::int64_t& value) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   std::int64_t parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
@@ -128,7 +137,7 @@ bool parseInteger(std::string_view text, std::int64_t& value) {
 }
 
 bool parseHandle(std::string_view text, std::uint64_t& value) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   std::uint64_t parsed = 0;
   for (const char c : text) {
     const int digit = hexDigit(c);
@@ -140,8 +149,29 @@ bool parseHandle(std::string_view text, std::uint64_t& value) {
   return true;
 }
 
+namespace {
+
+/// Whole numbers so small that no exponent makes them shorter, of which drawings are full. A zero
+/// with a sign is none of them.
+bool isSmallInteger(double value) {
+  constexpr double kLimit = 1e5;
+  return value > -kLimit && value < kLimit && value == static_cast<int>(value) &&
+         !(value == 0 && std::signbit(value));
+}
+
+void appendSmallInteger(std::string& out, int value) {
+  std::array<char, 16> text;
+  char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  *end++ = '.';
+  *end++ = '0';
+  out.append(text.data(), static_cast<std::size_t>(end - text.data()));
+}
+
+}  // namespace
+
 void appendReal(std::string& out, double value) {
   if (!std::isfinite(value)) value = 0;
+  if (isSmallInteger(value)) return appendSmallInteger(out, static_cast<int>(value));
   std::array<char, 32> digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
   const std::string_view text(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
@@ -154,7 +184,7 @@ void appendReal(std::string& out, double value) {
 void appendInteger(std::string& out, std::int64_t value) {
   std::array<char, 24> digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  out.append(digits.data(), result.ptr);
+  out.append(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
 }
 
 void appendHandle(std::string& out, std::uint64_t value) {

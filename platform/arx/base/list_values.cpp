@@ -70,12 +70,13 @@ std::array<ListValue, kGroupCodes> makeGroupValues() {
   return values;
 }
 
+const std::array<ListValue, kGroupCodes> kGroupValues = makeGroupValues();
+
 }  // namespace
 
 ListValue listValue(int type) {
-  static const std::array<ListValue, kGroupCodes> groupValues = makeGroupValues();
   if (type >= 0 && type < static_cast<int>(kGroupCodes))
-    return groupValues[static_cast<std::size_t>(type)];
+    return kGroupValues[static_cast<std::size_t>(type)];
   if (type >= RTNONE) return ofResultCode(type);
   if (type == -1 || type == -2) return ListValue::kName;
   return type == -4 ? ListValue::kText : ListValue::kNone;

@@ -1,5 +1,6 @@
 // Memory of lists and texts that cross the platform's C functions.
 #include <cstdarg>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
@@ -11,6 +12,31 @@
 
 using kovra::arx::ListValue;
 using kovra::arx::listValue;
+using kovra::arx::takeListText;
+
+namespace {
+
+/// A text's memory begins with its size; the text itself stands so many bytes behind.
+constexpr std::size_t kTextHead = alignof(std::max_align_t);
+
+void giveBackListText(ACHAR* text) {
+  if (text == nullptr) return;
+  auto* part = reinterpret_cast<std::byte*>(text) - kTextHead;
+  std::size_t size = 0;
+  std::memcpy(&size, part, sizeof size);
+  kovra::dxf::giveBackPart(part, size);
+}
+
+}  // namespace
+
+ACHAR* kovra::arx::takeListText(std::size_t length) try {
+  const std::size_t size = kTextHead + (length + 1) * sizeof(ACHAR);
+  auto* part = static_cast<std::byte*>(kovra::dxf::takePart(size));
+  std::memcpy(part, &size, sizeof size);
+  return reinterpret_cast<ACHAR*>(part + kTextHead);
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
 
 // Lists of a drawing's entities come and go by the million, an element at a time.
 resbuf* acutNewRb(int type) try {
@@ -25,7 +51,7 @@ int acutRelRb(resbuf* list) {
   while (list != nullptr) {
     resbuf* next = list->rbnext;
     const ListValue kind = listValue(list->restype);
-    if (kind == ListValue::kText) std::free(list->resval.rstring);
+    if (kind == ListValue::kText) giveBackListText(list->resval.rstring);
     if (kind == ListValue::kBinary) std::free(list->resval.rbinary.buf);
     kovra::dxf::giveBackPart(list, sizeof(resbuf));
     list = next;
@@ -42,15 +68,15 @@ int acutCountRb(const resbuf* list) {
 int acutNewString(const ACHAR* text, ACHAR*& copy) {
   copy = nullptr;
   if (text == nullptr) return RTERROR;
-  const std::size_t bytes = (std::wcslen(text) + 1) * sizeof(ACHAR);
-  copy = static_cast<ACHAR*>(std::malloc(bytes));
+  const std::size_t length = std::wcslen(text);
+  copy = takeListText(length);
   if (copy == nullptr) return RTERROR;
-  std::memcpy(copy, text, bytes);
+  std::memcpy(copy, text, (length + 1) * sizeof(ACHAR));
   return RTNORM;
 }
 
 void acutDelString(ACHAR*& text) {
-  std::free(text);
+  giveBackListText(text);
   text = nullptr;
 }
 

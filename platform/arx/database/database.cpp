@@ -79,7 +79,8 @@ AcDbDatabase::~AcDbDatabase() {
 }
 
 AcDbDatabase* AcDbDatabase::bySerial(std::uint32_t serial) {
-  return serial < databases().size() ? databases()[serial] : nullptr;
+  const std::vector<AcDbDatabase*>& all = databases();
+  return serial < all.size() ? all[serial] : nullptr;
 }
 
 void AcDbDatabase::adoptStore(std::unique_ptr<dxf::RecordStore> store) {

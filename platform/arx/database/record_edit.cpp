@@ -23,9 +23,10 @@ bool isData(const dxf::RecordDraft& draft, std::size_t group) {
 /// not.
 std::size_t findCommon(const dxf::RecordDraft& draft, int code) {
   for (std::size_t i = 1; i < draft.size(); ++i) {
-    if (!isData(draft, i)) continue;
-    if (draft.code(i) == code) return i;
-    if (draft.code(i) == kMarker && draft.text(i) != kEntityPart) return dxf::kNoGroup;
+    const int here = draft.code(i);
+    if ((here != code && here != kMarker) || !isData(draft, i)) continue;
+    if (here == code) return i;
+    if (draft.text(i) != kEntityPart) return dxf::kNoGroup;
   }
   return dxf::kNoGroup;
 }
@@ -163,9 +164,15 @@ std::optional<std::string_view> scanText(std::string_view record, const dxf::Dia
   return scan(dxf::AsciiReader(record), property, false);
 }
 
+std::string_view RecordEdit::originalBytes() const {
+  if (store_ == nullptr || record_ >= store_->originalCount()) return {};
+  return store_->originalBytes(record_);
+}
+
 bool RecordEdit::loadOriginal(dxf::RecordDraft& draft) const {
-  if (store_ == nullptr || record_ >= store_->originalCount()) return false;
-  draft.decode(store_->originalBytes(record_), store_->dialect());
+  const std::string_view bytes = originalBytes();
+  if (bytes.empty()) return false;
+  draft.decode(bytes, store_->dialect());
   return true;
 }
 

@@ -70,7 +70,9 @@ class RecordEdit {
   bool setPoint(Property property, const AcGePoint3d& point);
 
   dxf::RecordDraft& draft() { return draft_; }
-  /// The record as the file has it; false for one that the file hasn't.
+  /// The record's bytes in the file; empty for one that the file hasn't.
+  std::string_view originalBytes() const;
+  /// The same decoded; false for one that the file hasn't.
   bool loadOriginal(dxf::RecordDraft& draft) const;
 
  private:

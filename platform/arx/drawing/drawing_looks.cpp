@@ -94,6 +94,17 @@ bool DrawingLooks::shows(const dxf::RecordDraft& draft, const Look& look) const 
   return referenceShows(draft, look) && (showing_ == Showing::kAll || !look.layer.off);
 }
 
+bool DrawingLooks::onFrozenLayer(dxf::RecordIndex record) const {
+  const dxf::RecordStore& store = database_.store();
+  std::string scratch;
+  const std::optional<std::string_view> name =
+      scanText(store.bytes(record, scratch), store.dialect(), kLayerName);
+  if (name) return layer(*name).frozen;
+  dxf::RecordDraft draft;
+  store.load(record, draft);
+  return layer(readBytes(draft, kLayerName)).frozen;
+}
+
 bool DrawingLooks::referenceShows(const dxf::RecordDraft& draft, const Look& look) const {
   if (showing_ == Showing::kAll) return true;
   return !look.layer.frozen && readInteger(draft, kInvisible, 0) == 0;

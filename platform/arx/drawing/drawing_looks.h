@@ -51,6 +51,8 @@ class DrawingLooks {
   /// `inBlock`: the entity belongs to a block, and `around` is the look of the reference.
   Look of(const dxf::RecordDraft& draft, const Look& around, bool inBlock) const;
   bool shows(const dxf::RecordDraft& draft, const Look& look) const;
+  /// Whether the entity's own layer is frozen.
+  bool onFrozenLayer(dxf::RecordIndex record) const;
   /// Whether a block reference shows its block; one on a layer that is off does.
   bool referenceShows(const dxf::RecordDraft& draft, const Look& look) const;
   /// The same as shows() for an attribute of a block reference, which may be invisible itself.

@@ -313,12 +313,12 @@ Displacement displacementOf(const AcGePoint3d& from, const AcGePoint3d& to) {
 
 Displacement displacementIn(const AcGeVector3d& normal, const Displacement& world) {
   Displacement by = world;
-  by.plane.transformBy(wcsToOcs(normal));
+  const bool turned = normal.x != 0 || normal.y != 0 || !(normal.z > 0);
+  if (turned) by.plane.transformBy(wcsToOcs(normal));
   // What rounding leaves of a displacement along an axis would become a height of its own.
   const double noise = 1e-15 * world.world.length();
   for (unsigned i = 0; i < 3; ++i)
     if (std::fabs(by.plane[i]) <= noise) by.plane[i] = 0;
-  const bool turned = normal.x != 0 || normal.y != 0 || !(normal.z > 0);
   if (turned) by.fromTo.reset();
   return by;
 }

@@ -1,6 +1,7 @@
 #include "platform/arx/entities/record_geometry.h"
 
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -38,14 +39,14 @@ bool isFace(const dxf::RecordDraft& draft) {
 /// One displacement of entities of a drawing.
 class Translation {
  public:
-  Translation(AcDbDatabase& database, const Displacement& displacement)
+  /// `chosen`: the entities that are moved by themselves, so not once more with another.
+  Translation(AcDbDatabase& database, std::span<const AcDbObjectId> chosen,
+              const Displacement& displacement)
       : database_(database),
         store_(database.store()),
         structure_(database.structure()),
-        displacement_(displacement) {}
-
-  /// An entity that is moved by itself, so not once more with another.
-  void choose(dxf::RecordIndex entity) { chosen_.insert(entity); }
+        displacement_(displacement),
+        chosen_(chosen) {}
 
   void move(dxf::RecordIndex entity) {
     const RecordKind kind = store_.kind(entity);
@@ -128,6 +129,14 @@ class Translation {
     return (*uses_)[block];
   }
 
+  bool isChosen(dxf::RecordIndex entity) {
+    if (!chosenRecords_) {
+      chosenRecords_.emplace();
+      for (const AcDbObjectId& id : chosen_) chosenRecords_->insert(id.index());
+    }
+    return chosenRecords_->contains(entity);
+  }
+
   dxf::BlockNumber blockOf(const dxf::RecordDraft& draft, std::string_view subclass) const {
     return structure_.findBlock(store_.codec().decode(readBytes(draft, {subclass, 2})));
   }
@@ -140,7 +149,7 @@ class Translation {
     if (draft_.integer(draft_.find(69)) == kSheet) return;
     const dxf::RecordIndex boundary = store_.find(draft_.handle(draft_.find(340)));
     moveRecord(viewport);
-    if (boundary == dxf::kNoRecord || store_.erased(boundary) || chosen_.contains(boundary)) return;
+    if (boundary == dxf::kNoRecord || store_.erased(boundary) || isChosen(boundary)) return;
     if (structure_.blockOf(boundary) == structure_.blockOf(viewport)) moveWithParts(boundary);
   }
 
@@ -148,7 +157,8 @@ class Translation {
   const dxf::RecordStore& store_;
   const dxf::Structure& structure_;
   Displacement displacement_;
-  std::unordered_set<dxf::RecordIndex> chosen_;
+  std::span<const AcDbObjectId> chosen_;
+  std::optional<std::unordered_set<dxf::RecordIndex>> chosenRecords_;  ///< made when it is needed
   /// How many dimensions and references show a block; counted when it is needed.
   std::optional<std::unordered_map<dxf::BlockNumber, int>> uses_;
   dxf::RecordDraft draft_;
@@ -165,9 +175,10 @@ bool canBeWritten(AcDbObjectId id) {
 
 AcGeVector3d entityNormal(const dxf::RecordDraft& draft) {
   const std::size_t x = draft.find(210);
+  if (x == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const std::size_t y = draft.find(220);
+  if (y == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const std::size_t z = draft.find(230);
-  if (x == dxf::kNoGroup || y == dxf::kNoGroup) return AcGeVector3d(0, 0, 1);
   const AcGeVector3d normal(draft.real(x), draft.real(y), z == dxf::kNoGroup ? 0 : draft.real(z));
   return normal.isZeroLength() ? AcGeVector3d(0, 0, 1) : normal.normal();
 }
@@ -185,8 +196,7 @@ std::vector<AcDbObjectId> translateEntities(std::span<const AcDbObjectId> ids,
   std::vector<AcDbObjectId> left;
   if (ids.empty()) return left;
   AcDbDatabase& database = *ids.front().database();
-  Translation translation(database, displacement);
-  for (const AcDbObjectId& id : ids) translation.choose(id.index());
+  Translation translation(database, ids, displacement);
   for (const AcDbObjectId& id : ids) {
     if (hasKnownPoints(database.store().typeName(id.index())) && canBeWritten(id))
       translation.move(id.index());

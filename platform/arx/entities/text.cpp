@@ -73,7 +73,7 @@ Acad::ErrorStatus AcDbText::applyGroups(const std::function<bool(RecordEdit&)>& 
 }
 
 Adesk::Boolean AcDbText::isDefaultAlignment() const {
-  return !usesAlignmentPoint(horizontalMode(), verticalMode());
+  return horizontalMode() == AcDb::kTextLeft && verticalMode() == AcDb::kTextBase;
 }
 
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal) {

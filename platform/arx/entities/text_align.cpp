@@ -6,42 +6,67 @@
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/text_styles.h"
 #include "platform/arx/entities/text_groups.h"
+#include "platform/dxf/group_format.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
 namespace {
 
-AcGePoint3d positionOf(const dxf::RecordDraft& draft, const AcDbDatabase& database) {
+/// All that decides where the text is drawn; `value` keeps the text that the shape looks at.
+TextShape shapeOf(const dxf::RecordDraft& draft, const AcDbDatabase& database,
+                  std::wstring& value) {
   const dxf::TextCodec& codec = database.store().codec();
-  std::wstring value = codec.decode(readBytes(draft, kTextValue));
+  value = codec.decode(readBytes(draft, kTextValue));
   if (value.find(L'^') != std::wstring::npos) value = dxf::decodeCarets(value);
   TextShape shape = textShape(draft);
   shape.text = value;
   shape.vertical = database.textStyles().findBytes(readBytes(draft, kTextStyle)).vertical;
-  return placeText(shape).position;
+  return shape;
 }
 
-/// Points that differ by what computing one from the other leaves.
-bool sameButForRounding(const AcGePoint3d& a, const AcGePoint3d& b) {
+/// Numbers that differ by what computing one from the other leaves.
+bool sameButForRounding(double a, double b) {
   constexpr double kRelative = 1e-14;
-  for (unsigned i = 0; i < 3; ++i) {
-    const double size = std::max({1.0, std::fabs(a[i]), std::fabs(b[i])});
-    if (!(std::fabs(a[i] - b[i]) <= kRelative * size)) return false;
-  }
-  return true;
+  const double size = std::max({1.0, std::fabs(a), std::fabs(b)});
+  return std::fabs(a - b) <= kRelative * size;
+}
+
+bool sameButForRounding(const AcGePoint3d& a, const AcGePoint3d& b) {
+  return sameButForRounding(a.x, b.x) && sameButForRounding(a.y, b.y) &&
+         sameButForRounding(a.z, b.z);
+}
+
+/// False when a look at the file's record, which needn't be decoded for it, tells that a text is
+/// neither as there nor at the place that it has there.
+bool mayBeAsInFile(RecordEdit& edit, double height, const AcGePoint3d& position) {
+  const std::string_view file = edit.originalBytes();
+  if (file.empty()) return false;
+  const dxf::Dialect& dialect = edit.draft().dialect();
+  const auto storedHeight = scanText(file, dialect, kTextHeight);
+  const auto storedX = scanText(file, dialect, kTextPosition);
+  if (!storedHeight || !storedX) return true;
+  const auto real = [&](Property property, std::string_view value) {
+    return dxf::decodeReal(dialect, property.code, value);
+  };
+  return real(kTextHeight, *storedHeight) == height ||
+         sameButForRounding(real(kTextPosition, *storedX), position.x);
 }
 
 }  // namespace
 
+bool usesAlignmentPoint(const dxf::RecordDraft& draft) {
+  return textHorizontalMode(draft) != AcDb::kTextLeft || textVerticalMode(draft) != AcDb::kTextBase;
+}
+
 bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
-  const AcDb::TextHorzMode mode = textHorizontalMode(edit.draft());
-  if (!usesAlignmentPoint(mode, textVerticalMode(edit.draft()))) return false;
+  std::wstring value;
+  const TextShape shape = shapeOf(edit.draft(), database, value);
   const bool isMissing = findProperty(edit.draft(), kTextAlignment) == dxf::kNoGroup;
   bool changed = isMissing && edit.setPoint(kTextAlignment, textPoint(edit.draft(), kTextPosition));
-  if (mode == AcDb::kTextAlign || mode == AcDb::kTextFit) return changed;
-  AcGePoint3d position = positionOf(edit.draft(), database);
+  if (shape.horizontal == AcDb::kTextAlign || shape.horizontal == AcDb::kTextFit) return changed;
+  AcGePoint3d position = placeText(shape).position;
   dxf::RecordDraft file;
-  if (edit.loadOriginal(file)) {
+  if (mayBeAsInFile(edit, shape.height, position) && edit.loadOriginal(file)) {
     const AcGePoint3d stored = textPoint(file, kTextPosition);
     if (samePlacement(file, edit.draft()) || sameButForRounding(position, stored))
       position = stored;
@@ -54,8 +79,7 @@ bool alignText(RecordEdit& edit, const AcDbDatabase& database) {
 
 bool restoreUnusedPoint(RecordEdit& edit, const dxf::RecordDraft& before) {
   const auto isUnused = [](const dxf::RecordDraft& draft) {
-    return findProperty(draft, kTextAlignment) != dxf::kNoGroup &&
-           !usesAlignmentPoint(textHorizontalMode(draft), textVerticalMode(draft));
+    return findProperty(draft, kTextAlignment) != dxf::kNoGroup && !usesAlignmentPoint(draft);
   };
   if (!isUnused(edit.draft()) || !isUnused(before)) return false;
   const AcGePoint3d position = textPoint(edit.draft(), kTextPosition);

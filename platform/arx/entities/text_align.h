@@ -6,10 +6,13 @@ class AcDbDatabase;
 
 namespace kovra::arx {
 
-/// Brings group 10 of a TEXT, ATTRIB or ATTDEF in step with its alignment point, and adds an
-/// alignment point that is missing. A text that is again as the file has it gets the file's
-/// position again, whatever font was measured there. Aligned and fitted texts keep their two
-/// points. Says whether something changed.
+/// Whether a TEXT, ATTRIB or ATTDEF hangs on its alignment point.
+bool usesAlignmentPoint(const dxf::RecordDraft& draft);
+
+/// Brings group 10 of a text that uses its alignment point in step with it, and adds an alignment
+/// point that is missing. A text that is again as the file has it gets the file's position again,
+/// whatever font was measured there. Aligned and fitted texts keep their two points. Says whether
+/// something changed.
 bool alignText(RecordEdit& edit, const AcDbDatabase& database);
 
 /// Puts an alignment point that nothing hangs on back to where the file has it, if a change of the

@@ -24,6 +24,11 @@ AcDb::TextHorzMode horizontalOf(std::int64_t mode) {
                                              : AcDb::kTextLeft;
 }
 
+AcDb::TextVertMode verticalOf(std::int64_t mode) {
+  return mode >= 0 && mode <= AcDb::kTextTop ? static_cast<AcDb::TextVertMode>(mode)
+                                             : AcDb::kTextBase;
+}
+
 }  // namespace
 
 AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
@@ -31,9 +36,7 @@ AcDb::TextHorzMode textHorizontalMode(const dxf::RecordDraft& draft) {
 }
 
 AcDb::TextVertMode textVerticalMode(const dxf::RecordDraft& draft) {
-  const std::int64_t mode = readInteger(draft, verticalModeProperty(draft.kind()), 0);
-  return mode >= 0 && mode <= AcDb::kTextTop ? static_cast<AcDb::TextVertMode>(mode)
-                                             : AcDb::kTextBase;
+  return verticalOf(readInteger(draft, verticalModeProperty(draft.kind()), 0));
 }
 
 AcGeVector3d textNormal(const dxf::RecordDraft& draft) {
@@ -69,6 +72,7 @@ struct PlacementGroups {
   std::size_t oblique = dxf::kNoGroup;
   std::size_t flags = dxf::kNoGroup;
   std::size_t horizontal = dxf::kNoGroup;
+  std::size_t vertical = dxf::kNoGroup;  ///< of TEXT; elsewhere 73 means something else
 
   std::size_t* of(int code) {
     switch (code) {
@@ -88,6 +92,8 @@ struct PlacementGroups {
         return &flags;
       case 72:
         return &horizontal;
+      case 73:
+        return &vertical;
       default:
         return nullptr;
     }
@@ -144,7 +150,9 @@ TextShape textShape(const dxf::RecordDraft& draft) {
   shape.mirroredInX = (flags & kMirroredInX) != 0;
   shape.mirroredInY = (flags & kMirroredInY) != 0;
   shape.horizontal = horizontalOf(integerAt(draft, groups.horizontal));
-  shape.verticalMode = textVerticalMode(draft);
+  shape.verticalMode = draft.kind() == dxf::RecordKind::kText
+                           ? verticalOf(integerAt(draft, groups.vertical))
+                           : textVerticalMode(draft);
   const double elevation = readReal(draft, {kEntityPart, 38}, 0);
   const auto point = [&](std::size_t group) {
     AcGePoint3d found = group == dxf::kNoGroup ? AcGePoint3d() : pointAt(draft, group);

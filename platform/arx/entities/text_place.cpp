@@ -197,10 +197,10 @@ void AcDbText::subAppend(const AcDbDatabase& target) {
 void AcDbText::subClose() {
   if (!placeChanged_) return;
   placeChanged_ = false;
-  apply([&](RecordEdit& edit) { return alignText(edit, *database()); });
+  const bool usesPoint = !isDefaultAlignment();
+  if (usesPoint) apply([&](RecordEdit& edit) { return alignText(edit, *database()); });
   // One group is looked up here: all numbers of a text cost more than the rest of its change.
-  const bool hasPoint = findProperty(groups(), kTextAlignment) != dxf::kNoGroup;
-  const bool unusedPoint = hasPoint && isDefaultAlignment();
+  const bool unusedPoint = !usesPoint && findProperty(groups(), kTextAlignment) != dxf::kNoGroup;
   if (!unusedPoint && groups().embedded().empty()) return;
   dxf::RecordDraft before;
   database()->store().load(recordIndex(), before);

@@ -132,7 +132,8 @@ int acdbEntMake(const resbuf* list) {
   appendRecord(*database, database->structure().currentSpace(), type, [&](dxf::RecordDraft& draft) {
     fillDraft(*database, type, list, draft);
     RecordEdit edit(draft, nullptr, dxf::kNoRecord);
-    if (type == "TEXT" || type == "ATTDEF") alignText(edit, *database);
+    const bool isText = type == "TEXT" || type == "ATTDEF";
+    if (isText && usesAlignmentPoint(draft)) alignText(edit, *database);
   });
   return RTNORM;
 }

@@ -1,5 +1,6 @@
 // acdbEntMod and acdbEntDel.
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,7 +27,10 @@ class ListToRecord {
   ListToRecord(AcDbDatabase& database, RecordEdit& edit)
       : database_(database), draft_(edit.draft()), type_(draft_.typeName()) {
     constexpr std::size_t kUsualCodes = 24;
+    constexpr std::size_t kUsualMarkers = 4;
     seen_.reserve(kUsualCodes);
+    markers_.reserve(kUsualMarkers);
+    markers_.emplace_back();
   }
 
   /// False when an element isn't allowed; the draft is then of no use.
@@ -52,8 +56,9 @@ class ListToRecord {
   };
 
   static std::string narrow(std::wstring_view text) {
-    std::string result;
-    for (const wchar_t c : text) result += c < 0x80 ? static_cast<char>(c) : '?';
+    std::string result(text.size(), '?');
+    for (std::size_t i = 0; i < text.size(); ++i)
+      if (text[i] < 0x80) result[i] = static_cast<char>(text[i]);
     return result;
   }
 
@@ -91,10 +96,9 @@ class ListToRecord {
     if (group != dxf::kNoGroup && isEqual(group, given)) return true;
     if (group == dxf::kNoGroup && isDefault(given, known)) return true;
     if (!isAllowed(database_, type_, given)) return false;
-    const std::wstring spelled = spelling(given);
+    std::wstring spelled = spelling(given);
     resbuf element = given;
-    std::wstring text = spelled;
-    if (!spelled.empty()) element.resval.rstring = text.data();
+    if (!spelled.empty()) element.resval.rstring = spelled.data();
     if (group != dxf::kNoGroup) {
       setFromElement(database_, draft_, group, element);
     } else {
@@ -159,9 +163,9 @@ class ListToRecord {
   dxf::RecordDraft& draft_;
   std::string type_;
   static constexpr std::size_t kNoMarker = 0;
-  std::vector<std::string> markers_ = {std::string()};  ///< those that came, behind none at all
-  std::size_t marker_ = kNoMarker;                      ///< the one that elements stand below
-  bool marked_ = false;                                 ///< the record has it too
+  std::vector<std::string> markers_;  ///< those that came, behind none at all
+  std::size_t marker_ = kNoMarker;    ///< the one that elements stand below
+  bool marked_ = false;               ///< the record has it too
   std::vector<Seen> seen_;
   std::wstring newLayer_;
   bool changed_ = false;
@@ -182,8 +186,10 @@ AcDbObject* openNamed(const resbuf* list, int& result) {
 
 bool isOfType(const resbuf* list, std::string_view type) {
   while (list != nullptr && list->restype != 0 && list->restype != RTDXF0) list = list->rbnext;
-  return list == nullptr ||
-         dxf::equalNames(listText(*list), std::wstring(type.begin(), type.end()));
+  if (list == nullptr) return true;
+  const std::wstring_view given = listText(*list);
+  return std::equal(given.begin(), given.end(), type.begin(), type.end()) ||
+         dxf::equalNames(given, std::wstring(type.begin(), type.end()));
 }
 
 /// The current layer, thawed, which must stay so; else null.
@@ -203,13 +209,14 @@ int acdbEntMod(const resbuf* list) {
   std::wstring newLayer;
   bool accepted = false;
   const AcDbLayerTableRecord* thawed = layerToStayThawed(*object);
-  object->applyGroups([&](RecordEdit& edit) {
+  const auto applyList = [&](RecordEdit& edit) {
     if (!isOfType(list, edit.draft().typeName())) return false;
     ListToRecord change(database, edit);
     accepted = change.apply(list);
     newLayer = change.newLayer();
     return accepted && change.changed();
-  });
+  };
+  object->applyGroups(std::ref(applyList));  // which needs no memory
   if (!accepted || (thawed != nullptr && thawed->isFrozen())) {
     object->cancel();
     return RTREJ;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <numbers>
 #include <optional>
@@ -128,7 +127,7 @@ void ListBuilder::appendText(int code, const std::wstring& text) {
 void ListBuilder::appendAscii(int code, std::string_view text) {
   resbuf* element = append(code);
   if (element == nullptr) return;
-  auto* wide = static_cast<ACHAR*>(std::malloc((text.size() + 1) * sizeof(ACHAR)));
+  ACHAR* wide = takeListText(text.size());
   if (wide != nullptr) *std::copy(text.begin(), text.end(), wide) = ACHAR{};
   element->resval.rstring = wide;
 }
@@ -142,9 +141,9 @@ void ListBuilder::appendPoint(int code, const AcGePoint3d& point) {
 void ListBuilder::appendGroup(const AcDbDatabase& database, const dxf::RecordDraft& draft,
                               std::size_t group) {
   const int code = draft.code(group);
-  if (belongsToPoint(draft, group)) return;
   switch (listValue(code)) {
     case ListValue::kReal:
+      if (belongsToPoint(draft, group)) return;
       if (resbuf* element = append(code)) element->resval.rreal = groupReal(draft, group);
       break;
     case ListValue::kPoint:

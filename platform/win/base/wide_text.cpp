@@ -168,6 +168,7 @@ wchar_t upperCharacter(wchar_t c) {
 int compareNoCase(std::wstring_view a, std::wstring_view b) {
   const std::size_t common = std::min(a.size(), b.size());
   for (std::size_t i = 0; i < common; ++i) {
+    if (a[i] == b[i]) continue;
     const wchar_t x = lowerCharacter(a[i]);
     const wchar_t y = lowerCharacter(b[i]);
     if (x != y) return x < y ? -1 : 1;

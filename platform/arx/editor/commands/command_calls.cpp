@@ -22,8 +22,7 @@ int runTokens(const resbuf* list) {
   AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr) return RTERROR;
   TokenFrame frame(list, commandsShow());
-  Question idle;
-  idle.prompt = L"Command: ";
+  static const Question idle = {.prompt = L"Command: "};
   while (!frame.empty()) {
     const Answer name = frame.next(*document, idle);
     if (name.kind != AnswerKind::kText) return RTERROR;

@@ -324,10 +324,8 @@ std::vector<AcDbObjectId> allEntities(AcApDocument& document, Attributes attribu
   const AcDbDatabase& database = *document.database();
   std::vector<AcDbObjectId> found;
   const DrawingLooks looks(database, Showing::kScreen);
-  dxf::RecordDraft draft;
   forEachEntity(database, [&](dxf::RecordIndex record) {
-    database.store().load(record, draft);
-    if (looks.of(draft, spaceLook(), false).layer.frozen) return;
+    if (looks.onFrozenLayer(record)) return;
     found.push_back(database.idOf(record));
     if (attributes == Attributes::kLeftOut) return;
     for (dxf::RecordIndex attribute = database.structure().firstAttribute(record);

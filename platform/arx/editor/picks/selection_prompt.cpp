@@ -229,8 +229,7 @@ bool editableSelection(AcApDocument& document, SelectionSet& set) {
   DocumentSession& session = document.session();
   const bool startedWithOne = session.commands.size() == 1 && !session.implied.empty();
   if (!startedWithOne) {
-    SelectionRequest request;
-    request.refuseLocked = true;
+    static const SelectionRequest request = {.refuseLocked = true};
     return askSelection(document, request, set);
   }
   showMessage(std::to_wstring(session.implied.size()) + L" found");

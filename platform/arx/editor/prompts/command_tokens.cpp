@@ -16,72 +16,64 @@ std::vector<TokenFrame*>& frames() {
   return stack;
 }
 
-Answer textToken(std::wstring text) {
-  Answer token;
+void setText(Answer& token, std::wstring text) {
   token.kind = AnswerKind::kText;
   token.text = std::move(text);
-  return token;
 }
 
-Answer entityToken(const ads_name name) {
-  Answer token;
+void setEntity(Answer& token, const ads_name name) {
   token.kind = AnswerKind::kEntities;
   if (AcDbObjectId id; acdbGetObjectId(id, name) == Acad::eOk) token.entities.push_back(id);
-  return token;
 }
 
-Answer selectionToken(const ads_name set) {
-  Answer token;
+void setSelection(Answer& token, const ads_name set) {
   token.kind = AnswerKind::kEntities;
   if (const SelectionSet* found = SelectionSets::instance().find(set))
     token.entities = found->members();
-  return token;
 }
 
-Answer realToken(double value) {
+void setReal(Answer& token, double value) {
   VariableValue number;
   number.type = RTREAL;
   number.real = value;
-  return textToken(variableText(number));
+  setText(token, variableText(number));
 }
 
 /// In UCS coordinates, until the command takes it: commands before it may turn the UCS.
-Answer pointToken(const double* point) {
-  Answer token;
+void setPoint(Answer& token, const double* point) {
   token.kind = AnswerKind::kPoint;
   token.point = {point[0], point[1], point[2]};
-  return token;
 }
 
 /// False for an element that is no answer.
-bool appendToken(const resbuf& element, std::vector<Answer>& out) {
+bool readToken(const resbuf& element, Answer& token) {
   switch (element.restype) {
     case RTSTR:
-      out.push_back(textToken(element.resval.rstring != nullptr ? element.resval.rstring : L""));
+      setText(token, element.resval.rstring != nullptr ? element.resval.rstring : L"");
       return true;
     case RTREAL:
     case RTANG:
     case RTORINT:
-      out.push_back(realToken(element.resval.rreal));
+      setReal(token, element.resval.rreal);
       return true;
     case RTSHORT:
-      out.push_back(textToken(std::to_wstring(element.resval.rint)));
+      setText(token, std::to_wstring(element.resval.rint));
       return true;
     case RTLONG:
-      out.push_back(textToken(std::to_wstring(element.resval.rlong)));
+      setText(token, std::to_wstring(element.resval.rlong));
       return true;
     case RTPOINT:
     case RT3DPOINT:
-      out.push_back(pointToken(element.resval.rpoint));
+      setPoint(token, element.resval.rpoint);
       return true;
     case RTENAME:
-      out.push_back(entityToken(element.resval.rlname));
+      setEntity(token, element.resval.rlname);
       return true;
     case RTPICKS:
-      out.push_back(selectionToken(element.resval.rlname));
+      setSelection(token, element.resval.rlname);
       return true;
     default:
-      return element.restype == RTLB || element.restype == RTLE;
+      return false;
   }
 }
 
@@ -89,9 +81,14 @@ bool appendToken(const resbuf& element, std::vector<Answer>& out) {
 
 TokenFrame::TokenFrame(const resbuf* list, bool shown) : shown_(shown) {
   answers_.reserve(static_cast<std::size_t>(acutCountRb(list)));
-  for (const resbuf* element = list; element != nullptr; element = element->rbnext)
-    if (!appendToken(*element, answers_)) break;
-  for (Answer& answer : answers_) answer.fromTokens = true;
+  for (const resbuf* element = list; element != nullptr; element = element->rbnext) {
+    if (element->restype == RTLB || element->restype == RTLE) continue;
+    Answer& token = answers_.emplace_back();
+    token.fromTokens = true;
+    if (readToken(*element, token)) continue;
+    answers_.pop_back();
+    break;
+  }
   frames().push_back(this);
 }
 
