@@ -1,6 +1,5 @@
 // Getting out of prompts and dialogs before something that needs the idle host.
 #pragma once
-#include <string>
 #include <functional>
 #include <string>
 

@@ -40,21 +40,22 @@ struct UcsMatrices {
 
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
-  bool closing = false;                ///< every prompt is cancelled until the document is idle
+  bool closing = false;  ///< every prompt is cancelled until the document is idle
   /// Of a drawing that was opened from a copy until it is saved: its file, empty without one.
   std::optional<std::string> recoveredFile;
-  std::vector<std::wstring> commands;  ///< running, outermost first
-  std::wstring lastCommand;            ///< for a plain Enter
+  std::vector<std::wstring> commands;                            ///< running, outermost first
+  std::wstring lastCommand;                                      ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
   AcGePoint3d lastPoint{};                                       ///< in world coordinates
   UcsMatrices ucs;
-  std::vector<AcDbObjectId> implied;                             ///< the implied selection
-  std::vector<AcDbObjectId> previous;                            ///< the last selection made
+  std::vector<AcDbObjectId> implied;   ///< the implied selection
+  std::vector<AcDbObjectId> previous;  ///< the last selection made
   std::unordered_set<AcDbObjectId> highlighted;
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;
-  std::map<bool, View> views;  ///< of model space (true) and of paper space; as first shown unless set
+  std::map<bool, View>
+      views;  ///< of model space (true) and of paper space; as first shown unless set
 };
 
 }  // namespace kovra::arx
