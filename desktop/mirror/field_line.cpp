@@ -26,8 +26,19 @@ FieldLine::FieldLine(HWND control, QWidget* parent) : QLineEdit(parent), control
 
 void FieldLine::follow(HWND field) {
   const auto* state = win::stateOf<win::EditState>(field);
-  if (state == nullptr || composing_) return;
-  const std::wstring& content = state->edit.text();
+  if (state == nullptr) return;
+  if (making_.isEmpty()) return showText(field, *state);
+  if (text() == toQt(state->edit.text())) return;
+  // The text in the making goes on, at the caret in what stands there now.
+  QInputMethodEvent none;
+  QLineEdit::inputMethodEvent(&none);
+  showText(field, *state);
+  QInputMethodEvent inTheMaking(making_, {});
+  QLineEdit::inputMethodEvent(&inTheMaking);
+}
+
+void FieldLine::showText(HWND field, const win::EditState& state) {
+  const std::wstring& content = state.edit.text();
   if (text() != toQt(content)) setText(toQt(content));
   setReadOnly(win::hasStyle(field, ES_READONLY));
   setAttribute(Qt::WA_InputMethodEnabled, !win::findWindow(field)->inputMethodDetached);
@@ -36,9 +47,9 @@ void FieldLine::follow(HWND field) {
     home(false);
     return;
   }
-  const int from = nativePosition(content, state->edit.from());
-  const int to = nativePosition(content, state->edit.to());
-  const bool backwards = state->edit.caret() == state->edit.from();
+  const int from = nativePosition(content, state.edit.from());
+  const int to = nativePosition(content, state.edit.to());
+  const bool backwards = state.edit.caret() == state.edit.from();
   if (from == to) {
     deselect();
     setCursorPosition(from);
@@ -91,11 +102,11 @@ void FieldLine::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void FieldLine::inputMethodEvent(QInputMethodEvent* event) {
-  composing_ = !event->preeditString().isEmpty();
   if (!event->commitString().isEmpty()) addTyping(dialogOf(control_), event->commitString());
-  QInputMethodEvent inTheMaking(event->preeditString(), event->attributes());
+  making_ = event->preeditString();
+  QInputMethodEvent inTheMaking(making_, event->attributes());
   QLineEdit::inputMethodEvent(&inTheMaking);
-  if (!composing_) addAct(control_, [] { return win::InputResult{}; });
+  if (making_.isEmpty()) addAct(control_, [] { return win::InputResult{}; });
 }
 
 }  // namespace kovra::desktop

@@ -26,9 +26,10 @@ class FieldLine : public QLineEdit {
 
  private:
   void addCaretAct();
+  void showText(HWND field, const win::EditState& state);
 
   HWND control_;
-  bool composing_ = false;
+  QString making_;  ///< the input method's text in the making
 };
 
 /// Lays a press of the right button on the control ready, and with it the menu that comes up.

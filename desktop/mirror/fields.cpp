@@ -1,4 +1,5 @@
 // Fields of one line and of several.
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -89,31 +90,42 @@ class TextField : public QPlainTextEdit {
     addTyping(dialogOf(window_), source->text());
   }
   void inputMethodEvent(QInputMethodEvent* event) override {
-    composing_ = !event->preeditString().isEmpty();
     if (!event->commitString().isEmpty()) addTyping(dialogOf(window_), event->commitString());
-    QInputMethodEvent inTheMaking(event->preeditString(), event->attributes());
+    making_ = event->preeditString();
+    QInputMethodEvent inTheMaking(making_, event->attributes());
     QPlainTextEdit::inputMethodEvent(&inTheMaking);
-    if (!composing_) addAct(window_, [] { return win::InputResult{}; });
+    if (making_.isEmpty()) addAct(window_, [] { return win::InputResult{}; });
   }
 
  private:
   void addCaretAct();
+  void showText(const win::EditState& state);
 
   HWND window_;
   std::wstring content_;  ///< as it was followed last
-  bool composing_ = false;
+  QString making_;        ///< the input method's text in the making
 };
 
 void TextField::follow() {
   const auto* state = win::stateOf<win::EditState>(window_);
-  if (state == nullptr || composing_) return;
-  content_ = state->edit.text();
+  if (state == nullptr) return;
+  if (making_.isEmpty()) return showText(*state);
+  if (toPlainText() == nativeText(state->edit.text())) return;
+  QInputMethodEvent none;
+  QPlainTextEdit::inputMethodEvent(&none);
+  showText(*state);
+  QInputMethodEvent inTheMaking(making_, {});
+  QPlainTextEdit::inputMethodEvent(&inTheMaking);
+}
+
+void TextField::showText(const win::EditState& state) {
+  content_ = state.edit.text();
   if (toPlainText() != nativeText(content_)) setPlainText(nativeText(content_));
   setReadOnly(win::hasStyle(window_, ES_READONLY));
   if (GetFocus() != window_) return;
-  const bool backwards = state->edit.caret() == state->edit.from();
-  const int from = nativePosition(content_, state->edit.from());
-  const int to = nativePosition(content_, state->edit.to());
+  const bool backwards = state.edit.caret() == state.edit.from();
+  const int from = nativePosition(content_, state.edit.from());
+  const int to = nativePosition(content_, state.edit.to());
   QTextCursor cursor = textCursor();
   cursor.setPosition(backwards ? to : from);
   cursor.setPosition(backwards ? from : to, QTextCursor::KeepAnchor);

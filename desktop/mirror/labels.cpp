@@ -18,7 +18,7 @@ class ClickedLabel : public QLabel {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton || !win::hasStyle(window_, SS_NOTIFY)) return;
+    if (event->button() != Qt::LeftButton) return;
     addAct(window_, [window = window_] { return win::clickControl(window); });
   }
 
@@ -34,6 +34,8 @@ class LabelMirror : public ControlMirror {
   }
 
   void update(const win::ControlListing& listing) override {
+    // The mouse goes through a label that isn't told of it, to what lies below.
+    label_->setAttribute(Qt::WA_TransparentForMouseEvents, !win::hasStyle(window(), SS_NOTIFY));
     const auto* state = win::stateOf<win::StaticState>(window());
     if (state != nullptr && state->icon != nullptr) {
       label_->setPixmap(pixmapOf(state->icon));

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr unsigned kRandomUsers = 5;
+constexpr unsigned kRandomUsers = 12;
 
 struct Outcome {
   ProgramRun run;

@@ -9,12 +9,14 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QToolButton>
 #include <QTreeView>
 
 #include "platform/win/controls/edit_control.h"
 #include "platform/win/desktop/dialog_listing.h"
 #include "platform/win/windows/focus.h"
+#include "platform/win/windows/table_state.h"
 #include "platform/win/windows/window_api.h"
 #include "tests/desktop/hands/laid_answers.h"
 #include "tests/desktop/hands/native_hands.h"
@@ -22,6 +24,17 @@
 
 namespace kovra::test {
 namespace {
+
+/// At the active cell, or of the field that is open in it.
+void openCellMenu(QTableView& view, const win::TableState& table) {
+  if (auto* editor = view.findChild<QLineEdit*>(QStringLiteral("cell-editor")))
+    return openNativeMenu(editor);
+  const win::TableState::Cell active = table.activeCell();
+  const QModelIndex cell = view.model()->index(active.row - 1, active.column - 1);
+  view.scrollTo(cell);
+  QCoreApplication::processEvents();
+  openNativeMenu(view.viewport(), view.visualRect(cell).center());
+}
 
 /// The native field of a field or of a combo box; null for other widgets.
 QWidget* fieldIn(QWidget* widget) {
@@ -237,7 +250,11 @@ win::InputResult NativeHands::chooseFromMenu(HWND control, std::wstring_view ite
   QWidget* widget = usableWidget(control);
   if (widget == nullptr) return refusal("menu", UserHands::chooseFromMenu(control, item));
   laid_->menuItem = item;
-  openNativeMenu(fieldIn(widget) != nullptr ? fieldIn(widget) : widget);
+  if (auto* view = qobject_cast<QTableView*>(widget)) {
+    openCellMenu(*view, *win::stateOf<win::TableState>(control));
+  } else {
+    openNativeMenu(fieldIn(widget) != nullptr ? fieldIn(widget) : widget);
+  }
   const win::InputResult result = played("menu");
   const bool chosen = !laid_->menuItem;
   laid_->menuItem.reset();

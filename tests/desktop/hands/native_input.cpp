@@ -94,12 +94,12 @@ void dragWidget(QWidget* widget, QPoint from, QPoint to) {
   QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
-void openNativeMenu(QWidget* widget) {
+void openNativeMenu(QWidget* widget, QPoint place) {
   activate(widget);
-  const QPoint place = widget->rect().center();
-  QTest::mouseClick(widget, Qt::RightButton, {}, place);
+  const QPoint pressed = placeIn(widget, place);
+  QTest::mouseClick(widget, Qt::RightButton, {}, pressed);
   // The window system's part: the press of the right button asks for a menu.
-  QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+  QContextMenuEvent event(QContextMenuEvent::Mouse, pressed, widget->mapToGlobal(pressed));
   QApplication::sendEvent(widget, &event);
 }
 

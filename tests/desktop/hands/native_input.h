@@ -18,7 +18,7 @@ void doubleClickWidget(QWidget* widget, QPoint place = {});
 void moveOverWidget(QWidget* widget, QPoint place);
 void dragWidget(QWidget* widget, QPoint from, QPoint to);
 /// The press of the right button that brings a menu up.
-void openNativeMenu(QWidget* widget);
+void openNativeMenu(QWidget* widget, QPoint place = {});
 
 /// A key where the keyboard's focus is: in the popup, else in the window that has it.
 void pressNativeKey(const win::Keystroke& key);

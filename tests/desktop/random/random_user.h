@@ -1,6 +1,6 @@
 // Somebody who clicks and types anywhere.
 #pragma once
-#include <QTimer>
+#include <QObject>
 #include <random>
 #include <string>
 
@@ -20,6 +20,7 @@ class RandomUser {
   const std::string& last() const { return last_; }
 
  private:
+  void actInOwnLoops();
   QWidget* target();
   QWidget* widgetIn(QWidget& window);
   void useMouse(QWidget& widget);
@@ -32,7 +33,7 @@ class RandomUser {
   }
 
   std::mt19937 random_;
-  QTimer ownLoops_;
+  QObject ownLoops_;
   int depth_ = 0;
   bool hasKeyboard_ = false;
   std::string last_;
