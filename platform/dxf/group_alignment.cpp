@@ -1,7 +1,7 @@
 #include "platform/dxf/group_alignment.h"
 
 #include <algorithm>
-#include <bitset>
+#include <array>
 #include <cstdint>
 
 #include "platform/dxf/record_draft.h"
@@ -43,24 +43,24 @@ void alignByScore(const AlignmentTask& task, std::vector<std::size_t>& partners)
   }
 }
 
-/// The codes of one side, and those among them that it has several times.
-class CodeSet {
+/// Which side has a code, and which has it several times.
+class SeenCodes {
  public:
-  /// False for a code that no set holds.
-  bool add(int code) {
-    const auto n = static_cast<std::size_t>(code);
-    if (code < 0 || n >= kCodes) return false;
-    if (all_[n]) several_[n] = true;
-    all_[n] = true;
+  enum : std::uint8_t { kOld = 1, kNew = 2, kSeveral = 4 };
+
+  /// False for a code that isn't noted.
+  bool add(int code, std::uint8_t side) {
+    if (code < 0 || code >= kCodes) return false;
+    std::uint8_t& seen = seen_[static_cast<std::size_t>(code)];
+    if ((seen & side) != 0) seen |= kSeveral;
+    seen |= side;
     return true;
   }
-  bool has(int code) const { return all_[static_cast<std::size_t>(code)]; }
-  bool hasSeveral(int code) const { return several_[static_cast<std::size_t>(code)]; }
+  std::uint8_t of(int code) const { return seen_[static_cast<std::size_t>(code)]; }
 
  private:
-  static constexpr std::size_t kCodes = 1072;
-  std::bitset<kCodes> all_;
-  std::bitset<kCodes> several_;
+  static constexpr int kCodes = 1072;
+  std::array<std::uint8_t, kCodes> seen_{};
 };
 
 /// Most changes put groups in, take groups out and give others a new value, which leaves the codes
@@ -68,23 +68,22 @@ class CodeSet {
 /// has the same score, as long as groups whose code comes several times are equal. False otherwise,
 /// and the partners are of no use.
 bool alignInOrder(const AlignmentTask& task, std::vector<std::size_t>& partners) {
-  CodeSet olds;
-  CodeSet news;
+  SeenCodes seen;
   for (const int code : task.oldCodes)
-    if (!olds.add(code)) return false;
+    if (!seen.add(code, SeenCodes::kOld)) return false;
   for (const int code : task.newCodes)
-    if (!news.add(code)) return false;
+    if (!seen.add(code, SeenCodes::kNew)) return false;
   std::size_t a = 0;
   const auto passUnpaired = [&] {
-    while (a < task.oldCodes.size() && !news.has(task.oldCodes[a])) ++a;
+    while (a < task.oldCodes.size() && (seen.of(task.oldCodes[a]) & SeenCodes::kNew) == 0) ++a;
   };
   for (std::size_t b = 0; b < task.newCodes.size(); ++b) {
     const int code = task.newCodes[b];
-    if (!olds.has(code)) continue;
+    const std::uint8_t sides = seen.of(code);
+    if ((sides & SeenCodes::kOld) == 0) continue;
     passUnpaired();
     if (a == task.oldCodes.size() || task.oldCodes[a] != code) return false;
-    const bool repeated = olds.hasSeveral(code) || news.hasSeveral(code);
-    if (repeated && !task.sameValue(a, b)) return false;
+    if ((sides & SeenCodes::kSeveral) != 0 && !task.sameValue(a, b)) return false;
     partners[b] = a++;
   }
   passUnpaired();

@@ -290,15 +290,20 @@ void appendBinaryCode(bool wideCodes, int code, std::string& out) {
   store(static_cast<std::int16_t>(code), out);
 }
 
-/// What belongs together is appended at once.
+/// What belongs together is appended at once, where it is short.
 void append(std::string_view first, std::string_view second, std::string_view third,
             std::string& out) {
-  const std::size_t at = out.size();
-  out.append(first.size() + second.size() + third.size(), '\0');
-  char* to = out.data() + at;
-  to = std::copy(first.begin(), first.end(), to);
+  constexpr std::size_t kShort = 64;
+  const std::size_t size = first.size() + second.size() + third.size();
+  if (size > kShort) {
+    out.append(first).append(second).append(third);
+    return;
+  }
+  char bytes[kShort];
+  char* to = std::copy(first.begin(), first.end(), bytes);
   to = std::copy(second.begin(), second.end(), to);
   std::copy(third.begin(), third.end(), to);
+  out.append(bytes, size);
 }
 
 /// A group whose code is aligned to the right; its line is written from the end.

@@ -126,14 +126,20 @@ void OverlayBuilder::fillMiddle() {
   // Nothing can follow a last line that has no end.
   const bool cutLine = head_ > 0 && original_[head_ - 1] != '\n';
   if (cutLine && !new_.empty()) middle_ = style_.lineEnd();
-  // Had the only pair been equal, strip() would have taken it.
-  const bool onlyPair = old_.size() == 1 && new_.size() == 1;
+  // Of pairs one is known to differ: the one that ended the run before it, and at the beginning the
+  // one that strip() left.
+  std::size_t differs = !new_.empty() && partners_.front() == 0 ? 0 : kNoGroup;
+  const auto equalsPartner = [&](std::size_t n) {
+    if (n != differs && same(old_[partners_[n]], new_[n])) return true;
+    differs = n;
+    return false;
+  };
   for (std::size_t n = 0; n < new_.size();) {
     endLine();
     const std::size_t partner = partners_[n];
     std::size_t equal = 0;
-    while (partner != kNoGroup && !onlyPair && n + equal < new_.size() &&
-           partners_[n + equal] == partner + equal && same(old_[partner + equal], new_[n + equal]))
+    while (partner != kNoGroup && n + equal < new_.size() &&
+           partners_[n + equal] == partner + equal && equalsPartner(n + equal))
       ++equal;
     if (equal > 0)
       middle_.append(old_[partner].begin, bytesBetween(old_[partner], old_[partner + equal - 1]));

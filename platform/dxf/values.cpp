@@ -59,16 +59,16 @@ std::string_view withoutBlanks(std::string_view text) {
 /// as an integer, and the power of ten too, a single division rounds as the whole text would be
 /// rounded (Clinger, "How to read floating point numbers accurately", 1990). False for any other
 /// text, which may be a number all the same.
-bool parsePlainReal(std::string_view text, double& value) {
+inline bool parsePlainReal(std::string_view text, double& value) {
   static constexpr double kPowers[] = {1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
                                        1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17};
   constexpr std::uint64_t kLargest = std::uint64_t{1} << 53U;
   constexpr std::size_t kLongest = 18;  // that many digits fit into 64 bits
-  const bool negative = text.starts_with('-');
-  if (negative) text.remove_prefix(1);
-  if (text.size() > kLongest) return false;
   const char* at = text.data();
   const char* const end = at + text.size();
+  const bool negative = at != end && *at == '-';
+  if (negative) ++at;
+  if (static_cast<std::size_t>(end - at) > kLongest) return false;
   std::uint64_t digits = 0;
   const auto readDigits = [&] {
     const char* const first = at;
@@ -84,7 +84,7 @@ bool parsePlainReal(std::string_view text, double& value) {
     if (behind == 0) return false;
   }
   if (at != end || digits > kLargest) return false;
-  const double size = static_cast<double>(digits) / kPowers[behind];
+  const double size = static_cast<double>(static_cast<std::int64_t>(digits)) / kPowers[behind];
   value = negative ? -size : size;
   return true;
 }
@@ -105,12 +105,11 @@ std::string_view trimmed(std::string_view text) {
   return withoutBlanks(text);
 }
 
-bool parseReal(std::string_view text, double& value) {
-  if (parsePlainReal(text, value)) return true;
-  // Blanks around a real are rare.
-  const std::string_view bare = withoutBlanks(text);
-  if (bare.size() != text.size() && parsePlainReal(bare, value)) return true;
-  text = bare;
+namespace {
+
+/// Any other text than parsePlainReal() reads; apart from it, since few reals stand so.
+[[gnu::noinline]] bool parseOtherReal(std::string_view text, double& value) {
+  text = withoutBlanks(text);
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   double parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
@@ -118,6 +117,12 @@ bool parseReal(std::string_view text, double& value) {
   if (!whole || !std::isfinite(parsed)) return false;
   value = parsed;
   return true;
+}
+
+}  // namespace
+
+bool parseReal(std::string_view text, double& value) {
+  return parsePlainReal(text, value) || parseOtherReal(text, value);
 }
 
 bool parseInteger(std::string_view text, std::int64_t& value) {
@@ -167,11 +172,42 @@ void appendSmallInteger(std::string& out, int value) {
   out.append(text.data(), static_cast<std::size_t>(end - text.data()));
 }
 
+/// Appends a fraction of few decimals, as most coordinates are. Of 15 digits no two decimals read
+/// as the same double, so the digits that read back as the value are its only ones and, without the
+/// zeros at their end, its shortest. False for other values: `out` is untouched then.
+bool appendFewDecimals(std::string& out, double value) {
+  constexpr double kScale = 1e6;
+  constexpr double kSmallest = 1e-3;  // below, and for whole numbers, an exponent may be shorter
+  constexpr double kLargest = 1e8;
+  const double size = std::fabs(value);
+  if (!(size >= kSmallest && size < kLargest)) return false;
+  auto digits = static_cast<std::int64_t>(size * kScale + 0.5);
+  constexpr std::int64_t kUnit = 1000000;
+  if (static_cast<double>(digits) / kScale != size || digits % kUnit == 0) return false;
+  std::array<char, 24> text;
+  char* const end = text.data() + text.size();
+  char* at = end;
+  int decimals = 6;
+  for (; digits % 10 == 0; --decimals) digits /= 10;
+  const auto putDigit = [&] {
+    *--at = static_cast<char>('0' + digits % 10);
+    digits /= 10;
+  };
+  for (; decimals > 0; --decimals) putDigit();
+  *--at = '.';
+  do putDigit();
+  while (digits != 0);
+  if (value < 0) *--at = '-';
+  out.append(at, static_cast<std::size_t>(end - at));
+  return true;
+}
+
 }  // namespace
 
 void appendReal(std::string& out, double value) {
   if (!std::isfinite(value)) value = 0;
   if (isSmallInteger(value)) return appendSmallInteger(out, static_cast<int>(value));
+  if (appendFewDecimals(out, value)) return;
   std::array<char, 32> digits;
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
   const std::string_view text(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));

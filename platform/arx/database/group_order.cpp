@@ -32,13 +32,14 @@ constexpr GroupOrder kStyleOrder{kStyle};
 }  // namespace
 
 const GroupOrder& groupOrder(std::string_view subclass) {
-  if (subclass == kEntityPart) return kEntityOrder;
-  if (subclass == kTextPart) return kTextOrder;
-  if (subclass == kAttributePart || subclass == kDefinitionPart) return kAttributeOrder;
-  if (subclass == kMTextPart) return kMTextOrder;
-  if (subclass == kReferencePart) return kReferenceOrder;
-  if (subclass == kLayerPart) return kLayerOrder;
-  if (subclass == kStylePart) return kStyleOrder;
+  if (isSubclass(subclass, kEntityPart)) return kEntityOrder;
+  if (isSubclass(subclass, kTextPart)) return kTextOrder;
+  if (isSubclass(subclass, kAttributePart) || isSubclass(subclass, kDefinitionPart))
+    return kAttributeOrder;
+  if (isSubclass(subclass, kMTextPart)) return kMTextOrder;
+  if (isSubclass(subclass, kReferencePart)) return kReferenceOrder;
+  if (isSubclass(subclass, kLayerPart)) return kLayerOrder;
+  if (isSubclass(subclass, kStylePart)) return kStyleOrder;
   return kNone;
 }
 

@@ -27,6 +27,12 @@ class GroupOrder {
   std::array<std::int8_t, kCodes> ranks_{};
 };
 
+/// Whether two names of subclasses are equal; most come from the same constant, which one look
+/// tells.
+inline bool isSubclass(std::string_view name, std::string_view other) {
+  return name.size() == other.size() && (name.data() == other.data() || name == other);
+}
+
 /// One without any code for a subclass that has no order.
 const GroupOrder& groupOrder(std::string_view subclass);
 inline int groupRank(std::string_view subclass, int code) {

@@ -43,12 +43,12 @@ std::string_view otherPart(const dxf::RecordDraft& draft, int code) {
 }  // namespace
 
 std::size_t findProperty(const dxf::RecordDraft& draft, Property property) {
-  if (property.subclass == kEntityPart) return findCommon(draft, property.code);
+  if (isSubclass(property.subclass, kEntityPart)) return findCommon(draft, property.code);
   const std::size_t group = draft.find(property.subclass, property.code);
   // A reference that is an array has all its groups below a marker of its own.
-  if (group == dxf::kNoGroup && property.subclass == kReferencePart)
+  if (group == dxf::kNoGroup && isSubclass(property.subclass, kReferencePart))
     return draft.find("AcDbMInsertBlock", property.code);
-  if (group != dxf::kNoGroup || property.subclass != kTextPart) return group;
+  if (group != dxf::kNoGroup || !isSubclass(property.subclass, kTextPart)) return group;
   const std::string_view other = otherPart(draft, property.code);
   return other.empty() ? group : draft.find(other, property.code);
 }
@@ -59,9 +59,7 @@ std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
   const int wanted = order.rank(property.code);
   if (wanted < 0) return draft.endOf(property.subclass);
   const bool marked = draft.find(kMarker) != dxf::kNoGroup;
-  const bool common = property.subclass == kEntityPart;
-  if (marked && !common && !draft.hasMarker(property.subclass))
-    return draft.endOf(property.subclass);
+  const bool common = isSubclass(property.subclass, kEntityPart);
   std::size_t place = 1;
   bool inside = !marked || common;
   int markers = 0;
@@ -77,7 +75,7 @@ std::size_t placeOf(const dxf::RecordDraft& draft, Property property) {
       place = i + 1;
     }
   }
-  return place;
+  return marked && !common && markers == 0 ? draft.endOf(property.subclass) : place;
 }
 
 double readReal(const dxf::RecordDraft& draft, Property property, double absent) {

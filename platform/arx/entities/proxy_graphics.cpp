@@ -117,20 +117,21 @@ class Displacing {
 }  // namespace
 
 void translateProxyGraphics(dxf::RecordDraft& draft, const AcGeVector3d& by) {
-  if (!draft.hasMarker(kEntityPart)) return;
+  constexpr int kChunk = 310;
+  if (draft.find(kChunk) == dxf::kNoGroup || !draft.hasMarker(kEntityPart)) return;
   std::size_t length = findProperty(draft, {kEntityPart, 160});
   if (length == dxf::kNoGroup) length = findProperty(draft, {kEntityPart, 92});
   if (length == dxf::kNoGroup) return;
   std::string picture;
   std::size_t end = length + 1;
-  for (; end < draft.size() && draft.code(end) == 310; ++end) picture += draft.binary(end);
+  for (; end < draft.size() && draft.code(end) == kChunk; ++end) picture += draft.binary(end);
   const std::optional<std::string> displaced = Displacing(picture, by).run();
   if (!displaced || *displaced == picture) return;
   draft.setInteger(length, static_cast<std::int64_t>(displaced->size()));
   draft.erase({length + 1, end});
   std::size_t at = length + 1;
   for (std::size_t done = 0; done < displaced->size(); done += kChunkLength)
-    draft.insertBinary(at++, 310, std::string_view(*displaced).substr(done, kChunkLength));
+    draft.insertBinary(at++, kChunk, std::string_view(*displaced).substr(done, kChunkLength));
 }
 
 }  // namespace kovra::arx

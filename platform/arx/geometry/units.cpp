@@ -18,6 +18,12 @@ constexpr double kInchesPerFoot = 12;
 
 /// `value` is finite, the precision at most 8.
 std::wstring decimal(double value, int precision) {
+  constexpr double kLargestWhole = 1e9;
+  if (value < kLargestWhole && value == std::floor(value) && !std::signbit(value)) {
+    std::wstring whole = std::to_wstring(static_cast<int>(value));
+    if (precision > 0) whole.append(1, L'.').append(static_cast<std::size_t>(precision), L'0');
+    return whole;
+  }
   std::array<char, 328> digits;  // the largest number has 309 before the point
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                  std::chars_format::fixed, precision);

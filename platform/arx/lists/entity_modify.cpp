@@ -96,9 +96,8 @@ class ListToRecord {
     if (group != dxf::kNoGroup && isEqual(group, given)) return true;
     if (group == dxf::kNoGroup && isDefault(given, known)) return true;
     if (!isAllowed(database_, type_, given)) return false;
-    std::wstring spelled = spelling(given);
     resbuf element = given;
-    if (!spelled.empty()) element.resval.rstring = spelled.data();
+    if (given.restype == 8 || given.restype == 7) element.resval.rstring = spelling(given);
     if (group != dxf::kNoGroup) {
       setFromElement(database_, draft_, group, element);
     } else {
@@ -150,13 +149,13 @@ class ListToRecord {
   }
 
   /// The table's spelling of a name; a layer that the table lacks is noted.
-  std::wstring spelling(const resbuf& given) {
-    if (given.restype != 8 && given.restype != 7) return {};
+  wchar_t* spelling(const resbuf& given) {
     const auto table = given.restype == 8 ? dxf::TableKind::kLayer : dxf::TableKind::kStyle;
     if (const auto* entry = database_.structure().lookUp(table, listText(given)))
-      return entry->name;
-    newLayer_ = listText(given);
-    return newLayer_;
+      spelled_ = entry->name;
+    else
+      spelled_ = newLayer_ = listText(given);
+    return spelled_.data();
   }
 
   AcDbDatabase& database_;
@@ -168,6 +167,7 @@ class ListToRecord {
   bool marked_ = false;               ///< the record has it too
   std::vector<Seen> seen_;
   std::wstring newLayer_;
+  std::wstring spelled_;
   bool changed_ = false;
 };
 

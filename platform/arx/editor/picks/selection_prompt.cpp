@@ -1,6 +1,7 @@
 #include "platform/arx/editor/picks/selection_prompt.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity_order.h"
@@ -78,12 +79,12 @@ Question SelectionDialogue::question() const {
 
 bool SelectionDialogue::run() {
   for (;;) {
-    const Answer answer = ask(document_, question());
+    Answer answer = ask(document_, question());
     if (answer.kind == AnswerKind::kCancel) return false;
     if (answer.isEnter()) return true;
     bool goOn = true;
     if (answer.kind == AnswerKind::kEntities)
-      take(answer, answer.entities);
+      take(answer, std::move(answer.entities));
     else if (answer.kind == AnswerKind::kPoint)
       goOn = pickOrBox(answer, answer.point);
     else
