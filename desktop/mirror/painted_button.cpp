@@ -26,6 +26,7 @@ class PaintedButton : public QAbstractButton {
 
   /// What the window paints, asked for while everything is at rest.
   void setSteps(std::vector<win::PaintStep> steps) {
+    if (steps == steps_) return;
     steps_ = std::move(steps);
     update();
   }
