@@ -192,7 +192,8 @@ void MainWindow::refresh() {
     modified = drawing.modified;
   }
   setWindowTitle(title);
-  if (editor::currentDrawing() != 0) setWindowModified(modified);
+  // Told anew each time, the desktop answers with an event, and the next refresh would follow.
+  if (editor::currentDrawing() != 0 && isWindowModified() != modified) setWindowModified(modified);
   project_->refresh(open);
 }
 

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <map>
 
 #include "desktop/frame/captions.h"
 #include "desktop/frame/icons.h"
@@ -131,10 +132,10 @@ void Menus::fillFile(QMenu* menu) {
 }
 
 void Menus::fillEdit(QMenu* menu) {
-  undo_ = add(menu, {Caption::kUndo, Icon::kUndo, QKeySequence::Undo, Needs::kDrawing, true},
+  undo_ = add(menu, {Caption::kUndo, Icon::kUndo, QKeySequence::Undo, Needs::kUndo, true},
               [] { runCommand(L"U"); });
-  redo_ = add(menu, {Caption::kRedo, Icon::kRedo, {}, Needs::kDrawing, true},
-              [] { runCommand(L"REDO"); });
+  redo_ =
+      add(menu, {Caption::kRedo, Icon::kRedo, {}, Needs::kRedo, true}, [] { runCommand(L"REDO"); });
   redo_->setShortcuts(
       {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   undo_->setObjectName(QStringLiteral("undo"));
@@ -198,20 +199,23 @@ void Menus::addPanel(QAction* toggle) {
 void Menus::refresh() {
   const bool dialog = editor::topWait().modalOnTop;
   const bool drawing = !dialog && editor::currentDrawing() != 0;
-  for (const auto& [action, needs] : needs_) {
-    action->setEnabled(needs == Needs::kNothing || (needs == Needs::kNoDialog && !dialog) ||
-                       (needs == Needs::kDrawing && drawing) ||
-                       (needs == Needs::kProject && !win::runSettings().projectFolder.empty()));
-  }
-  const auto nameStep = [drawing](QAction* action, Caption plain, Caption named,
-                                  const std::optional<std::wstring>& step) {
-    action->setEnabled(drawing && step);
+  const std::optional<std::wstring> undo = editor::undoName(), redo = editor::redoName();
+  const std::map<Needs, bool> met = {{Needs::kNothing, true},
+                                     {Needs::kNoDialog, !dialog},
+                                     {Needs::kDrawing, drawing},
+                                     {Needs::kUndo, drawing && undo},
+                                     {Needs::kRedo, drawing && redo},
+                                     {Needs::kProject, !win::runSettings().projectFolder.empty()}};
+  // Once each: an action that is switched to and fro asks for a new layout, and so for a refresh.
+  for (const auto& [action, needs] : needs_) action->setEnabled(met.at(needs));
+  const auto nameStep = [](QAction* action, Caption plain, Caption named,
+                           const std::optional<std::wstring>& step) {
     const bool hasName = step && !step->empty();
     action->setText(hasName ? say(named).arg(commandTitle(*step)) : say(plain));
     action->setToolTip(withoutKey(action->text()));
   };
-  nameStep(undo_, Caption::kUndo, Caption::kUndoNamed, editor::undoName());
-  nameStep(redo_, Caption::kRedo, Caption::kRedoNamed, editor::redoName());
+  nameStep(undo_, Caption::kUndo, Caption::kUndoNamed, undo);
+  nameStep(redo_, Caption::kRedo, Caption::kRedoNamed, redo);
 }
 
 }  // namespace kovra::desktop

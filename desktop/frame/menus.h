@@ -30,7 +30,7 @@ class Menus {
   void refresh();
 
  private:
-  enum class Needs { kNothing, kNoDialog, kDrawing, kProject };
+  enum class Needs { kNothing, kNoDialog, kDrawing, kUndo, kRedo, kProject };
   struct Entry;
 
   QAction* add(QMenu* menu, const Entry& entry, std::function<void()> act);

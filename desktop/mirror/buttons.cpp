@@ -42,19 +42,17 @@ class ButtonMirror : public ControlMirror {
 
   void update(const win::ControlListing& listing) override {
     button_->setText(toQt(listing.text));
-    const auto* state = win::stateOf<win::ButtonState>(window());
-    if (state != nullptr && state->icon != nullptr) {
-      const QPixmap picture = pixmapOf(state->icon);
-      button_->setIcon(picture);
-      button_->setIconSize(picture.size());
-    }
+    followIcon();
+    // What the widget shows already isn't set: Qt paints anew, which ends in the next refresh.
     if (auto* push = qobject_cast<QPushButton*>(button_)) {
-      push->setDefault(win::buttonKind(window()) == BS_DEFPUSHBUTTON);
+      const bool standard = win::buttonKind(window()) == BS_DEFPUSHBUTTON;
+      if (push->isDefault() != standard) push->setDefault(standard);
       push->setChecked(listing.check.value_or(0) == BST_CHECKED);
     } else if (auto* box = qobject_cast<QCheckBox*>(button_)) {
-      box->setCheckState(listing.check == 2   ? Qt::PartiallyChecked
-                         : listing.check == 1 ? Qt::Checked
-                                              : Qt::Unchecked);
+      const Qt::CheckState check = listing.check == 2   ? Qt::PartiallyChecked
+                                   : listing.check == 1 ? Qt::Checked
+                                                        : Qt::Unchecked;
+      if (box->checkState() != check) box->setCheckState(check);
     } else {
       button_->setChecked(listing.check == 1);
     }
@@ -73,7 +71,17 @@ class ButtonMirror : public ControlMirror {
   }
 
  private:
+  void followIcon() {
+    const auto* state = win::stateOf<win::ButtonState>(window());
+    if (state == nullptr || state->icon == nullptr || state->icon == icon_) return;
+    icon_ = state->icon;
+    const QPixmap picture = pixmapOf(icon_);
+    button_->setIcon(picture);
+    button_->setIconSize(picture.size());
+  }
+
   QAbstractButton* button_;
+  HICON icon_ = nullptr;  ///< as it is shown
 };
 
 /// A frame with its caption in the upper edge: the room below is laid out for that.

@@ -26,6 +26,7 @@ class PaintedButton : public QAbstractButton {
 
   /// What the window paints, asked for while everything is at rest.
   void setSteps(std::vector<win::PaintStep> steps) {
+    if (steps == steps_) return;
     steps_ = std::move(steps);
     update();
   }
@@ -46,21 +47,37 @@ class PaintedButton : public QAbstractButton {
 
  private:
   void paint(QPainter& painter, const win::PaintStep& step);
-  void paintFrame(QPainter& painter, const QRect& place, bool pressed, bool hot);
+  void paintFrame(QPainter& painter, const QRect& place, QStyle::State state);
 
   HWND window_;
   Scale scale_;
   std::vector<win::PaintStep> steps_;
 };
 
-void PaintedButton::paintFrame(QPainter& painter, const QRect& place, bool pressed, bool hot) {
+QStyle::State frameStateOf(const win::PaintStep& step) {
+  const bool classic = step.kind == win::PaintStep::Kind::frame;
+  if (classic) return (step.state & DFCS_PUSHED) != 0 ? QStyle::State_Sunken : QStyle::State_None;
+  switch (step.state) {
+    case PBS_PRESSED:
+      return QStyle::State_Sunken;
+    case PBS_HOT:
+      return QStyle::State_MouseOver;
+    case PBS_DEFAULTED:
+      // The chosen one of several: styles show a default button by little or nothing.
+      return QStyle::State_On;
+    default:
+      return QStyle::State_None;
+  }
+}
+
+void PaintedButton::paintFrame(QPainter& painter, const QRect& place, QStyle::State state) {
+  if (isDown()) state |= QStyle::State_Sunken;
   QStyleOptionButton option;
   option.initFrom(this);
   option.rect = place;
-  option.state.setFlag(QStyle::State_Sunken, pressed || isDown());
-  option.state.setFlag(QStyle::State_Raised, !pressed && !isDown());
-  option.state.setFlag(QStyle::State_MouseOver, hot);
-  option.state.setFlag(QStyle::State_HasFocus, false);
+  option.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
+  option.state |= state;
+  option.state.setFlag(QStyle::State_Raised, (state & QStyle::State_Sunken) == 0);
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
 }
 
@@ -86,9 +103,8 @@ void PaintedButton::paint(QPainter& painter, const win::PaintStep& step) {
   const QRect place = scale_.rect(step.place);
   switch (step.kind) {
     case win::PaintStep::Kind::themePart:
-      return paintFrame(painter, place, step.state == PBS_PRESSED, step.state == PBS_HOT);
     case win::PaintStep::Kind::frame:
-      return paintFrame(painter, place, (step.state & DFCS_PUSHED) != 0, false);
+      return paintFrame(painter, place, frameStateOf(step));
     case win::PaintStep::Kind::icon: {
       const QPixmap picture = pixmapOf(step.icon);
       // Icons keep their own size, in the middle of the room that they are given.

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "platform/win/base/wide_text.h"
@@ -52,6 +53,14 @@ HTHEME buttonTheme() {
 }
 
 }  // namespace
+
+bool PaintStep::operator==(const PaintStep& other) const {
+  const auto fields = [](const PaintStep& step) {
+    return std::tie(step.kind, step.place.left, step.place.top, step.place.right, step.place.bottom,
+                    step.part, step.state, step.color, step.icon, step.text, step.format);
+  };
+  return fields(*this) == fields(other);
+}
 
 PaintList::PaintList() {
   paintState().lastContext += 4;

@@ -22,6 +22,8 @@ struct PaintStep {
   HICON icon = nullptr;
   std::wstring text;
   unsigned format = 0;  ///< DT_ flags of a text
+
+  bool operator==(const PaintStep& other) const;
 };
 
 /// A device context that collects what is painted into it for as long as it lives.
