@@ -1,5 +1,6 @@
 #include "desktop/mirror/acts.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
@@ -95,6 +96,13 @@ void addKeyPress(HWND dialog, const QKeyEvent& event) {
     if (plain && takesSpaces()) return type(dialog, L" ");
     return win::pressKeyInDialog(dialog, stroke);
   });
+}
+
+void addPresses(QAbstractButton* button, HWND window) {
+  QObject::connect(button, &QAbstractButton::pressed,
+                   [window] { addAct(window, [window] { return win::focusControl(window); }); });
+  QObject::connect(button, &QAbstractButton::clicked,
+                   [window] { addAct(window, [window] { return win::clickControl(window); }); });
 }
 
 void addTyping(HWND dialog, const QString& text) {

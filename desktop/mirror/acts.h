@@ -5,6 +5,7 @@
 
 #include "platform/win/desktop/user_input.h"
 
+class QAbstractButton;
 class QKeyEvent;
 class QString;
 
@@ -13,6 +14,10 @@ namespace kovra::desktop {
 /// Lays an act of the user ready. Afterwards the window counts as changed, so that its widget shows
 /// again what the window holds, also when the act was refused.
 void addAct(HWND window, std::function<win::InputResult()> act);
+
+/// From now on presses of the native button are laid ready: the focus goes to the window, then it
+/// is clicked.
+void addPresses(QAbstractButton* button, HWND window);
 
 /// Is told, in UTF-8, why an act was refused; an empty function: nobody is. Refusals say nothing to
 /// the user, who sees that nothing has happened.

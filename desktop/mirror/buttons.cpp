@@ -34,10 +34,7 @@ class ButtonMirror : public ControlMirror {
       : ControlMirror(window, button), button_(button) {
     button->setFocusPolicy(Qt::TabFocus);
     button->setAutoExclusive(false);
-    QObject::connect(button, &QAbstractButton::pressed,
-                     [window] { addAct(window, [window] { return win::focusControl(window); }); });
-    QObject::connect(button, &QAbstractButton::clicked,
-                     [window] { addAct(window, [window] { return win::clickControl(window); }); });
+    addPresses(button, window);
   }
 
   void update(const win::ControlListing& listing) override {

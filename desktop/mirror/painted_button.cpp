@@ -139,10 +139,7 @@ class PaintedMirror : public ControlMirror {
   PaintedMirror(HWND window, PaintedButton* button)
       : ControlMirror(window, button), button_(button) {
     button->setFocusPolicy(Qt::TabFocus);
-    QObject::connect(button, &QAbstractButton::pressed,
-                     [window] { addAct(window, [window] { return win::focusControl(window); }); });
-    QObject::connect(button, &QAbstractButton::clicked,
-                     [window] { addAct(window, [window] { return win::clickControl(window); }); });
+    addPresses(button, window);
   }
   void update(const win::ControlListing& listing) override {
     button_->setText(toQt(listing.text));
