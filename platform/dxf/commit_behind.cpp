@@ -103,8 +103,8 @@ Result<FileStamp> commitBehind(std::unique_ptr<AtomicFile> file, bool backup, Ma
   if (!stamp) return stamp;
   std::string target = file->target();
   finishCommit();
-  commits().last.emplace(std::move(target), start(std::move(file), backup, std::move(mayReplace)),
-                         std::move(failed));
+  commits().last = UnderWay{
+      std::move(target), start(std::move(file), backup, std::move(mayReplace)), std::move(failed)};
   return stamp;
 }
 
