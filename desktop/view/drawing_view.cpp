@@ -36,7 +36,10 @@ constexpr double kLargestScale = 1e12;
 
 class DrawingView::Shown {
  public:
-  explicit Shown(DrawingView& view) : view_(view), acts_(drawings_) {}
+  explicit Shown(DrawingView& view)
+      : view_(view),
+        drawings_([this](const DisplayList& list) { forget(list); }),
+        acts_(drawings_) {}
 
   void refresh();
   void setFrame(const ViewFrame& frame);
@@ -58,6 +61,7 @@ class DrawingView::Shown {
   DisplayList* list() { return list_; }
 
  private:
+  void forget(const DisplayList& list);
   void follow(const AcApDocument& document);
   double ratio() const { return view_.devicePixelRatioF(); }
   void wakeSoon();
@@ -72,6 +76,16 @@ class DrawingView::Shown {
   DisplayList* list_ = nullptr;
   std::uint32_t shownSerial_ = 0;
 };
+
+/// Events may come before the next refresh, in a box that asks about another drawing.
+void DrawingView::Shown::forget(const DisplayList& list) {
+  if (list_ != &list) return;
+  list_ = nullptr;
+  shownSerial_ = 0;
+  overlay_.forget();
+  picture_.show(nullptr);
+  view_.update();
+}
 
 /// The editor's view as the widget's frame, unless they are one already.
 void DrawingView::Shown::follow(const AcApDocument& document) {

@@ -1,10 +1,13 @@
 #include "desktop/view/shown_drawings.h"
 
+#include <utility>
+
 #include "platform/arx/editor/documents/document_list.h"
 
 namespace kovra::desktop {
 
-ShownDrawings::ShownDrawings() {
+ShownDrawings::ShownDrawings(std::function<void(const DisplayList&)> dropped)
+    : dropped_(std::move(dropped)) {
   acDocManager->addReactor(this);
   arx::setEntityIndex(this);
 }
@@ -27,7 +30,10 @@ DisplayList* ShownDrawings::currentList() {
 }
 
 void ShownDrawings::documentToBeDestroyed(AcApDocument* document) {
-  lists_.erase(document->serial());
+  const auto list = lists_.find(document->serial());
+  if (list == lists_.end()) return;
+  dropped_(*list->second);
+  lists_.erase(list);
 }
 
 std::optional<std::vector<dxf::RecordIndex>> ShownDrawings::entitiesIn(const AcApDocument& document,

@@ -1,5 +1,6 @@
 // The display lists of the open drawings, and which one is current.
 #pragma once
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -13,7 +14,8 @@ namespace kovra::desktop {
 /// Keeps a display list for each open drawing that was shown, and lets picks find entities in it.
 class ShownDrawings : private AcApDocManagerReactor, private arx::EntityIndex {
  public:
-  ShownDrawings();
+  /// `dropped` is told when a drawing is closed, before its list goes.
+  explicit ShownDrawings(std::function<void(const DisplayList&)> dropped);
   ~ShownDrawings() override;
   ShownDrawings(const ShownDrawings&) = delete;
   ShownDrawings& operator=(const ShownDrawings&) = delete;
@@ -28,6 +30,7 @@ class ShownDrawings : private AcApDocManagerReactor, private arx::EntityIndex {
   std::optional<std::vector<dxf::RecordIndex>> entitiesIn(const AcApDocument& document,
                                                           const AcDbExtents& box) override;
 
+  std::function<void(const DisplayList&)> dropped_;
   std::map<std::uint32_t, std::unique_ptr<DisplayList>> lists_;  ///< by serial number
 };
 
