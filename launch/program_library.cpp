@@ -5,8 +5,15 @@
 
 namespace kovra::launch {
 
-Result<void (*)()> findProgramExport(const std::string& library, const char* name,
-                                     const std::string& failure) {
+namespace {
+
+struct Export {
+  HMODULE module;
+  void (*function)();
+};
+
+Result<Export> openExport(const std::string& library, const char* name,
+                          const std::string& failure) {
   const Result<std::filesystem::path> file = findProgramFile(library);
   if (!file) return file.error();
   const auto cannot = [&failure](const std::string& reason) {
@@ -15,8 +22,28 @@ Result<void (*)()> findProgramExport(const std::string& library, const char* nam
   const win::LoadResult loaded = win::loadLibrary(file.value());
   if (!loaded) return cannot(loaded.error);
   const auto exported = win::exportByName(loaded.module, name);
-  if (exported == nullptr) return cannot(file.value().string() + " is another library");
-  return exported;
+  if (exported != nullptr) return Export{loaded.module, exported};
+  win::unloadModule(loaded.module);
+  return cannot(file.value().string() + " is another library");
+}
+
+}  // namespace
+
+Result<void (*)()> findProgramExport(const std::string& library, const char* name,
+                                     const std::string& failure) {
+  const Result<Export> opened = openExport(library, name, failure);
+  if (!opened) return opened.error();
+  return opened.value().function;
+}
+
+Result<void> withProgramExport(const std::string& library, const char* name,
+                               const std::string& failure,
+                               const std::function<void(void (*)())>& use) {
+  const Result<Export> opened = openExport(library, name, failure);
+  if (!opened) return opened.error();
+  use(opened.value().function);
+  win::unloadModule(opened.value().module);
+  return {};
 }
 
 }  // namespace kovra::launch

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/dxf/result.h"
@@ -21,5 +22,11 @@ Result<Function*> loadProgramExport(const std::string& library, const char* name
   if (!found) return found.error();
   return reinterpret_cast<Function*>(found.value());
 }
+
+/// Calls `use` with such a function; the library is held no longer than that lasts. For libraries
+/// that come and go with the module, which would stay in memory for one that does.
+Result<void> withProgramExport(const std::string& library, const char* name,
+                               const std::string& failure,
+                               const std::function<void(void (*)())>& use);
 
 }  // namespace kovra::launch

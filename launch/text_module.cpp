@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "launch/program_library.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/resources/loader.h"
@@ -34,17 +35,11 @@ void say(const std::string& text) {
   win::interaction().print(text + "\n");
 }
 
-/// The option dialog lies in the library of the companions, which comes and goes with the module:
-/// it is held here no longer than the dialog lasts.
 void showOptions() {
-  const Result<std::filesystem::path> file = findProgramFile(kCompanions);
-  if (!file) return say(file.error().message);
-  const win::LoadResult library = win::loadLibrary(file.value());
-  if (!library) return say(library.error);
-  const FARPROC show = win::exportByName(library.module, "kovraShowOptions");
-  if (show != nullptr) show();
-  win::unloadModule(library.module);
-  if (show == nullptr) say(file.value().string() + " is another library");
+  const auto shown =
+      withProgramExport(kCompanions, "kovraShowOptions", "the options can't be shown",
+                        [](void (*show)()) { show(); });
+  if (!shown) say(shown.error().message);
 }
 
 }  // namespace

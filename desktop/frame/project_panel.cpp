@@ -18,9 +18,11 @@ constexpr int kPathRole = Qt::UserRole;
 
 std::vector<companions::ListedDrawing> listProject() {
   std::vector<companions::ListedDrawing> drawings;
-  const auto list = launch::loadProgramExport<decltype(kovraListProject)>(
-      "libkovra_companions.so", "kovraListProject", "the project can't be listed");
-  if (list) list.value()(drawings);
+  static_cast<void>(
+      launch::withProgramExport("libkovra_companions.so", "kovraListProject",
+                                "the project can't be listed", [&drawings](void (*list)()) {
+                                  reinterpret_cast<decltype(&kovraListProject)>(list)(drawings);
+                                }));
   return drawings;
 }
 

@@ -33,6 +33,7 @@ void FieldLine::follow(HWND field) {
   QInputMethodEvent none;
   QLineEdit::inputMethodEvent(&none);
   showText(field, *state);
+  deselect();
   QInputMethodEvent inTheMaking(making_, {});
   QLineEdit::inputMethodEvent(&inTheMaking);
 }
@@ -104,6 +105,8 @@ void FieldLine::contextMenuEvent(QContextMenuEvent* event) {
 void FieldLine::inputMethodEvent(QInputMethodEvent* event) {
   if (!event->commitString().isEmpty()) addTyping(dialogOf(control_), event->commitString());
   making_ = event->preeditString();
+  // What is selected goes when the text is committed, in memory: natively it would go at once.
+  if (!making_.isEmpty()) deselect();
   QInputMethodEvent inTheMaking(making_, event->attributes());
   QLineEdit::inputMethodEvent(&inTheMaking);
   if (making_.isEmpty()) addAct(control_, [] { return win::InputResult{}; });

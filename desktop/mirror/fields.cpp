@@ -92,6 +92,8 @@ class TextField : public QPlainTextEdit {
   void inputMethodEvent(QInputMethodEvent* event) override {
     if (!event->commitString().isEmpty()) addTyping(dialogOf(window_), event->commitString());
     making_ = event->preeditString();
+    // What is selected goes when the text is committed, in memory: natively it would go at once.
+    if (!making_.isEmpty()) deselectAll();
     QInputMethodEvent inTheMaking(making_, event->attributes());
     QPlainTextEdit::inputMethodEvent(&inTheMaking);
     if (making_.isEmpty()) addAct(window_, [] { return win::InputResult{}; });
@@ -99,6 +101,7 @@ class TextField : public QPlainTextEdit {
 
  private:
   void addCaretAct();
+  void deselectAll();
   void showText(const win::EditState& state);
 
   HWND window_;
@@ -114,6 +117,7 @@ void TextField::follow() {
   QInputMethodEvent none;
   QPlainTextEdit::inputMethodEvent(&none);
   showText(*state);
+  deselectAll();
   QInputMethodEvent inTheMaking(making_, {});
   QPlainTextEdit::inputMethodEvent(&inTheMaking);
 }
@@ -131,6 +135,12 @@ void TextField::showText(const win::EditState& state) {
   cursor.setPosition(backwards ? from : to, QTextCursor::KeepAnchor);
   if (cursor.anchor() != textCursor().anchor() || cursor.position() != textCursor().position())
     setTextCursor(cursor);
+}
+
+void TextField::deselectAll() {
+  QTextCursor caret = textCursor();
+  caret.clearSelection();
+  setTextCursor(caret);
 }
 
 void TextField::addCaretAct() {

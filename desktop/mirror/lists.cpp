@@ -101,6 +101,11 @@ class ListMirror : public ControlMirror {
     QObject::connect(view_, &QTreeView::pressed, [window](const QModelIndex&) {
       addAct(window, [window] { return win::focusControl(window); });
     });
+    // The window in memory decides what is selected.
+    QObject::connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged,
+                     [this, window] {
+                       if (!following_) addAct(window, [] { return win::InputResult{}; });
+                     });
     QObject::connect(view_, &QTreeView::clicked, [this, window](const QModelIndex& index) {
       if (rows_.takeCheckClick()) return;
       addAct(window, [window, row = index.row()] { return win::chooseIndex(window, row); });
@@ -113,11 +118,13 @@ class ListMirror : public ControlMirror {
   void update(const win::ControlListing& /*listing*/) override {
     const auto* state = win::stateOf<win::ListState>(window());
     if (state == nullptr) return;
+    following_ = true;
     const int scrolled = view_->verticalScrollBar()->value();
     rows_.follow(*state);
     view_->verticalScrollBar()->setValue(scrolled);
     setWidths(*state);
     select(*state);
+    following_ = false;
   }
 
   win::ControlListing shown() const override {
@@ -164,6 +171,7 @@ class ListMirror : public ControlMirror {
   ListRows rows_;
   Scale scale_;
   std::vector<int> widths_;
+  bool following_ = false;  ///< what changes now isn't the user's doing
 };
 
 }  // namespace

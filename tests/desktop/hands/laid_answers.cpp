@@ -92,7 +92,11 @@ void LaidAnswers::answerFiles(QFileDialog& dialog) {
     win::interaction().noteFailure("a file choice was asked for, and none was queued");
   if (files.empty() || files.front().empty()) {
     if (!files.empty()) files.pop_front();
-    return pressNativeKey({VK_ESCAPE});
+    giveFocus(&dialog);
+    pressNativeKey({VK_ESCAPE});
+    // Without a window that has the keyboard.
+    if (dialog.isVisible()) dialog.reject();
+    return;
   }
   std::wstring names;
   for (const auto& file : files.front()) names += L'"' + win::fromUtf8(file.string()) + L"\" ";
@@ -116,6 +120,7 @@ void LaidAnswers::answerMenu(QMenu& menu) {
     return clickWidget(&menu, menu.actionGeometry(action).center());
   }
   pressNativeKey({VK_ESCAPE});
+  if (menu.isVisible()) menu.close();
 }
 
 }  // namespace kovra::test

@@ -103,11 +103,16 @@ void openNativeMenu(QWidget* widget, QPoint place) {
   QApplication::sendEvent(widget, &event);
 }
 
+bool hasKeyboard() {
+  return QGuiApplication::focusWindow() != nullptr || QApplication::focusWidget() != nullptr;
+}
+
 void pressNativeKey(const win::Keystroke& key) {
   Qt::KeyboardModifiers held;
   held.setFlag(Qt::ShiftModifier, key.shift);
   held.setFlag(Qt::ControlModifier, key.control);
   held.setFlag(Qt::AltModifier, key.alt);
+  if (!hasKeyboard()) return;
   QTest::sendKeyEvent(QTest::Click, static_cast<QWidget*>(nullptr), nativeKey(key.key), textOf(key),
                       held);
   QCoreApplication::processEvents();
@@ -122,7 +127,7 @@ void typeNativeText(std::wstring_view text) {
       pressNativeKey({VK_RETURN});
     } else if (c == L'\b') {
       pressNativeKey({VK_BACK});
-    } else if (c >= L' ' && c < 0x7F) {
+    } else if (c >= L' ' && c < 0x7F && hasKeyboard()) {
       QTest::keyClick(static_cast<QWidget*>(nullptr), static_cast<char>(c));
     } else {
       commitText(desktop::toQt(text.substr(i, 1)));

@@ -20,6 +20,8 @@ void dragWidget(QWidget* widget, QPoint from, QPoint to);
 /// The press of the right button that brings a menu up.
 void openNativeMenu(QWidget* widget, QPoint place = {});
 
+/// Whether keys go anywhere: a window of the program has the focus.
+bool hasKeyboard();
 /// A key where the keyboard's focus is: in the popup, else in the window that has it.
 void pressNativeKey(const win::Keystroke& key);
 /// Characters there: those on a keyboard as keys, others as an input method commits them; line

@@ -35,7 +35,6 @@ class RandomUser {
   std::mt19937 random_;
   QObject ownLoops_;
   int depth_ = 0;
-  bool hasKeyboard_ = false;
   std::string last_;
 };
 
