@@ -52,6 +52,9 @@ Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullp
 /// saved. With a command waiting below the caller the drawing closes as soon as that command has
 /// unwound; with no command it is closed on return.
 Result<void> closeDrawing(DrawingId id);
+/// Reads an idle drawing's file anew and drops what wasn't saved; the drawing gets a new id, which
+/// is returned. One whose file can't be read stays as it is.
+Result<DrawingId> reloadDrawing(DrawingId id);
 /// Refused while activation is disabled, and for a drawing whose prompt lies below another's.
 Result<void> activateDrawing(DrawingId id);
 std::vector<DrawingInfo> drawings();

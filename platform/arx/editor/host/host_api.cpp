@@ -125,6 +125,15 @@ Result<void> closeDrawing(DrawingId id) {
   return document != nullptr ? closeDocument(*document) : notOpen();
 }
 
+Result<DrawingId> reloadDrawing(DrawingId id) {
+  AcApDocument* document = find(id);
+  if (document == nullptr) return notOpen();
+  auto database = std::make_unique<AcDbDatabase>(false);
+  if (Result<void> read = database->open(fileOf(*document)); !read) return read.error();
+  if (Result<void> closed = closeDocument(*document); !closed) return closed.error();
+  return activated(DocumentList::instance().add(std::move(database)));
+}
+
 Result<void> activateDrawing(DrawingId id) {
   AcApDocument* document = find(id);
   return document != nullptr ? activateDocument(*document) : notOpen();
