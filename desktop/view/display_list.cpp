@@ -124,21 +124,32 @@ void DisplayList::buildAllAgain() {
   nextToBuild_ = 0;
 }
 
-Shown DisplayList::read(RecordIndex record, Shapes& shapes) {
-  Shown shown;
-  shown.record = record;
-  if (database_.store().erased(record)) return shown;
-  shown.range.firstCurve = static_cast<std::uint32_t>(shapes.curves.size());
-  shown.range.firstText = static_cast<std::uint32_t>(shapes.texts.size());
+void DisplayList::draw(RecordIndex record, RecordIndex part, Shapes& shapes) {
   ShapeWriter writer(shapes);
   AcGiGeometry& geometry = writer.geometry();
   walk_->entity(record, [&](const arx::DrawnLeaf& leaf) {
+    if (part != record && part != leaf.record) return true;
     writer.subEntityTraits().setTrueColor(leaf.color);
     geometry.pushModelTransform(leaf.toWorld);
     arx::drawRecord(database_, leaf.record, leaf.draft, geometry);
     geometry.popModelTransform();
     return true;
   });
+}
+
+Shapes DisplayList::shapesOf(RecordIndex entity, RecordIndex part) {
+  Shapes shapes;
+  if (!database_.store().erased(entity)) draw(entity, part, shapes);
+  return shapes;
+}
+
+Shown DisplayList::read(RecordIndex record, Shapes& shapes) {
+  Shown shown;
+  shown.record = record;
+  if (database_.store().erased(record)) return shown;
+  shown.range.firstCurve = static_cast<std::uint32_t>(shapes.curves.size());
+  shown.range.firstText = static_cast<std::uint32_t>(shapes.texts.size());
+  draw(record, record, shapes);
   shown.range.curves = static_cast<std::uint32_t>(shapes.curves.size()) - shown.range.firstCurve;
   shown.range.texts = static_cast<std::uint32_t>(shapes.texts.size()) - shown.range.firstText;
   shown.box = shapes.boxOf(shown.range);

@@ -65,6 +65,8 @@ class DisplayList : private dxf::StoreListener {
   const Chunk& sample() const { return sample_; }
   /// Null for what isn't shown or not built yet.
   const Shown* find(dxf::RecordIndex record, const Chunk*& chunk) const;
+  /// What a record of an entity draws, read anew: of the entity itself, everything.
+  Shapes shapesOf(dxf::RecordIndex entity, dxf::RecordIndex part);
   /// Calls visit(chunk, shown) for entities with their reach in the box, in no special order.
   template <class Visit>
   void visit(const Box& box, Visit visit) const;
@@ -89,6 +91,7 @@ class DisplayList : private dxf::StoreListener {
   void build(std::size_t chunk);
   void buildAllAgain();
   Shown read(dxf::RecordIndex record, Shapes& shapes);
+  void draw(dxf::RecordIndex record, dxf::RecordIndex part, Shapes& shapes);
   void takeChanges(Damage& damage);
   bool takeChange(dxf::RecordIndex record, Damage& damage);
   void readAgain(PlaceOf place, Damage& damage);
