@@ -90,8 +90,9 @@ class DisplayList : private dxf::StoreListener {
   void makeSample(Clock::time_point deadline);
   void build(std::size_t chunk);
   void buildAllAgain();
-  Shown read(dxf::RecordIndex record, Shapes& shapes);
-  void draw(dxf::RecordIndex record, dxf::RecordIndex part, Shapes& shapes);
+  /// The writer's shapes are those given.
+  Shown read(dxf::RecordIndex record, Shapes& shapes, ShapeWriter& writer);
+  void draw(dxf::RecordIndex record, dxf::RecordIndex part, ShapeWriter& writer);
   void takeChanges(Damage& damage);
   bool takeChange(dxf::RecordIndex record, Damage& damage);
   void readAgain(PlaceOf place, Damage& damage);
@@ -106,6 +107,7 @@ class DisplayList : private dxf::StoreListener {
   std::unique_ptr<arx::DrawingWalk> walk_;
   std::vector<Chunk> chunks_;
   Chunk sample_;
+  Shapes scratch_;               ///< of the chunk that is being built: has the room that they need
   std::vector<PlaceOf> places_;  ///< by record
   std::vector<std::size_t> buildOrder_;
   std::size_t nextToBuild_ = 0;
