@@ -84,7 +84,7 @@ def main():
             subprocess.run([sys.executable, "-B", HERE / "make_drawing.py", files[-1][1], size], check=True)
         print_table(["drawing", "program", "seconds to rest", "ratio", "processor", "ratio"],
                     list(opening_rows(build, folder, files)))
-        print()
+        print(flush=True)
         # Every figure of the view itself, with the last and largest of the drawings.
         subprocess.run([build / "bin" / "desktop_view", files[-1][1]], check=True, env=QUIET, stderr=subprocess.DEVNULL)
 
