@@ -1,7 +1,10 @@
 // `kovra` with the lines of its scripts played as clicks and keys on native widgets. Where the
 // variable KOVRA_PLAY_REPORT names a file, what was wrong with the widgets goes there, a line for
-// each fault, then how often each act was done.
+// each fault, then how often each act was done. Where KOVRA_PLAY_PICTURE names a PNG file, the
+// dialog goes there as it looked when it was last at rest.
 #include <QApplication>
+#include <QDialog>
+#include <QPixmap>
 #include <clocale>
 #include <cstdlib>
 #include <fstream>
@@ -15,10 +18,26 @@ namespace {
 
 using namespace kovra;
 
+/// Draws the dialog on top into the file; does nothing while none is there.
+void keepPicture(const QString& file) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const bool shown = window->isVisible() && window->isEnabled();
+    if (!shown || !window->objectName().startsWith(QLatin1String("template-"))) continue;
+    constexpr int kSmallest = 0;  // the file, not the picture
+    window->grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", kSmallest);
+  }
+}
+
 /// Hands that say at the end what they met.
 class ReportingHands : public test::NativeHands {
  public:
   using NativeHands::NativeHands;
+  bool goOn() override {
+    const bool done = NativeHands::goOn();
+    if (!done && qEnvironmentVariableIsSet("KOVRA_PLAY_PICTURE"))
+      keepPicture(qEnvironmentVariable("KOVRA_PLAY_PICTURE"));
+    return done;
+  }
   ~ReportingHands() override {
     const char* file = std::getenv("KOVRA_PLAY_REPORT");
     if (file == nullptr) return;
