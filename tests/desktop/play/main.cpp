@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPixmap>
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <map>
 
 #include "host/program/options.h"
 #include "host/subcommands/run_command.h"
@@ -18,13 +20,27 @@ namespace {
 
 using namespace kovra;
 
+/// With the commonest of its colors alone, for a small file.
+QImage withFewColors(const QImage& picture) {
+  std::map<QRgb, int> counts;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+  QList<QRgb> colors;
+  for (const auto& [color, count] : counts) colors.append(color);
+  std::stable_sort(colors.begin(), colors.end(),
+                   [&counts](QRgb a, QRgb b) { return counts[a] > counts[b]; });
+  constexpr qsizetype kMost = 256;
+  return picture.convertToFormat(QImage::Format_Indexed8, colors.mid(0, kMost),
+                                 Qt::ThresholdDither);
+}
+
 /// Draws the dialog on top into the file; does nothing while none is there.
 void keepPicture(const QString& file) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     const bool shown = window->isVisible() && window->isEnabled();
     if (!shown || !window->objectName().startsWith(QLatin1String("template-"))) continue;
     constexpr int kSmallest = 0;  // the file, not the picture
-    window->grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", kSmallest);
+    withFewColors(window->grab().toImage()).save(file, "PNG", kSmallest);
   }
 }
 
