@@ -19,6 +19,13 @@ bool isDrawingName(const path& file) {
   return extension == ".dxf";
 }
 
+/// Whether a path stands before another one in the order of a walk: a folder's files before those
+/// of a folder whose name only goes on.
+bool isBefore(const std::string& left, const std::string& right) {
+  const auto rank = [](char c) { return c == '/' ? 0 : static_cast<unsigned char>(c); };
+  return std::ranges::lexicographical_compare(left, right, {}, rank, rank);
+}
+
 class DrawingFinder {
  public:
   Result<void> add(const std::string& name) {
@@ -35,17 +42,18 @@ class DrawingFinder {
  private:
   Result<void> addFolder(const path& folder) {
     std::error_code failure;
-    std::vector<path> files;
+    std::vector<std::string> files;
     for (std::filesystem::recursive_directory_iterator entry(folder, failure), end;
          !failure && entry != end; entry.increment(failure)) {
-      if (isDrawingName(entry->path()) && entry->is_regular_file()) files.push_back(entry->path());
+      if (isDrawingName(entry->path()) && entry->is_regular_file())
+        files.push_back(entry->path().string());
     }
     if (failure) return Error{ErrorKind::kNotReadable, folder.string() + ": " + failure.message()};
     if (files.empty()) return Error{ErrorKind::kNotFound, folder.string() + ": no drawing in it"};
-    std::sort(files.begin(), files.end());
+    std::sort(files.begin(), files.end(), isBefore);
     // What the walk puts behind the folder's name is its place there.
     const std::string begin = folder.filename().empty() ? folder.string() : folder.string() + '/';
-    for (const path& file : files) addFile(file.string(), begin.size());
+    for (const std::string& file : files) addFile(file, begin.size());
     return {};
   }
 

@@ -3,10 +3,9 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
-#include "platform/arx/database/object_id.h"
+#include "platform/arx/database/object_id_set.h"
 #include "platform/arx/editor/documents/keywords.h"
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/view.h"
@@ -58,7 +57,7 @@ struct DocumentSession {
   UcsMatrices ucs;
   std::vector<AcDbObjectId> implied;   ///< the implied selection
   std::vector<AcDbObjectId> previous;  ///< the last selection made
-  std::unordered_set<AcDbObjectId> highlighted;
+  ObjectIdSet highlighted;
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;

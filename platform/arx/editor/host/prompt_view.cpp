@@ -14,7 +14,7 @@ PromptView promptView() {
   const AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr) return shown;
   const DocumentSession& session = document->session();
-  shown.highlighted.assign(session.highlighted.begin(), session.highlighted.end());
+  shown.highlighted = session.highlighted.ids();
   shown.selected = session.implied;
   if (const SelectionSet* selection = activeSelection(); selection != nullptr)
     shown.selected = selection->members();
