@@ -10,6 +10,7 @@
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/view.h"
 #include "platform/arx/geometry/geometry.h"
+#include "platform/dxf/file_bytes.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
@@ -37,11 +38,18 @@ struct UcsMatrices {
   AcGeMatrix3d fromWorld;
 };
 
+/// Whose place a drawing takes that was opened from a copy.
+struct RecoveredFrom {
+  std::string file;  ///< empty: it was never saved
+  /// The file as the copy continues it; nothing when that is gone, or known to be another one now.
+  std::optional<dxf::FileStamp> stamp;
+};
+
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
   bool closing = false;  ///< every prompt is cancelled until the document is idle
-  /// Of a drawing that was opened from a copy until it is saved: its file, empty without one.
-  std::optional<std::string> recoveredFile;
+  /// Of a drawing that was opened from a copy, until it is saved.
+  std::optional<RecoveredFrom> recovered;
   std::vector<std::wstring> commands;                            ///< running, outermost first
   std::wstring lastCommand;                                      ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
