@@ -5,7 +5,7 @@ Seven tables, all figures from this one run. The first: drawings of several size
 of every attribute NAME set; beside it the same by other programs on the same file. The second: a pattern of counted copies.
 The third: arrays of texts that follow the cursor. The fourth: columns of aligned texts.
 The fifth: properties given to all texts of a drawing. The sixth: a property copy through all drawings of a project.
-The seventh: tables of the options.
+The seventh: tables of the options. Then those of the window (desktop_view.py), if it was built.
 Times end when the result lies on the disk (see measure.cpp); the input is in the page cache. Files are in build/bench; a
 folder in memory (--folder /dev/shm/bench) leaves a busy disk out of all of them.
 """
@@ -125,6 +125,9 @@ def main():
     print_table(*project_rows(arguments.build, arguments.folder, int(count), float(megabytes), arguments.runs))
     print()
     print_table(*option_rows(arguments.build, arguments.folder, sizes_of(arguments.tables)))
+    if (arguments.build / "bin" / "desktop_view").exists():
+        print(flush=True)
+        subprocess.run([sys.executable, "-B", HERE / "desktop_view.py", arguments.build], check=True)
 
 
 if __name__ == "__main__":

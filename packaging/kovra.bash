@@ -1,10 +1,14 @@
-# Completion of kovra and kovra-fleet for bash. Options come from the program's own help.
+# Completion of kovra, kovra-desktop and kovra-fleet for bash. Options come from the program's own help.
 _kovra() {
   local cur prev words cword
   _init_completion || return
   local word subcommand=
-  [[ ${words[0]##*/} == kovra-fleet ]] && subcommand=fleet
+  case ${words[0]##*/} in
+    kovra-fleet) subcommand=fleet ;;
+    kovra-desktop) subcommand=desktop ;;
+  esac
   for word in "${words[@]:1:cword-1}"; do
+    [[ -n $subcommand ]] && break
     case $word in
       list | check | plot | diff | each) subcommand=$word; break ;;
     esac
@@ -24,7 +28,7 @@ _kovra() {
   esac
   if [[ $cur == -* ]]; then
     local program="kovra $subcommand"
-    [[ $subcommand == fleet ]] && program=kovra-fleet
+    [[ $subcommand == fleet || $subcommand == desktop ]] && program=kovra-$subcommand
     COMPREPLY=($(compgen -W "$($program --help 2>/dev/null | grep -o -- '--[a-z-]*')" -- "$cur"))
     return
   fi
@@ -33,4 +37,4 @@ _kovra() {
   local found=("${COMPREPLY[@]}")
   _filedir '@(dxf|DXF)'
   COMPREPLY=("${found[@]}" "${COMPREPLY[@]}")
-} && complete -F _kovra kovra kovra-fleet
+} && complete -F _kovra kovra kovra-desktop kovra-fleet

@@ -33,7 +33,7 @@ ALLOWED = {
     "launch": ["platform"],
     "host": ["launch", "platform"],
     "host/terminal": [
-        "host/program/completion.h", "host/program/line_source.h",
+        "launch/completion.h", "host/program/line_source.h",
         "host/libraries/terminal_library.h", "platform",
     ],
     "host/picture": ["launch/picture_library.h", "platform"],

@@ -3,8 +3,10 @@
 
     tools/make_pictures.py KOVRA [FOLDER]
 
-KOVRA is the program. FOLDER (docs/dialogs) gets an SVG file for each dialog and language, and a page that shows them.
+KOVRA is the program. FOLDER (docs/dialogs) gets an SVG file for each dialog and language, a PNG file with its native window
+where desktop_play lies beside KOVRA, and a page that shows them.
 """
+import os
 import re
 import shutil
 import subprocess
@@ -42,6 +44,9 @@ class Picture:
     def file(self, language):
         return f"{self.template}{self.name}_{language}.svg"
 
+    def native_file(self, language):
+        return f"{self.template}{self.name}_{language}.png"
+
 
 PICTURES = (
     Picture(523, "6.0", ("KOVRA_TEXT",), "Texts one after another, below data version 7.00", "@esc"),
@@ -64,36 +69,49 @@ PICTURES = (
 )
 
 
-def draw(kovra, picture, language, folder):
-    """Runs the program on a copy of the example; fails when another dialog opens."""
+def draw(program, picture, language, folder):
+    """Runs the program on a copy of the example; fails when another dialog opens. Played on native windows the script is
+    the same, and the picture is taken of the window."""
+    native = program.name == "desktop_play"
+    file = picture.native_file(language) if native else picture.file(language)
+    line = [] if native else [f"@picture {file} dialog"]
+    environment = {**os.environ, "KOVRA_PLAY_PICTURE": str(folder.resolve() / file)}
     with tempfile.TemporaryDirectory() as place:
         project = Path(place) / "panel"
         shutil.copytree(ROOT / "examples" / "panel", project)
         settings = project / "project.ini"
         text = re.sub(r"DataVersion=.*", f"DataVersion={picture.version}", settings.read_text("utf-8"))
         settings.write_text(text, "utf-8")
-        lines = (*picture.lines, "@dialog", f"@picture {picture.file(language)} dialog", picture.end)
+        lines = (*picture.lines, "@dialog", *line, picture.end)
         run = subprocess.run(
-            [kovra, "--project", project, "--language", language, "--state", Path(place) / "state.db", "--script", "-",
-             project / "motor-1.dxf"], input="\n".join(lines), text=True, cwd=folder, capture_output=True, check=False)
+            [program, "--project", project, "--language", language, "--state", Path(place) / "state.db", "--script", "-",
+             project / "motor-1.dxf"], input="\n".join(lines), text=True, cwd=folder, capture_output=True, check=False,
+            env=environment)
         if run.returncode != 0 or f" template {picture.frame or picture.template} " not in run.stdout:
-            sys.exit(f"{picture.file(language)}: {run.stderr or run.stdout}")
+            sys.exit(f"{file}: {run.stderr or run.stdout}")
+
+
+def row(cells):
+    return "| " + " | ".join(cells) + " |"
 
 
 def page():
-    text = ["# Dialogs", "", "Made by `make pictures`: each dialog as its command opens it on the example project.", ""]
+    text = ["# Dialogs", "", "Made by `make pictures`: each dialog as its command opens it on the example project, drawn by `kovra`",
+            "(`@picture`) and, below, as `kovra-desktop` shows it; there the window takes the looks of its desktop.", ""]
     for picture in PICTURES:
         text += [f"## {picture.template}: {picture.what}", "", "| " + " | ".join(LANGUAGES.values()) + " |", "|---|---|",
-                 "| " + " | ".join(f"![{picture.template} {language}]({picture.file(language)})" for language in LANGUAGES)
-                 + " |", ""]
+                 row(f"![{picture.template} {language}]({picture.file(language)})" for language in LANGUAGES),
+                 row(f"![{picture.template} {language}, native]({picture.native_file(language)})" for language in LANGUAGES), ""]
     return "\n".join(text)
 
 
 def make(kovra, folder):
     folder.mkdir(parents=True, exist_ok=True)
+    programs = [program for program in (kovra, kovra.with_name("desktop_play")) if program.exists()]
     for picture in PICTURES:
         for language in LANGUAGES:
-            draw(kovra, picture, language, folder)
+            for program in programs:
+                draw(program, picture, language, folder)
     (folder / "README.md").write_text(page(), "utf-8")
 
 

@@ -143,7 +143,8 @@ Result<void> Autosave::recover(const KeptCopy& kept) {
   for (const DrawingInfo& drawing : editor::drawings())
     if (!kept.file.isEmpty() && drawing.file == kept.file.toStdString() && !drawing.modified)
       static_cast<void>(editor::closeDrawing(drawing.id));
-  const auto opened = editor::recoverDrawing(kept.copy.toStdString(), kept.file.toStdString());
+  const auto opened =
+      editor::recoverDrawing(kept.copy.toStdString(), kept.file.toStdString(), !kept.stale);
   if (!opened) return opened.error();
   // From now on the copy is this run's.
   if (begin()) {

@@ -1,6 +1,8 @@
-// Every text of the main window, in both languages.
+// The texts of the main window, in both languages; those of commands are in commands.h.
 #pragma once
 #include <QString>
+
+#include "desktop/loop/worded.h"
 
 namespace kovra::desktop {
 
@@ -27,25 +29,12 @@ enum class Caption {
   kUndoNamed,
   kRedo,
   kRedoNamed,
-  kErase,
-  kMove,
   kSelectAll,
   kExtents,
   kZoomIn,
   kZoomOut,
   kZoomWindow,
-  kRegenerate,
   kToolBar,
-  kText,
-  kTextResize,
-  kTextProperties,
-  kTextCountUp,
-  kAttrCopy,
-  kAttrCopyAll,
-  kAttrCopyLine,
-  kTextSets,
-  kTextAlign,
-  kOptions,
   kHelpContents,
   kAbout,
   kCommandLine,
@@ -99,8 +88,7 @@ QString sayPlain(Caption caption);
 /// A row of the table, for tests.
 struct CaptionRow {
   Caption caption;
-  const char* english;
-  const char* japanese;
+  Worded words;
 };
 const CaptionRow& captionRow(Caption caption);
 

@@ -1,16 +1,23 @@
 #include "desktop/frame/command_line.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QStringListModel>
+#include <algorithm>
 
 #include "desktop/frame/captions.h"
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
+#include "launch/completion.h"
 #include "platform/arx/editor/host_api.h"
 #include "platform/win/base/interaction.h"
 
@@ -36,6 +43,15 @@ QString lastLine(const std::wstring& prompt) {
 
 }  // namespace
 
+/// The keyword as the prompt writes it in its brackets; one that isn't there as it is defined. Its
+/// capitals are the shortest form in both.
+QString writtenKeyword(const QString& keyword, const QString& prompt) {
+  const QString inBrackets = prompt.section(QLatin1Char('['), -1).section(QLatin1Char(']'), 0, 0);
+  for (const QString& word : inBrackets.split(QLatin1Char('/')))
+    if (word.trimmed().compare(keyword, Qt::CaseInsensitive) == 0) return word.trimmed();
+  return keyword;
+}
+
 /// The line; keys go to its owner first.
 class CommandLine::Input : public QLineEdit {
  public:
@@ -43,6 +59,7 @@ class CommandLine::Input : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
+    if (leavesToOffers(*event)) return event->ignore();
     if (!owner_->handleKey(event)) QLineEdit::keyPressEvent(event);
   }
   bool event(QEvent* event) override {
@@ -51,10 +68,31 @@ class CommandLine::Input : public QLineEdit {
       event->ignore();
       return true;
     }
+    // With nothing typed, Tab goes on to the next part of the window.
+    if (event->type() == QEvent::KeyPress && !text().isEmpty()) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (leavesToOffers(*key)) {
+        event->ignore();
+        return false;
+      }
+      if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier) {
+        inputQueue().add([owner = QPointer<CommandLine>(owner_)] {
+          if (owner != nullptr) owner->complete();
+        });
+        return true;
+      }
+    }
     return QLineEdit::event(event);
   }
 
  private:
+  /// Keys that choose from the list of offers while it is open.
+  bool leavesToOffers(const QKeyEvent& event) const {
+    const auto choosing = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Escape};
+    return owner_->offers_->popup()->isVisible() &&
+           std::find(choosing.begin(), choosing.end(), event.key()) != choosing.end();
+  }
+
   CommandLine* owner_;
 };
 
@@ -71,6 +109,12 @@ CommandLine::CommandLine(QWidget* parent) : QWidget(parent) {
   input_->setObjectName(QStringLiteral("commandInput"));
   input_->setPlaceholderText(say(Caption::kTypeHere));
   input_->setAccessibleName(say(Caption::kCommandLine));
+  offers_ = new QCompleter(new QStringListModel(this), this);
+  offers_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  offers_->setWidget(input_);
+  connect(offers_, qOverload<const QString&>(&QCompleter::activated), input_,
+          [this](const QString& name) { input_->setText(beforeOffers_ + name); });
+  connect(input_, &QLineEdit::textEdited, input_, [this] { offers_->popup()->hide(); });
   keywordBar_ = new QWidget(this);
   keywordRow_ = new QHBoxLayout(keywordBar_);
   keywordRow_->setContentsMargins(0, 0, 0, 0);
@@ -107,18 +151,22 @@ void CommandLine::refresh() {
   prompt_->setVisible(!prompt.isEmpty());
   input_->setEnabled(takes);
   takesBlanks_ = wait.takesBlanks;
-  if (takes && keywords_ != wait.keywords) showKeywords(wait.keywords);
-  if (!takes && !keywords_.empty()) showKeywords({});
+  if (!takes) {
+    showKeywords({}, {});
+  } else if (keywords_ != wait.keywords || keywordsOf_ != prompt) {
+    showKeywords(wait.keywords, prompt);
+  }
 }
 
-void CommandLine::showKeywords(const std::vector<std::wstring>& keywords) {
+void CommandLine::showKeywords(const std::vector<std::wstring>& keywords, const QString& prompt) {
   keywords_ = keywords;
+  keywordsOf_ = prompt;
   while (QLayoutItem* item = keywordRow_->takeAt(0)) {
     item->widget()->deleteLater();
     delete item;
   }
   for (const std::wstring& keyword : keywords) {
-    auto* button = new QPushButton(toQt(keyword), keywordBar_);
+    auto* button = new QPushButton(writtenKeyword(toQt(keyword), prompt), keywordBar_);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QPushButton::clicked, button, [keyword] { typeLater(keyword + L"\n"); });
     keywordRow_->addWidget(button);
@@ -185,6 +233,36 @@ void CommandLine::recall(int step) {
   if (wanted < 0 || wanted > history_.size()) return;
   recalled_ = wanted;
   input_->setText(wanted < history_.size() ? history_[wanted] : QString());
+}
+
+/// What is certain is written, else the list of what fits is opened.
+void CommandLine::complete() {
+  const QString text = input_->text(), behind = text.mid(input_->cursorPosition());
+  const std::wstring line = fromQt(text.left(input_->cursorPosition()));
+  const launch::Completion done = launch::complete(
+      line, arx::host::topWait(),
+      [](launch::OfferKind kind, std::wstring_view) { return launch::editorOffers(kind); });
+  if (done.candidates.empty()) return;
+  const QString before = toQt(line.substr(0, done.begin));
+  if (done.literal != done.typed) {
+    const QString completed = before + toQt(done.literal);
+    input_->setText(completed + behind);
+    input_->setCursorPosition(static_cast<int>(completed.size()));
+  }
+  if (done.literal.size() > done.typed.size() || done.candidates.size() == 1) return;
+  QStringList names;
+  for (const launch::Offer& offered : done.candidates) names.append(toQt(offered.name));
+  offer(before, names);
+}
+
+void CommandLine::offer(const QString& before, const QStringList& names) {
+  beforeOffers_ = before;
+  static_cast<QStringListModel*>(offers_->model())->setStringList(names);
+  const int width = offers_->popup()->sizeHintForColumn(0);
+  const int left = input_->fontMetrics().horizontalAdvance(before);
+  const int bar = offers_->popup()->verticalScrollBar()->sizeHint().width();
+  offers_->complete(
+      {left, 0, width + bar + 2 * offers_->popup()->frameWidth() + 8, input_->height()});
 }
 
 }  // namespace kovra::desktop

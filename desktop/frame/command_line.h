@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+class QCompleter;
 class QHBoxLayout;
 class QKeyEvent;
 class QLabel;
@@ -12,7 +13,7 @@ class QPlainTextEdit;
 namespace kovra::desktop {
 
 /// Shows what the command line said, the prompt, its keywords as buttons, and takes what is typed.
-/// Enter ends a line; so does a blank, where the prompt takes no text with blanks.
+/// Enter ends a line; so does a blank, where the prompt takes no text with blanks. Tab completes.
 class CommandLine : public QWidget {
  public:
   explicit CommandLine(QWidget* parent);
@@ -31,7 +32,9 @@ class CommandLine : public QWidget {
   void cancel();
   bool handleKey(QKeyEvent* event);
   void recall(int step);
-  void showKeywords(const std::vector<std::wstring>& keywords);
+  void complete();
+  void offer(const QString& before, const QStringList& names);
+  void showKeywords(const std::vector<std::wstring>& keywords, const QString& prompt);
 
   QPlainTextEdit* transcript_ = nullptr;
   QLabel* prompt_ = nullptr;
@@ -40,6 +43,9 @@ class CommandLine : public QWidget {
   QHBoxLayout* keywordRow_ = nullptr;
   std::string unfinished_;  // the transcript's last line, as far as it was printed
   std::vector<std::wstring> keywords_;
+  QString keywordsOf_;  // the prompt that they were shown for
+  QCompleter* offers_ = nullptr;
+  QString beforeOffers_;  // the line up to what is offered
   QStringList history_;
   qsizetype recalled_ = 0;
   bool takesBlanks_ = false;

@@ -144,11 +144,9 @@ void DrawingFiles::close(DrawingId id) {
 
 void DrawingFiles::reload(DrawingId id) {
   unwindThen([this, id] {
-    const auto drawing = findDrawing(id);
-    if (!drawing) return;
-    if (const auto closed = editor::closeDrawing(id); !closed)
-      return tellFailure(&window_, say(Caption::kCannotOpen), closed.error().message);
-    open(QString::fromStdString(drawing->file.string()));
+    if (!findDrawing(id)) return;
+    if (const auto read = editor::reloadDrawing(id); !read)
+      tellFailure(&window_, say(Caption::kCannotOpen), read.error().message);
   });
 }
 

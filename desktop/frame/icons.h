@@ -1,4 +1,4 @@
-// Icons of the program's own, as paths.
+// Icons of the program's own, as paths; those of commands are in commands.h.
 #pragma once
 #include <QIcon>
 
@@ -13,25 +13,22 @@ enum class Icon {
   kPlot,
   kUndo,
   kRedo,
-  kErase,
   kExtents,
   kZoomIn,
   kZoomOut,
-  kText,
-  kTextResize,
-  kTextProperties,
-  kTextCountUp,
-  kAttrCopy,
-  kAttrCopyAll,
-  kAttrCopyLine,
-  kTextSets,
-  kTextAlign,
-  kOptions,
   kHelp,
   kLocked
 };
 
+/// Paths on a field of 24 by 24: M and L as in SVG paths, Z closes, C x y r is a circle. `accent`
+/// is drawn in the accent color, over the lines.
+struct IconPaths {
+  const char* lines = "";
+  const char* accent = "";
+};
+
 /// Drawn in the palette's text color with one accent, so that they show on dark themes too.
+QIcon drawnIcon(const IconPaths& paths);
 QIcon drawnIcon(Icon icon);
 
 }  // namespace kovra::desktop

@@ -9,6 +9,7 @@
 #include <map>
 
 #include "desktop/frame/captions.h"
+#include "desktop/frame/commands.h"
 #include "desktop/frame/icons.h"
 #include "desktop/frame/settings.h"
 #include "desktop/frame/unwinding.h"
@@ -22,29 +23,6 @@ namespace {
 
 namespace editor = arx::host;
 
-struct TextCommand {
-  Caption caption;
-  Icon icon;
-  const wchar_t* name;
-  bool onToolBar = true;
-};
-
-/// The module's commands in the order of the menu.
-constexpr TextCommand kTextCommands[] = {
-    {Caption::kText, Icon::kText, L"KOVRA_TEXT"},
-    {Caption::kTextCountUp, Icon::kTextCountUp, L"KOVRA_TEXT_COUNTUP"},
-    {Caption::kTextAlign, Icon::kTextAlign, L"KOVRA_TEXT_ALIGN"},
-    {Caption::kTextResize, Icon::kTextResize, L"KOVRA_TEXT_RESIZEH"},
-    {Caption::kTextProperties, Icon::kTextProperties, L"KOVRA_TEXT_PROPERTIES"},
-    {Caption::kTextSets, Icon::kTextSets, L"KOVRA_TEXT_EDITPROP"},
-    {Caption::kAttrCopy, Icon::kAttrCopy, L"KOVRA_ATTR_COPY"},
-    {Caption::kAttrCopyAll, Icon::kAttrCopyAll, L"KOVRA_ATTR_COPY_ALL"},
-    {Caption::kAttrCopyLine, Icon::kAttrCopyLine, L"-KOVRA_ATTR_COPY"},
-};
-
-constexpr std::pair<const wchar_t*, Caption> kEditCommands[] = {
-    {L"ERASE", Caption::kErase}, {L"MOVE", Caption::kMove}, {L"CLAYER", Caption::kLayer}};
-
 }  // namespace
 
 struct Menus::Entry {
@@ -54,14 +32,6 @@ struct Menus::Entry {
   Needs needs = Needs::kNoDialog;
   bool onToolBar = false;
 };
-
-QString commandTitle(const std::wstring& name) {
-  for (const TextCommand& command : kTextCommands)
-    if (name == command.name) return sayPlain(command.caption);
-  for (const auto& [command, caption] : kEditCommands)
-    if (name == command) return sayPlain(caption);
-  return toQt(name);
-}
 
 Menus::Menus(QMainWindow& window, MenuHands hands) : window_(window), hands_(std::move(hands)) {
   toolbar_ = window.addToolBar(sayPlain(Caption::kToolBar));
@@ -74,22 +44,30 @@ Menus::Menus(QMainWindow& window, MenuHands hands) : window_(window), hands_(std
   fillText(menu(Caption::kTextMenu));
   fillProject(menu(Caption::kProjectMenu));
   fillHelp(menu(Caption::kHelpMenu));
+  refresh();
 }
 
 QAction* Menus::add(QMenu* menu, const Entry& entry, std::function<void()> act) {
   QAction* action = menu->addAction(drawnIcon(entry.icon), say(entry.caption));
   action->setShortcut(entry.keys);
   action->setToolTip(sayPlain(entry.caption));
-  QObject::connect(action, &QAction::triggered, action, [act] { inputQueue().add(act); });
-  needs_.emplace_back(action, entry.needs);
+  connect(action, entry.needs, std::move(act));
   if (entry.onToolBar) toolbar_->addAction(action);
   return action;
 }
 
-void Menus::addCommand(QMenu* menu, const Entry& entry, const wchar_t* command) {
-  QAction* action = add(menu, entry, [command] { runCommand(command); });
-  action->setObjectName(toQt(command));
-  action->setToolTip(action->toolTip() + QStringLiteral(" (%1)").arg(toQt(command)));
+void Menus::connect(QAction* action, Needs needs, std::function<void()> act) {
+  QObject::connect(action, &QAction::triggered, action, [act] { inputQueue().add(act); });
+  needs_.emplace_back(action, needs);
+}
+
+QAction* Menus::addCommand(QMenu* menu, const Command& command) {
+  QAction* action = menu->addAction(drawnIcon(command.icon), command.title.text());
+  const QString name = toQt(command.name);
+  action->setObjectName(name);
+  action->setToolTip(QStringLiteral("%1 (%2)").arg(commandTitle(command.name), name));
+  connect(action, Needs::kDrawing, [name = command.name] { runCommand(name); });
+  return action;
 }
 
 void Menus::addRecent(QMenu* menu, bool projects) {
@@ -141,9 +119,8 @@ void Menus::fillEdit(QMenu* menu) {
   undo_->setObjectName(QStringLiteral("undo"));
   redo_->setObjectName(QStringLiteral("redo"));
   menu->addSeparator();
-  addCommand(menu, {Caption::kErase, Icon::kErase, QKeySequence::Delete, Needs::kDrawing},
-             L"ERASE");
-  addCommand(menu, {Caption::kMove, Icon::kNone, {}, Needs::kDrawing}, L"MOVE");
+  addCommand(menu, *findCommand(L"ERASE"))->setShortcut(QKeySequence::Delete);
+  addCommand(menu, *findCommand(L"MOVE"));
   menu->addSeparator();
   add(menu, {Caption::kSelectAll, Icon::kNone, QKeySequence::SelectAll, Needs::kDrawing},
       hands_.selectAll);
@@ -164,7 +141,7 @@ void Menus::fillView(QMenu* menu) {
     add(menu, {Caption::kZoomOut, Icon::kZoomOut, QKeySequence::ZoomOut, Needs::kDrawing, true},
         hands_.zoomOut);
   }
-  addCommand(menu, {Caption::kRegenerate, Icon::kNone, {}, Needs::kDrawing}, L"REGEN");
+  addCommand(menu, *findCommand(L"REGEN"));
   menu->addSeparator();
   QAction* toolbar = toolbar_->toggleViewAction();
   toolbar->setText(say(Caption::kToolBar));
@@ -173,11 +150,12 @@ void Menus::fillView(QMenu* menu) {
 }
 
 void Menus::fillText(QMenu* menu) {
-  for (const TextCommand& command : kTextCommands)
-    addCommand(menu, {command.caption, command.icon, {}, Needs::kDrawing, command.onToolBar},
-               command.name);
-  menu->addSeparator();
-  addCommand(menu, {Caption::kOptions, Icon::kOptions, {}, Needs::kDrawing}, L"KOVRA_OPTIONS");
+  for (const Command& command : textCommands()) {
+    const bool options = std::wstring_view(command.name) == L"KOVRA_OPTIONS";
+    if (options) menu->addSeparator();
+    if (options) toolbar_->addSeparator();
+    toolbar_->addAction(addCommand(menu, command));
+  }
 }
 
 void Menus::fillProject(QMenu* menu) {

@@ -11,6 +11,8 @@ class QToolBar;
 
 namespace kovra::desktop {
 
+struct Command;
+
 /// What the menus do beside typing commands; each is called as an act of the input queue.
 struct MenuHands {
   std::function<void()> newDrawing, open, save, saveAs, saveAll, plot, close, quit;
@@ -34,7 +36,8 @@ class Menus {
   struct Entry;
 
   QAction* add(QMenu* menu, const Entry& entry, std::function<void()> act);
-  void addCommand(QMenu* menu, const Entry& entry, const wchar_t* command);
+  QAction* addCommand(QMenu* menu, const Command& command);
+  void connect(QAction* action, Needs needs, std::function<void()> act);
   void addRecent(QMenu* menu, bool projects);
   void fillFile(QMenu* menu);
   void fillEdit(QMenu* menu);
@@ -51,8 +54,5 @@ class Menus {
   QAction* redo_ = nullptr;
   std::vector<std::pair<QAction*, Needs>> needs_;
 };
-
-/// What users call a command: its entry's name without the access key, else the name itself.
-QString commandTitle(const std::wstring& name);
 
 }  // namespace kovra::desktop

@@ -36,7 +36,9 @@ void unwindThen(std::function<void()> act) {
 
 void runCommand(const std::wstring& name) {
   inputQueue().add([name] {
-    const Result<void> typed = editor::typeText(L"\x03\x03" + name + L"\n");
+    // With nothing to cancel, a cancel would drop what is selected for the command.
+    const bool idle = editor::topWait().kind == editor::WaitKind::kIdle;
+    const Result<void> typed = editor::typeText((idle ? L"" : L"\x03\x03") + name + L"\n");
     if (typed) return;
     win::interaction().freshLine();
     win::interaction().print(typed.error().message + "\n");

@@ -14,7 +14,7 @@ MadeControl makeControl(const win::ControlListing& listing, QWidget* parent, Sca
   if (kind == "group") return makeGroup(listing, parent);
   if (kind == "label" || kind == "icon") return makeLabel(listing, parent);
   if (kind == "button" && win::buttonKind(listing.window) == BS_OWNERDRAW)
-    return makePaintedButton(listing, parent, scale);
+    return makePaintedButton(listing, parent);
   if (kind == "button" || kind == "check" || kind == "radio") return makeButton(listing, parent);
   if (kind == "edit")
     return win::hasStyle(listing.window, ES_MULTILINE) ? makeTextField(listing, parent)

@@ -39,7 +39,7 @@ HWND dialogOf(HWND control);
 
 using MadeControl = std::unique_ptr<ControlMirror>;
 MadeControl makeButton(const win::ControlListing& listing, QWidget* parent);
-MadeControl makePaintedButton(const win::ControlListing& listing, QWidget* parent, Scale scale);
+MadeControl makePaintedButton(const win::ControlListing& listing, QWidget* parent);
 MadeControl makeGroup(const win::ControlListing& listing, QWidget* parent);
 MadeControl makeLabel(const win::ControlListing& listing, QWidget* parent);
 MadeControl makeField(const win::ControlListing& listing, QWidget* parent);

@@ -7,11 +7,14 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScreen>
+#include <cstdlib>
+#include <utility>
 
 #include "desktop/loop/texts.h"
 #include "desktop/mirror/acts.h"
 #include "platform/win/desktop/table_input.h"
 #include "platform/win/dialogs/dialogs.h"
+#include "platform/win/windows/system_metrics.h"
 #include "platform/win/windows/window_api.h"
 
 namespace kovra::desktop {
@@ -78,6 +81,21 @@ void DialogWidget::follow() {
   following_ = false;
 }
 
+/// False: nobody has chosen the place in memory, neither the user, before, nor the dialog: it is
+/// the template's or the middle.
+bool DialogWidget::placedByItself(const RECT& outer) const {
+  const auto* state = win::stateOf<win::DialogState>(dialog_);
+  if (state == nullptr || (outer.left == state->corner.x && outer.top == state->corner.y))
+    return false;
+  RECT around{};
+  const HWND owner = win::findWindow(dialog_)->owner;
+  if (owner == nullptr || !GetWindowRect(owner, &around) || win::widthOf(around) == 0)
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+  const auto apart = [](LONG a, LONG b) { return std::abs(a - b) > 1; };
+  return apart((outer.left + outer.right) / 2, (around.left + around.right) / 2) ||
+         apart((outer.top + outer.bottom) / 2, (around.top + around.bottom) / 2);
+}
+
 void DialogWidget::followPlace() {
   const RECT outer = win::screenPlace(dialog_);
   const RECT client = win::clientOnScreen(dialog_);
@@ -94,7 +112,12 @@ void DialogWidget::followPlace() {
   } else {
     setFixedSize(inside);
   }
-  if (moved) move(placeOnScreen(outer, frameGeometry().size(), screenArea()));
+  const bool first = !std::exchange(placed_, true);
+  if (first && parentWidget() != nullptr && !placedByItself(outer)) {
+    move(placeOverMiddle(parentWidget()->frameGeometry(), frameGeometry().size(), screenArea()));
+  } else if (moved) {
+    move(placeOnScreen(outer, frameGeometry().size(), screenArea()));
+  }
   followed_ = outer;
 }
 

@@ -14,23 +14,13 @@
 
 #include "desktop/loop/input_queue.h"
 #include "desktop/loop/texts.h"
+#include "desktop/loop/worded.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/messages.h"
 #include "platform/win/base/run_settings.h"
 
 namespace kovra::desktop {
 namespace {
-
-/// A text of the desktop in the program's language.
-struct Worded {
-  const char* english;
-  const char* japanese;
-
-  QString text() const {
-    const bool inJapanese = win::runSettings().language == win::Language::japanese;
-    return QString::fromUtf8(inJapanese ? japanese : english);
-  }
-};
 
 QString buttonText(int button) {
   static const std::map<int, Worded> kTexts = {

@@ -19,13 +19,13 @@ namespace {
 
 class PaintedButton : public QAbstractButton {
  public:
-  PaintedButton(HWND window, QWidget* parent, Scale scale)
-      : QAbstractButton(parent), window_(window), scale_(scale) {
+  PaintedButton(HWND window, QWidget* parent) : QAbstractButton(parent), window_(window) {
     setAttribute(Qt::WA_Hover);
   }
 
   /// What the window paints, asked for while everything is at rest.
   void setSteps(std::vector<win::PaintStep> steps) {
+    GetClientRect(window_, &room_);
     if (steps == steps_) return;
     steps_ = std::move(steps);
     update();
@@ -46,11 +46,18 @@ class PaintedButton : public QAbstractButton {
   }
 
  private:
+  /// Of the button, so that what fills the room in memory fills it too, however its size came to
+  /// be rounded.
+  Scale scale() const {
+    if (win::widthOf(room_) == 0 || win::heightOf(room_) == 0) return {};
+    return {static_cast<double>(width()) / win::widthOf(room_),
+            static_cast<double>(height()) / win::heightOf(room_)};
+  }
   void paint(QPainter& painter, const win::PaintStep& step);
   void paintFrame(QPainter& painter, const QRect& place, QStyle::State state);
 
   HWND window_;
-  Scale scale_;
+  RECT room_{};  ///< in memory
   std::vector<win::PaintStep> steps_;
 };
 
@@ -100,7 +107,7 @@ QPalette::ColorRole roleOf(int color) {
 }
 
 void PaintedButton::paint(QPainter& painter, const win::PaintStep& step) {
-  const QRect place = scale_.rect(step.place);
+  const QRect place = scale().rect(step.place);
   switch (step.kind) {
     case win::PaintStep::Kind::themePart:
     case win::PaintStep::Kind::frame:
@@ -157,9 +164,8 @@ class PaintedMirror : public ControlMirror {
 
 }  // namespace
 
-MadeControl makePaintedButton(const win::ControlListing& listing, QWidget* parent, Scale scale) {
-  return std::make_unique<PaintedMirror>(listing.window,
-                                         new PaintedButton(listing.window, parent, scale));
+MadeControl makePaintedButton(const win::ControlListing& listing, QWidget* parent) {
+  return std::make_unique<PaintedMirror>(listing.window, new PaintedButton(listing.window, parent));
 }
 
 }  // namespace kovra::desktop

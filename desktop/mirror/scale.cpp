@@ -72,6 +72,15 @@ QPoint placeOnScreen(const RECT& outer, QSize size, const QRect& screen) {
                                                             size.height(), screen.height())));
 }
 
+QPoint placeOverMiddle(const QRect& owner, QSize size, const QRect& screen) {
+  QRect place(QPoint(), size);
+  place.moveCenter(owner.center());
+  const int right = std::max(screen.left(), screen.right() + 1 - size.width());
+  const int bottom = std::max(screen.top(), screen.bottom() + 1 - size.height());
+  return {std::clamp(place.left(), screen.left(), right),
+          std::clamp(place.top(), screen.top(), bottom)};
+}
+
 POINT placeInMemory(const RECT& outer, QSize size, const QRect& screen, QPoint corner) {
   const SIZE work = workArea();
   const QPoint offset = corner - screen.topLeft();

@@ -27,6 +27,8 @@ Scale scaleOf(const QFont& font, SIZE baseUnits);
 /// Where a dialog stands on a native screen: in the middle or at an edge as it does on the screen
 /// in memory. `outer` is its place in memory, `size` the native size with its frame.
 QPoint placeOnScreen(const RECT& outer, QSize size, const QRect& screen);
+/// In the middle of its owner, as far as the screen has room.
+QPoint placeOverMiddle(const QRect& owner, QSize size, const QRect& screen);
 /// The corner in memory of a native dialog whose frame stands at `corner`.
 POINT placeInMemory(const RECT& outer, QSize size, const QRect& screen, QPoint corner);
 

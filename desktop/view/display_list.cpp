@@ -124,21 +124,32 @@ void DisplayList::buildAllAgain() {
   nextToBuild_ = 0;
 }
 
-Shown DisplayList::read(RecordIndex record, Shapes& shapes) {
-  Shown shown;
-  shown.record = record;
-  if (database_.store().erased(record)) return shown;
-  shown.range.firstCurve = static_cast<std::uint32_t>(shapes.curves.size());
-  shown.range.firstText = static_cast<std::uint32_t>(shapes.texts.size());
-  ShapeWriter writer(shapes);
+void DisplayList::draw(RecordIndex record, RecordIndex part, ShapeWriter& writer) {
   AcGiGeometry& geometry = writer.geometry();
   walk_->entity(record, [&](const arx::DrawnLeaf& leaf) {
+    if (part != record && part != leaf.record) return true;
     writer.subEntityTraits().setTrueColor(leaf.color);
     geometry.pushModelTransform(leaf.toWorld);
     arx::drawRecord(database_, leaf.record, leaf.draft, geometry);
     geometry.popModelTransform();
     return true;
   });
+}
+
+Shapes DisplayList::shapesOf(RecordIndex entity, RecordIndex part) {
+  Shapes shapes;
+  ShapeWriter writer(shapes);
+  if (!database_.store().erased(entity)) draw(entity, part, writer);
+  return shapes;
+}
+
+Shown DisplayList::read(RecordIndex record, Shapes& shapes, ShapeWriter& writer) {
+  Shown shown;
+  shown.record = record;
+  if (database_.store().erased(record)) return shown;
+  shown.range.firstCurve = static_cast<std::uint32_t>(shapes.curves.size());
+  shown.range.firstText = static_cast<std::uint32_t>(shapes.texts.size());
+  draw(record, record, writer);
   shown.range.curves = static_cast<std::uint32_t>(shapes.curves.size()) - shown.range.firstCurve;
   shown.range.texts = static_cast<std::uint32_t>(shapes.texts.size()) - shown.range.firstText;
   shown.box = shapes.boxOf(shown.range);
@@ -148,11 +159,13 @@ Shown DisplayList::read(RecordIndex record, Shapes& shapes) {
 
 void DisplayList::build(std::size_t number) {
   Chunk& chunk = chunks_[number];
-  chunk.shapes.clear();
+  scratch_.clear();
+  ShapeWriter writer(scratch_);
   chunk.entities.clear();
   chunk.entities.reserve(chunk.records.size());
   for (const RecordIndex record : chunk.records)
-    chunk.entities.push_back(read(record, chunk.shapes));
+    chunk.entities.push_back(read(record, scratch_, writer));
+  chunk.shapes = scratch_;  // no larger than it has to be
   chunk.unused = 0;
   chunk.stale = false;
   buildIndex(chunk);
@@ -161,13 +174,14 @@ void DisplayList::build(std::size_t number) {
 void DisplayList::makeSample(Clock::time_point deadline) {
   sample_.stale = false;
   const std::size_t step = std::max<std::size_t>(1, chunks_.size() * kChunkEntities / kSampled);
+  ShapeWriter writer(sample_.shapes);
   std::minstd_rand random;  // a fixed step may meet the drawing's own
   for (const std::size_t i : spreadOrder(kSampled)) {
     const std::size_t at = i * step + random() % step;
     const std::size_t number = at / kChunkEntities;
     if (number >= chunks_.size() || at % kChunkEntities >= chunks_[number].records.size()) continue;
     const RecordIndex record = chunks_[number].records[at % kChunkEntities];
-    sample_.entities.push_back(read(record, sample_.shapes));
+    sample_.entities.push_back(read(record, sample_.shapes, writer));
     if (Clock::now() >= deadline) break;
   }
 }
@@ -302,7 +316,8 @@ void DisplayList::readAgain(PlaceOf place, Damage& damage) {
     chunk.index.remove({shown.reach, place.at});
   }
   chunk.unused += shown.range.curves + shown.range.texts;
-  shown = read(shown.record, chunk.shapes);
+  ShapeWriter writer(chunk.shapes);
+  shown = read(shown.record, chunk.shapes, writer);
   if (!shown.box.isEmpty()) {
     damage.boxes.push_back(shown.box);
     chunk.index.insert({shown.reach, place.at});

@@ -65,6 +65,8 @@ class DisplayList : private dxf::StoreListener {
   const Chunk& sample() const { return sample_; }
   /// Null for what isn't shown or not built yet.
   const Shown* find(dxf::RecordIndex record, const Chunk*& chunk) const;
+  /// What a record of an entity draws, read anew: of the entity itself, everything.
+  Shapes shapesOf(dxf::RecordIndex entity, dxf::RecordIndex part);
   /// Calls visit(chunk, shown) for entities with their reach in the box, in no special order.
   template <class Visit>
   void visit(const Box& box, Visit visit) const;
@@ -88,7 +90,9 @@ class DisplayList : private dxf::StoreListener {
   void makeSample(Clock::time_point deadline);
   void build(std::size_t chunk);
   void buildAllAgain();
-  Shown read(dxf::RecordIndex record, Shapes& shapes);
+  /// The writer's shapes are those given.
+  Shown read(dxf::RecordIndex record, Shapes& shapes, ShapeWriter& writer);
+  void draw(dxf::RecordIndex record, dxf::RecordIndex part, ShapeWriter& writer);
   void takeChanges(Damage& damage);
   bool takeChange(dxf::RecordIndex record, Damage& damage);
   void readAgain(PlaceOf place, Damage& damage);
@@ -103,6 +107,7 @@ class DisplayList : private dxf::StoreListener {
   std::unique_ptr<arx::DrawingWalk> walk_;
   std::vector<Chunk> chunks_;
   Chunk sample_;
+  Shapes scratch_;               ///< of the chunk that is being built: has the room that they need
   std::vector<PlaceOf> places_;  ///< by record
   std::vector<std::size_t> buildOrder_;
   std::size_t nextToBuild_ = 0;

@@ -124,7 +124,8 @@ void DrawingView::Shown::refresh() {
     picture_.damage(damage);
     changed = picture_.work(Clock::now() + (first ? kFirstSlice : kSlice)) || changed;
   }
-  changed = overlay_.refresh(list_, pixels) || changed;
+  const bool hovers = cursor && !boxFrom && !pannedFrom && !zoomWindow;
+  changed = overlay_.refresh(list_, pixels, hovers) || changed;
   changed = acts_.takeSnapChanged() || changed;
   if (changed) view_.update();
   if (!complete()) wakeSoon();
@@ -179,7 +180,8 @@ void DrawingView::Shown::paint(QPainter& painter) const {
     paintBox(painter, box, !zoomWindow && box.width() < 0);
   }
   if (const auto& snap = acts_.snap(); snap)
-    paintSnap(painter, shown.toPixel({snap->place.x, snap->place.y}), snap->kind, pixels);
+    paintSnap(painter, shown.toPixel({snap->place.x, snap->place.y}), snap->kind, pixels,
+              QRectF(0, 0, shown.width, shown.height));
   paintCursor(painter);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/loop/texts.h"
 #include "desktop/view/shape_painter.h"
 #include "platform/arx/database/entity.h"
 #include "platform/arx/editor/picks/drag.h"
@@ -12,9 +13,13 @@ namespace kovra::desktop {
 namespace {
 
 constexpr QRgb kSelected = 0xff58a6ff;
+constexpr QRgb kHovered = 0xff9bd1ff;
+constexpr double kHoveredWidth = 2;
 constexpr QRgb kWindowColor = 0xff4f8ff7;
 constexpr QRgb kCrossingColor = 0xff4fc36a;
 constexpr QRgb kSnapColor = 0xff7ee02c;
+constexpr QRgb kTipGround = 0xfff4f1d8;
+constexpr QRgb kTipInk = 0xff202020;
 constexpr QRgb kBandColor = 0xffe0c46c;
 /// With more entities in a preview their texts are strokes.
 constexpr std::size_t kMostLetters = 1500;
@@ -30,6 +35,12 @@ QImage emptyImage(const ViewFrame& frame) {
 bool sameFrame(const ViewFrame& a, const ViewFrame& b) {
   return a.center.x == b.center.x && a.center.y == b.center.y && a.scale == b.scale &&
          a.width == b.width && a.height == b.height;
+}
+
+/// What lies in a rectangle of a picture as a picture of its own.
+ViewFrame partOf(const ViewFrame& frame, const QRect& place) {
+  return {frame.toWorld(QRectF(place).center()), frame.scale, static_cast<double>(place.width()),
+          static_cast<double>(place.height())};
 }
 
 void append(const std::vector<AcDbObjectId>& ids, std::vector<dxf::RecordIndex>& records) {
@@ -53,13 +64,14 @@ bool PromptOverlay::Picture::is(const std::vector<dxf::RecordIndex>& those,
   return records == those && (records.empty() || (sameFrame(frame, in) && !image.isNull()));
 }
 
-bool PromptOverlay::refresh(const DisplayList* list, const ViewFrame& frame) {
+bool PromptOverlay::refresh(DisplayList* list, const ViewFrame& frame, bool hovers) {
   const arx::host::PromptView before = std::exchange(prompt_, arx::host::promptView());
   const bool banded = prompt_.base.has_value() && prompt_.takesPoints;
   bool changed = before.kind != prompt_.kind || before.base != prompt_.base ||
                  (banded && before.cursor != prompt_.cursor);
   changed = refreshSelection(list, frame) || changed;
   changed = refreshDrag(list, frame) || changed;
+  changed = refreshHovered(list, frame, hovers) || changed;
   return refreshJig(frame) || changed;
 }
 
@@ -96,6 +108,31 @@ bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame)
   wide.height *= 2;
   if (moves) drag_.image = picture(*list, drag_.records, wide, {}, false);
   if (shown && !moves) drag_.image = picture(*list, drag_.records, frame, place, false);
+  return true;
+}
+
+/// What a click would take. It is asked anew each time: what a prompt takes may change under a
+/// cursor that rests.
+bool PromptOverlay::refreshHovered(DisplayList* list, const ViewFrame& frame, bool hovers) {
+  const std::optional<arx::host::Hovered> before = hovered_;
+  hovered_ = hovers && list != nullptr ? arx::host::hovered() : std::nullopt;
+  if (hovered_ == before && (!hovered_ || sameFrame(frame, hoverFrame_))) return false;
+  hoverFrame_ = frame;
+  const bool showed = !std::exchange(hover_, {}).isNull();
+  if (!hovered_) return showed;
+  const Shapes shapes = list->shapesOf(hovered_->entity.index(), hovered_->taken.index());
+  const Box box = shapes.boxOf(shapes.all());
+  if (box.isEmpty()) return showed;
+  const QRectF all(0, 0, frame.width, frame.height);
+  hoverPlace_ = frame.toPixels(box).adjusted(-4, -4, 4, 4).intersected(all).toAlignedRect();
+  if (hoverPlace_.isEmpty()) return showed;
+  const ViewFrame part = partOf(frame, hoverPlace_);
+  hover_ = emptyImage(part);
+  ShapePainter::Style style;
+  style.color = kHovered;
+  style.width = kHoveredWidth;
+  ShapePainter painter(hover_, part, glyphs_, hover_.rect(), style);
+  painter.paint(shapes, shapes.all(), box);
   return true;
 }
 
@@ -144,6 +181,8 @@ void PromptOverlay::paint(QPainter& painter, const ViewFrame& frame,
   };
   show(selection_, {});
   show(drag_, dragShift_);
+  if (!hover_.isNull() && sameFrame(hoverFrame_, frame))
+    painter.drawImage(hoverPlace_.topLeft(), hover_);
   if (!jig_.isNull()) painter.drawImage(QPointF(0, 0), jig_);
   if (!prompt_.base || !prompt_.takesPoints || !cursor) return;
   const QPointF base = frame.toPixel({prompt_.base->x, prompt_.base->y});
@@ -162,7 +201,28 @@ void paintBox(QPainter& painter, const QRectF& box, bool crossing) {
   painter.setBrush(Qt::NoBrush);
 }
 
-void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel) {
+namespace {
+
+/// A name at the upper right of a mark, or at its left where there is no room.
+void paintTip(QPainter& painter, QPointF at, const QString& name, double pixel,
+              const QRectF& room) {
+  QFont font = painter.font();
+  font.setPixelSize(static_cast<int>(std::lround(12 * pixel)));
+  painter.setFont(font);
+  const QFontMetricsF metrics(font);
+  const QSizeF size(metrics.horizontalAdvance(name) + 8 * pixel, metrics.height() + 2 * pixel);
+  const double away = 12 * pixel;
+  QRectF box(at + QPointF(away, -away - size.height()), size);
+  if (box.right() > room.right()) box.moveRight(at.x() - away);
+  if (box.top() < room.top()) box.moveTop(at.y() + away);
+  painter.fillRect(box, QColor::fromRgb(kTipGround));
+  painter.setPen(QColor::fromRgb(kTipInk));
+  painter.drawText(box, Qt::AlignCenter, name);
+}
+
+}  // namespace
+
+void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel, const QRectF& room) {
   const double size = 6 * pixel;
   painter.setPen(QPen(QColor::fromRgb(kSnapColor), 2 * pixel));
   painter.setBrush(Qt::NoBrush);
@@ -180,6 +240,7 @@ void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel) {
       painter.drawLine(box.topRight(), box.bottomLeft());
       break;
   }
+  paintTip(painter, at, toQt(nameOf(kind)), pixel, room);
 }
 
 }  // namespace kovra::desktop

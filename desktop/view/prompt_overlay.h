@@ -20,11 +20,14 @@ class PromptOverlay {
 
   /// Asks the editor what its prompt shows, and looks the entities up. `frame` in pixels of the
   /// screen. True when it has to be painted again. Reads the drawing.
-  bool refresh(const DisplayList* list, const ViewFrame& frame);
+  /// `hovers`: the cursor is in sight and free to pick.
+  bool refresh(DisplayList* list, const ViewFrame& frame, bool hovers);
   /// What the list has of entities isn't what it was.
   void forget() {
     selection_ = {};
     drag_ = {};
+    hovered_.reset();
+    hover_ = {};
   }
   const arx::host::PromptView& prompt() const { return prompt_; }
 
@@ -41,6 +44,7 @@ class PromptOverlay {
   };
   bool refreshSelection(const DisplayList* list, const ViewFrame& frame);
   bool refreshDrag(const DisplayList* list, const ViewFrame& frame);
+  bool refreshHovered(DisplayList* list, const ViewFrame& frame, bool hovers);
   bool refreshJig(const ViewFrame& frame);
   QImage picture(const DisplayList& list, const std::vector<dxf::RecordIndex>& records,
                  const ViewFrame& frame, const QTransform& place, bool selected) const;
@@ -51,6 +55,10 @@ class PromptOverlay {
   Picture drag_;       ///< where the entities stand in the drawing, if it is only moved
   QPointF dragShift_;  ///< pixels
   QTransform dragPlace_;
+  std::optional<arx::host::Hovered> hovered_;
+  ViewFrame hoverFrame_;
+  QRect hoverPlace_;  ///< in the picture
+  QImage hover_;
   Shapes jigged_;
   ViewFrame jigFrame_;
   QImage jig_;
@@ -58,7 +66,8 @@ class PromptOverlay {
 
 /// The box that a window or a crossing selects, or the one that a corner is asked of.
 void paintBox(QPainter& painter, const QRectF& box, bool crossing);
-/// The mark of a snap: a square, an insertion's two squares, a cross.
-void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel);
+/// The mark of a snap: a square, an insertion's two squares, a cross; beside it its name, within
+/// `room`.
+void paintSnap(QPainter& painter, QPointF at, SnapKind kind, double pixel, const QRectF& room);
 
 }  // namespace kovra::desktop

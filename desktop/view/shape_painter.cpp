@@ -148,7 +148,7 @@ void ShapePainter::segment(QPointF from, QPointF to, QRgb color) {
 
 void ShapePainter::flush() {
   if (lines_.empty()) return;
-  QPen pen(QColor::fromRgb(lineColor_), 1);
+  QPen pen(QColor::fromRgb(lineColor_), style_.width);
   pen.setCosmetic(true);
   if (style_.dashed) pen.setDashPattern({4, 3});
   painter_.setPen(pen);

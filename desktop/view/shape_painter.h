@@ -18,6 +18,7 @@ class ShapePainter {
  public:
   struct Style {
     std::optional<QRgb> color{};  ///< instead of the shapes' own
+    double width = 1;             ///< of lines, in pixels
     bool smooth = true;           ///< lines with soft edges
     bool dashed = false;
     bool letters = true;  ///< false: texts are strokes

@@ -1,16 +1,19 @@
 #include "desktop/view/snaps.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
 #include <string>
 
+#include "desktop/view/crossings.h"
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/record_edit.h"
 #include "platform/arx/drawing/text_draw.h"
 #include "platform/arx/entities/record_geometry.h"
 #include "platform/arx/geometry/ocs.h"
 #include "platform/dxf/structure.h"
+#include "platform/win/base/run_settings.h"
 
 namespace kovra::desktop {
 namespace {
@@ -20,11 +23,6 @@ using dxf::RecordKind;
 /// Where so much meets, one thing is as good as another.
 constexpr std::size_t kMostEntities = 200;
 constexpr std::size_t kMostPieces = 60;
-
-struct Piece {
-  Spot from;
-  Spot to;
-};
 
 /// The best point so far.
 class Search {
@@ -89,91 +87,92 @@ void offerInsertions(const AcDbDatabase& database, dxf::RecordIndex record, Sear
     offer(attribute);
 }
 
-Spot onArc(const Spot* arc, double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
-  return {arc[0].x + arc[1].x * c + arc[2].x * s, arc[0].y + arc[1].y * c + arc[2].y * s};
+ArcPiece arcOf(const Spot* points) {
+  return {points[0], points[1], points[2], points[3].x};
 }
 
-void offerEnds(const Shapes& shapes, const Curve& curve, Search& search) {
+/// `smooth`: the points of a chain aren't corners, only its ends are ends.
+void offerEnds(const Shapes& shapes, const Curve& curve, bool smooth, Search& search) {
   const Spot* points = &shapes.points[curve.firstPoint];
   if (curve.kind != CurveKind::kArc) {
-    for (std::uint32_t i = 0; i < curve.points; ++i) search.offer(SnapKind::kEnd, points[i]);
+    const std::uint32_t step = smooth ? std::max(1U, curve.points - 1) : 1;
+    for (std::uint32_t i = 0; i < curve.points; i += step) search.offer(SnapKind::kEnd, points[i]);
     return;
   }
   constexpr double kWhole = 2 * std::numbers::pi - 1e-9;
-  if (std::fabs(points[3].x) >= kWhole) return;
-  search.offer(SnapKind::kEnd, onArc(points, 0));
-  search.offer(SnapKind::kEnd, onArc(points, points[3].x));
+  const ArcPiece arc = arcOf(points);
+  if (std::fabs(arc.sweep) >= kWhole) return;
+  search.offer(SnapKind::kEnd, arc.at(0));
+  search.offer(SnapKind::kEnd, arc.at(arc.sweep));
 }
 
-void offerCrossing(const Piece& a, const Piece& b, Search& search) {
-  const Spot p{a.to.x - a.from.x, a.to.y - a.from.y};
-  const Spot q{b.to.x - b.from.x, b.to.y - b.from.y};
-  const double turn = p.x * q.y - p.y * q.x;
-  if (turn == 0) return;
-  const Spot way{b.from.x - a.from.x, b.from.y - a.from.y};
-  const double onA = (way.x * q.y - way.y * q.x) / turn;
-  const double onB = (way.x * p.y - way.y * p.x) / turn;
-  if (onA < 0 || onA > 1 || onB < 0 || onB > 1) return;
-  search.offer(SnapKind::kIntersection, Spot{a.from.x + p.x * onA, a.from.y + p.y * onA});
-}
+/// The lines and arcs of some entities near a place.
+class Pieces {
+ public:
+  explicit Pieces(const Box& near) : near_(near) {}
 
-/// In coordinates in which the arc has the radius 1 about the origin.
-void offerCrossing(const Piece& piece, const Spot* arc, Search& search) {
-  const double turn = arc[1].x * arc[2].y - arc[1].y * arc[2].x;
-  if (turn == 0) return;
-  const auto inArc = [&](double x, double y) {
-    return Spot{(x * arc[2].y - y * arc[2].x) / turn, (y * arc[1].x - x * arc[1].y) / turn};
-  };
-  const Spot a = inArc(piece.from.x - arc[0].x, piece.from.y - arc[0].y);
-  const Spot b = inArc(piece.to.x - piece.from.x, piece.to.y - piece.from.y);
-  const double length = b.x * b.x + b.y * b.y;
-  const double half = a.x * b.x + a.y * b.y;
-  const double rest = half * half - length * (a.x * a.x + a.y * a.y - 1);
-  if (length == 0 || rest < 0) return;
-  for (const double sign : {-1.0, 1.0}) {
-    const double t = (-half + sign * std::sqrt(rest)) / length;
-    double angle = std::atan2(a.y + t * b.y, a.x + t * b.x);
-    const double sweep = arc[3].x;
-    if (sweep > 0 && angle < 0) angle += 2 * std::numbers::pi;
-    if (sweep < 0 && angle > 0) angle -= 2 * std::numbers::pi;
-    if (t >= 0 && t <= 1 && std::fabs(angle) <= std::fabs(sweep))
-      search.offer(SnapKind::kIntersection, onArc(arc, angle));
+  void add(const Shapes& shapes, const Curve& curve) {
+    const Spot* points = &shapes.points[curve.firstPoint];
+    if (curve.kind == CurveKind::kArc) {
+      if (arcs_.size() < kMostPieces) arcs_.push_back(arcOf(points));
+      return;
+    }
+    for (std::uint32_t p = 1; p < curve.points && lines_.size() < kMostPieces; ++p) {
+      Box box;
+      box.add(points[p - 1]);
+      box.add(points[p]);
+      if (box.touches(near_)) lines_.push_back({points[p - 1], points[p]});
+    }
   }
-}
+  std::vector<Spot> crossings() const {
+    std::vector<Spot> places;
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+      for (std::size_t j = 0; j < i; ++j) appendCrossings(lines_[i], lines_[j], places);
+      for (const ArcPiece& arc : arcs_) appendCrossings(lines_[i], arc, places);
+    }
+    for (std::size_t i = 0; i < arcs_.size(); ++i)
+      for (std::size_t j = 0; j < i; ++j) appendCrossings(arcs_[i], arcs_[j], places);
+    return places;
+  }
+
+ private:
+  Box near_;
+  std::vector<LinePiece> lines_;
+  std::vector<ArcPiece> arcs_;
+};
 
 }  // namespace
+
+std::wstring_view nameOf(SnapKind kind) {
+  const bool japanese = win::runSettings().language == win::Language::japanese;
+  switch (kind) {
+    case SnapKind::kEnd:
+      return japanese ? L"端点" : L"Endpoint";
+    case SnapKind::kInsertion:
+      return japanese ? L"挿入基点" : L"Insertion";
+    case SnapKind::kIntersection:
+      return japanese ? L"交点" : L"Intersection";
+  }
+  return {};
+}
 
 std::optional<Snap> snapAt(const DisplayList& list, const AcDbDatabase& database, Spot place,
                            double aperture) {
   const Box near = Box{place.x, place.y, place.x, place.y}.grownBy(aperture);
   Search search(place, aperture);
-  std::vector<Piece> pieces;
-  std::vector<const Spot*> arcs;
+  Pieces pieces(near);
   std::size_t entities = 0;
   list.visit(near, [&](const Chunk& chunk, const Shown& shown) {
     if (++entities > kMostEntities) return;
     offerInsertions(database, shown.record, search);
-    for (std::uint32_t i = shown.range.firstCurve; i < shown.range.firstCurve + shown.range.curves;
-         ++i) {
-      const Curve& curve = chunk.shapes.curves[i];
-      const Spot* points = &chunk.shapes.points[curve.firstPoint];
-      offerEnds(chunk.shapes, curve, search);
-      if (curve.kind == CurveKind::kArc && arcs.size() < kMostPieces) arcs.push_back(points);
-      if (curve.kind == CurveKind::kArc) continue;
-      for (std::uint32_t p = 1; p < curve.points && pieces.size() < kMostPieces; ++p) {
-        Box box;
-        box.add(points[p - 1]);
-        box.add(points[p]);
-        if (box.touches(near)) pieces.push_back({points[p - 1], points[p]});
-      }
+    const bool smooth = database.store().kind(shown.record) == RecordKind::kSpline;
+    const Curve* curves = chunk.shapes.curves.data() + shown.range.firstCurve;
+    for (const Curve& curve : std::span(curves, shown.range.curves)) {
+      offerEnds(chunk.shapes, curve, smooth, search);
+      pieces.add(chunk.shapes, curve);
     }
   });
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    for (std::size_t j = 0; j < i; ++j) offerCrossing(pieces[i], pieces[j], search);
-    for (const Spot* arc : arcs) offerCrossing(pieces[i], arc, search);
-  }
+  for (const Spot crossing : pieces.crossings()) search.offer(SnapKind::kIntersection, crossing);
   return search.snap();
 }
 

@@ -10,7 +10,7 @@ bool terminalIsThere() {
   return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
 }
 
-Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete) {
+Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, launch::Completer complete) {
   const auto lines = launch::loadProgramExport<decltype(kovraTerminalLines)>(
       "kovra_terminal.so", "kovraTerminalLines", "no lines can be typed");
   if (!lines) return lines.error();

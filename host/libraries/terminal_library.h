@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "host/program/completion.h"
 #include "host/program/line_source.h"
+#include "launch/completion.h"
 #include "platform/dxf/result.h"
 
 namespace kovra::host {
@@ -15,10 +15,10 @@ bool terminalIsThere();
 /// which need no line editor. `savesAtEnd`: changes are written when the input ends, so there is
 /// nothing to warn of. `complete` is asked while a line is typed. kNotFound, kNotReadable: see
 /// launch::loadProgramExport().
-Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, Completer complete);
+Result<std::unique_ptr<LineSource>> openTerminal(bool savesAtEnd, launch::Completer complete);
 
 }  // namespace kovra::host
 
 /// What the library exports. The caller owns the lines.
 extern "C" kovra::host::LineSource* kovraTerminalLines(bool savesAtEnd,
-                                                       kovra::host::Completer complete);
+                                                       kovra::launch::Completer complete);

@@ -17,6 +17,8 @@ namespace kovra::host {
 namespace {
 
 namespace fs = std::filesystem;
+using launch::Offer;
+using launch::OfferKind;
 
 std::vector<Offer> plain(const std::vector<std::wstring>& names) {
   std::vector<Offer> offers;
@@ -31,13 +33,6 @@ std::vector<Offer> lineOffers() {
       offers.push_back({L'@' + std::wstring(handler.name), std::wstring(handler.usage)});
   }
   offers.push_back({L"@refused", L"LINE"});
-  return offers;
-}
-
-std::vector<Offer> commandOffers() {
-  std::vector<Offer> offers;
-  for (arx::host::CommandInfo& command : arx::host::commands())
-    offers.push_back({std::move(command.name), std::move(command.summary)});
   return offers;
 }
 
@@ -137,13 +132,10 @@ std::vector<Offer> offersNow(const LineContext& context, OfferKind kind, std::ws
     case OfferKind::kLine:
       return lineOffers();
     case OfferKind::kCommand:
-      return commandOffers();
     case OfferKind::kVariable:
-      return plain(arx::host::namesOf(arx::host::NameKind::kVariable));
     case OfferKind::kLayer:
-      return plain(arx::host::namesOf(arx::host::NameKind::kLayer));
     case OfferKind::kTextStyle:
-      return plain(arx::host::namesOf(arx::host::NameKind::kTextStyle));
+      return launch::editorOffers(kind);
     case OfferKind::kControl:
       return controlOffers(context, detail);
     case OfferKind::kItem:

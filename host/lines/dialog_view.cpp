@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/program/script_text.h"
+#include "launch/quoted_text.h"
 #include "platform/arx/geometry/east_asian_width.h"
 #include "platform/win/base/wide_text.h"
 #include "platform/win/desktop/dialog_outline.h"
@@ -19,7 +20,7 @@ std::wstring checkedRows(const win::ControlListing& list) {
   std::wstring text;
   const size_t shown = std::min(list.checks.size(), kMostRows);
   for (size_t i = 0; i < shown; ++i)
-    text += (list.checks[i] == 1 ? L" [x] " : L" [ ] ") + quotedText(list.items[i]);
+    text += (list.checks[i] == 1 ? L" [x] " : L" [ ] ") + launch::quotedText(list.items[i]);
   if (shown < list.checks.size()) text += L" ... of " + std::to_wstring(list.checks.size());
   return text.empty() ? text : text.substr(1);
 }
@@ -28,7 +29,7 @@ std::wstring tableText(const win::TableListing& table) {
   std::wstring text = L"table of " + std::to_wstring(table.cells.size()) + L":";
   for (const win::TableState::FilledCell& cell : table.cells) {
     if (text.size() > kLongestValue) return text + L" ...";
-    text += L' ' + quotedText(cell.shown);
+    text += L' ' + launch::quotedText(cell.shown);
   }
   return text;
 }
@@ -39,7 +40,7 @@ std::wstring valueText(const win::ControlListing& field) {
   const bool ofRow = field.kind == "list" && field.selected >= 0;
   const std::wstring_view value =
       ofRow ? field.items[static_cast<size_t>(field.selected)] : field.text;
-  std::wstring text = quotedText(value.substr(0, kLongestValue));
+  std::wstring text = launch::quotedText(value.substr(0, kLongestValue));
   if (value.size() > kLongestValue) text += L"...";
   if (!field.items.empty()) text += L" of " + std::to_wstring(field.items.size());
   return text;

@@ -3,6 +3,7 @@
 
 #include "host/lines/dialog_view.h"
 #include "host/lines/line_handlers.h"
+#include "launch/quoted_text.h"
 #include "platform/win/base/interaction.h"
 #include "platform/win/base/wide_text.h"
 #include "platform/win/desktop/dialog_listing.h"
@@ -200,13 +201,13 @@ std::string tableText(const win::TableListing& table) {
   if (table.block)
     text += " block " + cellText(table.block->first) + ' ' + cellText(table.block->second);
   if (table.editing) {
-    text += " editor " + win::toUtf8(quotedText(table.editorText)) + " caret " +
+    text += " editor " + win::toUtf8(launch::quotedText(table.editorText)) + " caret " +
             std::to_string(table.from);
     if (table.to != table.from) text += ' ' + std::to_string(table.to);
   }
   for (const win::TableState::FilledCell& cell : table.cells) {
-    text += "\n    " + cellText(cell.place) + ' ' + win::toUtf8(quotedText(cell.text));
-    if (cell.shown != cell.text) text += " shows " + win::toUtf8(quotedText(cell.shown));
+    text += "\n    " + cellText(cell.place) + ' ' + win::toUtf8(launch::quotedText(cell.text));
+    if (cell.shown != cell.text) text += " shows " + win::toUtf8(launch::quotedText(cell.shown));
   }
   return text;
 }
@@ -217,11 +218,11 @@ std::string controlText(const win::ControlListing& listing) {
   text += listing.visible ? " visible" : " hidden";
   if (listing.check)
     text += *listing.check == 0 ? " off" : *listing.check == 1 ? " on" : " between";
-  text += ' ' + win::toUtf8(quotedText(listing.text));
+  text += ' ' + win::toUtf8(launch::quotedText(listing.text));
   if (listing.items.empty()) return text;
   text += " #" + std::to_string(listing.selected) + " of";
   for (std::size_t i = 0; i < listing.items.size(); ++i) {
-    text += ' ' + win::toUtf8(quotedText(listing.items[i]));
+    text += ' ' + win::toUtf8(launch::quotedText(listing.items[i]));
     if (i < listing.checks.size()) text += listing.checks[i] == 1 ? " on" : " off";
   }
   return text;
@@ -229,8 +230,8 @@ std::string controlText(const win::ControlListing& listing) {
 
 void printAll(const win::DialogListing& listing, std::ostream& out) {
   const RECT& place = listing.place;
-  out << win::toUtf8(quotedText(listing.title)) << " template " << listing.templateId << " at "
-      << place.left << ' ' << place.top << " size " << place.right - place.left << ' '
+  out << win::toUtf8(launch::quotedText(listing.title)) << " template " << listing.templateId
+      << " at " << place.left << ' ' << place.top << " size " << place.right - place.left << ' '
       << place.bottom - place.top << (listing.minimized ? " minimized" : "") << '\n';
   for (const win::ControlListing& entry : listing.controls) {
     out << "  " << controlText(entry)

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "launch/quoted_text.h"
 #include "platform/win/base/wide_text.h"
 
 namespace kovra::host {
@@ -13,21 +14,6 @@ constexpr std::wstring_view kBlanks = L" \t";
 
 Error invalid(std::string message) {
   return {ErrorKind::kInvalidInput, std::move(message)};
-}
-
-struct Escape {
-  wchar_t letter;
-  wchar_t character;
-};
-
-constexpr Escape kEscapes[] = {{L'n', L'\n'},   {L't', L'\t'}, {L'b', L'\b'},
-                               {L'e', L'\x03'}, {L'"', L'"'},  {L'\\', L'\\'}};
-
-std::optional<wchar_t> escaped(wchar_t letter) {
-  for (const Escape& escape : kEscapes) {
-    if (escape.letter == letter) return escape.character;
-  }
-  return std::nullopt;
 }
 
 template <typename Number, typename... Base>
@@ -71,7 +57,7 @@ Result<std::wstring> Arguments::quoted() {
       text.push_back(rest_[i]);
       continue;
     }
-    const auto c = i + 1 < rest_.size() ? escaped(rest_[i + 1]) : std::nullopt;
+    const auto c = i + 1 < rest_.size() ? launch::escapedCharacter(rest_[i + 1]) : std::nullopt;
     if (!c) return invalid("in quotes only \\n \\t \\b \\e \\\" and \\\\ may follow a backslash");
     text.push_back(*c);
     ++i;
@@ -149,22 +135,6 @@ Result<std::vector<std::wstring>> Arguments::words() {
 Result<void> Arguments::end() const {
   if (!atEnd()) return invalid("too much on the line: '" + win::toUtf8(rest_) + "'");
   return {};
-}
-
-std::wstring quotedText(std::wstring_view text) {
-  std::wstring quoted = L"\"";
-  for (size_t i = 0; i < text.size(); ++i) {
-    const wchar_t c = text[i];
-    if (c == L'\r' && text.substr(i + 1).starts_with(L'\n')) continue;
-    const auto* escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
-                                      [c](const Escape& entry) { return entry.character == c; });
-    if (escape == std::end(kEscapes)) {
-      quoted.push_back(c);
-    } else {
-      quoted.append({L'\\', escape->letter});
-    }
-  }
-  return quoted + L'"';
 }
 
 std::optional<double> parseNumber(std::wstring_view text) {

@@ -41,10 +41,6 @@ class Arguments {
   std::wstring_view rest_;
 };
 
-/// The text in quotes, as Arguments reads it back. A line break of a field, which has a carriage
-/// return too, is written as it is typed.
-std::wstring quotedText(std::wstring_view text);
-
 /// A decimal number with nothing around it; no infinity, no hexadecimal.
 std::optional<double> parseNumber(std::wstring_view text);
 

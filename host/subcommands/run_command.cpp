@@ -104,10 +104,10 @@ Result<std::unique_ptr<LineSource>> openInput(const RunOptions& options,
                                               const LineContext& context) {
   if (isInteractive(options)) {
     const auto complete = [&context](std::wstring_view line) {
-      return host::complete(line, editor::topWait(),
-                            [&context](OfferKind kind, std::wstring_view detail) {
-                              return offersNow(context, kind, detail);
-                            });
+      return launch::complete(line, editor::topWait(),
+                              [&context](launch::OfferKind kind, std::wstring_view detail) {
+                                return offersNow(context, kind, detail);
+                              });
     };
     return openTerminal(options.saveAll || !options.output.empty(), complete);
   }

@@ -20,7 +20,7 @@ std::wstring padded(std::wstring text, size_t columns) {
 
 }  // namespace
 
-std::string candidateTable(const std::vector<Offer>& candidates, size_t width) {
+std::string candidateTable(const std::vector<launch::Offer>& candidates, size_t width) {
   const size_t count = std::min(candidates.size(), kMostCandidates);
   size_t widest = 0;
   bool notes = false;
@@ -31,7 +31,7 @@ std::string candidateTable(const std::vector<Offer>& candidates, size_t width) {
   const size_t columns = notes ? 1 : std::max<size_t>(1, width / (widest + kGap));
   std::wstring text;
   for (size_t i = 0; i < count; ++i) {
-    const Offer& offer = candidates[i];
+    const launch::Offer& offer = candidates[i];
     const bool last = (i + 1) % columns == 0 || i + 1 == count;
     const std::wstring name = offer.name + (offer.folder ? L"/" : L"");
     text += last && offer.note.empty() ? name : padded(name, widest + kGap);

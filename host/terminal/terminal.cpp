@@ -41,7 +41,7 @@ std::string promptOfWait() {
 
 }  // namespace
 
-Terminal::Terminal(bool savesAtEnd, Completer complete)
+Terminal::Terminal(bool savesAtEnd, launch::Completer complete)
     : complete_(std::move(complete)), warned_(savesAtEnd) {
   std::setlocale(LC_CTYPE, "");  // how wide characters are typed and shown
   std::signal(SIGINT, SIG_IGN);  // a Ctrl+C between two lines mustn't end the program
@@ -91,7 +91,7 @@ unsigned char Terminal::completeKey(EditLine* editor, int) {
   const LineInfo* info = el_line(editor);
   const std::wstring line =
       win::fromUtf8({info->buffer, static_cast<size_t>(info->cursor - info->buffer)});
-  const Completion completion = terminal->complete_(line);
+  const launch::Completion completion = terminal->complete_(line);
   if (completion.candidates.empty()) return CC_ERROR;
   if (completion.literal != completion.typed) {
     el_deletestr(editor, static_cast<int>(line.size() - completion.begin));

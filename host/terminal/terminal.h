@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "host/program/completion.h"
 #include "host/program/line_source.h"
+#include "launch/completion.h"
 
 namespace kovra::host {
 
@@ -17,7 +17,7 @@ namespace kovra::host {
 /// the user's dialog store; where it can't be, it lasts for the run.
 class Terminal : public LineSource {
  public:
-  Terminal(bool savesAtEnd, Completer complete);
+  Terminal(bool savesAtEnd, launch::Completer complete);
   ~Terminal() override;
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
@@ -45,7 +45,7 @@ class Terminal : public LineSource {
   std::unique_ptr<EditLine, EndEditor> editor_;
   std::string historyFile_;  // empty: there is no place for one
   std::string prompt_;
-  Completer complete_;
+  launch::Completer complete_;
   bool cancelled_ = false;
   bool askingBox_ = false;
   bool warned_;

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -20,6 +21,7 @@
 #include <variant>
 
 #include "desktop/frame/captions.h"
+#include "desktop/frame/commands.h"
 #include "desktop/frame/main_window.h"
 #include "desktop/frame/run_window.h"
 #include "desktop/loop/input_queue.h"
@@ -114,6 +116,15 @@ Played answer(Caption caption) {
       if (button->text() == say(caption)) return QTest::mouseClick(button, Qt::LeftButton), true;
     }
     return false;
+  }};
+}
+
+/// Closes the message box that only tells something.
+Played acknowledge() {
+  return Until{[](MainWindow&) {
+    const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || box->buttons().size() != 1) return false;
+    return QTest::mouseClick(box->buttons().front(), Qt::LeftButton), true;
   }};
 }
 
@@ -237,17 +248,16 @@ TEST_F(FrameTest, AFileThatChangedOnDiskIsSaid) {
       return value && value.value() == wanted;
     });
   };
-  EXPECT_RUN(options({"b.dxf"}), scale(L"1"),
-             Step([&](MainWindow&) { write("b.dxf", scaled("22.0")); }), answer(Caption::kReload),
-             scale(L"22"), type("clayer"), type("WIRENO"),
-             waitFor([] { return layer() == L"WIRENO"; }),
-             Step([&](MainWindow&) { write("b.dxf", scaled("333.0")); }), answer(Caption::kKeep),
-             scale(L"22"), press(Qt::Key_S, Qt::ControlModifier), Until{[](MainWindow&) {
-               // Not written over.
-               QWidget* box = QApplication::activeModalWidget();
-               if (box != nullptr) QTest::keyClick(box, Qt::Key_Return);
-               return box != nullptr;
-             }});
+  EXPECT_RUN(
+      options({"b.dxf"}), scale(L"1"), Step([&](MainWindow&) { write("b.dxf", scaled("22.0")); }),
+      answer(Caption::kReload), scale(L"22"), type("clayer"), type("WIRENO"),
+      waitFor([] { return layer() == L"WIRENO"; }),
+      // What can't be read takes nothing away.
+      Step([&](MainWindow&) { write("b.dxf", "half of a drawing"); }), answer(Caption::kReload),
+      acknowledge(), scale(L"22"), waitFor([] { return layer() == L"WIRENO"; }),
+      Step([&](MainWindow&) { write("b.dxf", scaled("333.0")); }), answer(Caption::kKeep),
+      // Not written over.
+      scale(L"22"), press(Qt::Key_S, Qt::ControlModifier), acknowledge());
   EXPECT_EQ(read("b.dxf"), scaled("333.0"));
 }
 
@@ -272,6 +282,64 @@ TEST_F(FrameTest, AKilledRunLosesNothingThatWasCopied) {
   EXPECT_EQ(read("a.dxf.bak"), textDrawing());
 }
 
+TEST_F(FrameTest, ARecoveredDrawingIsNotSavedOverAFileThatChangedMeanwhile) {
+  if (owner_)
+    QSettings(QString::fromStdString(path("state.db.desktop.ini").string()), QSettings::IniFormat)
+        .setValue(QStringLiteral("autosave/minutes"), 0.001);
+  EXPECT_EXIT(play(options({"a.dxf"}),
+                   {type("clayer"), type("WIRENO"), waitFor([this] { return copies() == 1; }),
+                    Step([](MainWindow&) { std::raise(SIGKILL); })}),
+              ::testing::KilledBySignal(SIGKILL), "");
+  if (owner_) write("a.dxf", motorDrawing());
+  EXPECT_RUN(options({"a.dxf"}), answer(Caption::kRecover),
+             waitFor([] { return layer() == L"WIRENO"; }), press(Qt::Key_S, Qt::ControlModifier),
+             Until{[](MainWindow&) {
+               QWidget* box = QApplication::activeModalWidget();
+               if (box != nullptr) QTest::keyClick(box, Qt::Key_Return);
+               return box != nullptr;
+             }},
+             Step([this](MainWindow&) {
+               EXPECT_TRUE(editor::drawings()[0].modified);
+               const fs::path other = path("c.dxf");
+               EXPECT_TRUE(editor::saveDrawing(editor::currentDrawing(), &other,
+                                               {.backup = true, .copy = false, .rename = true}));
+             }));
+  EXPECT_EQ(read("a.dxf"), motorDrawing());
+  EXPECT_NE(read("c.dxf"), textDrawing());
+}
+
+TEST_F(FrameTest, ACommandOfTheMenuTakesWhatIsSelected) {
+  EXPECT_RUN(options({"a.dxf"}), press(Qt::Key_A, Qt::ControlModifier),
+             clickTool("KOVRA_TEXT_COUNTUP"), waitFor([] { return editor::topWait().modalOnTop; }),
+             Step([](MainWindow& window) { window.close(); }));
+}
+
+TEST_F(FrameTest, TabCompletesWhatIsTyped) {
+  const auto line = [](MainWindow& window) {
+    return window.findChild<QLineEdit*>(QStringLiteral("commandInput"));
+  };
+  const auto holds = [line](const char* text) {
+    return Until{[line, text](MainWindow& w) { return line(w)->text() == QLatin1String(text); }};
+  };
+  const auto keys = [line](const char* text, Qt::Key key) {
+    return Step([line, text, key](MainWindow& w) {
+      QTest::keyClicks(line(w), QLatin1String(text));
+      QTest::keyClick(line(w), key);
+    });
+  };
+  EXPECT_RUN(options({"a.dxf"}), keys("clay", Qt::Key_Tab), holds("CLAYER"),
+             keys("", Qt::Key_Return),
+             waitFor([] { return editor::topWait().kind == editor::WaitKind::kString; }),
+             keys("wi", Qt::Key_Tab), holds("WIRENO"), keys("", Qt::Key_Return),
+             waitFor([] { return layer() == L"WIRENO"; }), keys("kovra_text_", Qt::Key_Tab),
+             Until{[](MainWindow&) { return QApplication::activePopupWidget() != nullptr; }},
+             Step([](MainWindow&) {
+               QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+               QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+             }),
+             holds("KOVRA_TEXT_ALIGN"));
+}
+
 TEST_F(FrameTest, QuittingUnwindsADialogFirst) {
   const auto close = Step([](MainWindow& window) { window.close(); });
   EXPECT_RUN(options({"a.dxf"}), type("clayer"), type("WIRENO"),
@@ -285,15 +353,22 @@ TEST_F(FrameTest, QuittingUnwindsADialogFirst) {
 }
 
 TEST_F(FrameTest, EveryTextHasBothLanguagesAndItsOwnAccessKey) {
+  std::vector<desktop::Worded> all;
   for (int i = 0; i < static_cast<int>(Caption::kCount); ++i) {
     const desktop::CaptionRow& row = desktop::captionRow(static_cast<Caption>(i));
     EXPECT_EQ(static_cast<int>(row.caption), i);
-    const QString english = QString::fromUtf8(row.english);
-    const QString japanese = QString::fromUtf8(row.japanese);
-    EXPECT_FALSE(english.isEmpty() || japanese.isEmpty()) << row.english;
-    EXPECT_EQ(english.count(QLatin1Char('&')), japanese.count(QLatin1String("(&"))) << row.english;
+    all.push_back(row.words);
+  }
+  for (const auto commands : {desktop::textCommands(), desktop::editorCommands()})
+    for (const desktop::Command& command : commands) all.push_back(command.title);
+  for (const desktop::Worded& words : all) {
+    const QString english = QString::fromUtf8(words.english);
+    const QString japanese = QString::fromUtf8(words.japanese);
+    EXPECT_FALSE(english.isEmpty() || japanese.isEmpty()) << words.english;
+    EXPECT_EQ(english.count(QLatin1Char('&')), japanese.count(QLatin1String("(&")))
+        << words.english;
     EXPECT_EQ(english.count(QLatin1String("%1")), japanese.count(QLatin1String("%1")))
-        << row.english;
+        << words.english;
   }
   const auto keysDiffer = [](MainWindow& window) {
     for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>()) {

@@ -4,11 +4,13 @@
 
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "desktop/loop/input_queue.h"
+#include "desktop/view/crossings.h"
 #include "desktop/view/drawing_view.h"
 #include "platform/arx/editor/editor.h"
 #include "platform/arx/editor/host/prompt_view.h"
@@ -136,6 +138,51 @@ class ViewTest : public ::testing::Test {
   inline static ViewTest* active_ = nullptr;
 };
 
+TEST(CrossingsTest, LinesCirclesArcsAndEllipses) {
+  constexpr double kTurn = 6.283185307179586;
+  const auto circle = [](double x, double y, double radius, double sweep) {
+    return ArcPiece{{x, y}, {radius, 0}, {0, radius}, sweep};
+  };
+  const ArcPiece ellipse{{0, 0}, {10, 0}, {0, 5}, kTurn};
+  const LinePiece level{{-20, 3}, {20, 3}};
+  const auto crossings = [](const auto& a, const auto& b) {
+    std::vector<Spot> places;
+    appendCrossings(a, b, places);
+    std::ranges::sort(places, [](Spot p, Spot q) { return p.x + 2 * p.y < q.x + 2 * q.y; });
+    return places;
+  };
+  const struct {
+    const char* what;
+    std::vector<Spot> found;
+    std::vector<Spot> expected;
+  } cases[] = {
+      {"lines", crossings(LinePiece{{0, 0}, {10, 10}}, LinePiece{{0, 6}, {6, 0}}), {{3, 3}}},
+      {"lines that end before",
+       crossings(LinePiece{{0, 0}, {2, 2}}, LinePiece{{0, 6}, {6, 0}}),
+       {}},
+      {"line and circle", crossings(level, circle(0, 0, 5, kTurn)), {{-4, 3}, {4, 3}}},
+      {"line and arc", crossings(level, circle(0, 0, 5, 1)), {{4, 3}}},
+      {"line and arc clockwise", crossings(level, circle(0, 0, 5, -1)), {}},
+      {"tangent", crossings(level, circle(0, 0, 3, kTurn)), {{0, 3}}},
+      {"line and ellipse", crossings(level, ellipse), {{-8, 3}, {8, 3}}},
+      {"circles", crossings(circle(0, 0, 5, kTurn), circle(6, 0, 5, kTurn)), {{3, -4}, {3, 4}}},
+      {"arcs", crossings(circle(0, 0, 5, 1), circle(6, 0, 5, kTurn)), {{3, 4}}},
+      {"circles that touch", crossings(circle(0, 0, 5, kTurn), circle(8, 0, 3, kTurn)), {{5, 0}}},
+      {"one inside the other", crossings(circle(0, 0, 5, kTurn), circle(1, 0, 2, kTurn)), {}},
+      {"circle and ellipse",
+       crossings(circle(0, 0, std::sqrt(52.0), kTurn), ellipse),
+       {{-6, -4}, {6, -4}, {-6, 4}, {6, 4}}},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.what);
+    ASSERT_EQ(one.found.size(), one.expected.size());
+    for (std::size_t i = 0; i < one.found.size(); ++i) {
+      EXPECT_NEAR(one.found[i].x, one.expected[i].x, 1e-9);
+      EXPECT_NEAR(one.found[i].y, one.expected[i].y, 1e-9);
+    }
+  }
+}
+
 TEST_F(ViewTest, ClicksGiveTheirPointsAndSnapsThoseOfObjects) {
   const double unit = 320.0 / 800;  // to a pixel
   const auto expect = [this](double x, double y, double tolerance) {
@@ -204,6 +251,24 @@ TEST_F(ViewTest, ObjectsArePickedAndSelected) {
        expect(3),
        [this] { QTest::mouseClick(view_.get(), Qt::RightButton, {}, at(280, 150)); },
        [this] { EXPECT_EQ(selected_, 3); }});
+}
+
+TEST_F(ViewTest, WhatAClickWouldTakeIsShown) {
+  const auto point = [this](double x, double y) {
+    return [=, this] { QTest::mouseMove(view_.get(), at(x, y)); };
+  };
+  const auto expect = [=, this](bool shown) {
+    return [=, this] {
+      const QImage image = view_->grab().toImage();
+      const QPoint top = (QPointF(at(200, 70)) * image.devicePixelRatio()).toPoint();
+      bool lit = false;  // the circle is red
+      for (int dy = -3; dy <= 3; ++dy) lit = lit || qBlue(image.pixel(top + QPoint(0, dy))) > 150;
+      EXPECT_EQ(lit, shown);
+    };
+  };
+  run({point(280, 150), expect(false), point(220, 50), expect(true), type(L"ASK\n"), expect(false),
+       key(Qt::Key_Escape), type(L"PICK\n"), expect(true), point(230, 60), expect(false),
+       key(Qt::Key_Escape)});
 }
 
 TEST_F(ViewTest, AChangePaintsWhereItWas) {

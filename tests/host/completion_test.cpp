@@ -1,11 +1,11 @@
 // What Tab makes of a line, for what waits.
-#include "host/program/completion.h"
+#include "launch/completion.h"
 
 #include <gtest/gtest.h>
 
 #include "platform/win/base/wide_text.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 namespace {
 
 using arx::host::NameKind;
@@ -144,4 +144,4 @@ TEST(Completion, NamesAndKeywordsThatAPromptAsksFor) {
 }
 
 }  // namespace
-}  // namespace kovra::host
+}  // namespace kovra::launch

@@ -41,9 +41,11 @@ Result<DrawingId> openDrawing(const std::filesystem::path& file);
 /// A new empty drawing, activated.
 Result<DrawingId> newDrawing();
 /// Opens what was saved as a copy, and activates it as the drawing of `file` (empty: as one that
-/// was never saved): modified, and saved in that place, whatever lies there. The copy stays.
+/// was never saved): modified, and saved in that place. `unchanged`: what lies there is still what
+/// the copy was made from; else, and when it is changed from now on, saving there is refused as
+/// long as a file is there. The copy stays.
 Result<DrawingId> recoverDrawing(const std::filesystem::path& copy,
-                                 const std::filesystem::path& file);
+                                 const std::filesystem::path& file, bool unchanged = true);
 /// To its own file without `file`; a copy elsewhere doesn't change what the drawing is called.
 /// Refused while a transaction is open: what it changed may still be taken back.
 Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullptr,
@@ -52,6 +54,9 @@ Result<void> saveDrawing(DrawingId id, const std::filesystem::path* file = nullp
 /// saved. With a command waiting below the caller the drawing closes as soon as that command has
 /// unwound; with no command it is closed on return.
 Result<void> closeDrawing(DrawingId id);
+/// Reads an idle drawing's file anew and drops what wasn't saved; the drawing gets a new id, which
+/// is returned. One whose file can't be read stays as it is.
+Result<DrawingId> reloadDrawing(DrawingId id);
 /// Refused while activation is disabled, and for a drawing whose prompt lies below another's.
 Result<void> activateDrawing(DrawingId id);
 std::vector<DrawingInfo> drawings();

@@ -160,6 +160,7 @@ HWND makeDialog(HINSTANCE module, const DialogTemplate& dialog, HWND parent, DLG
     state->procedure = procedure;
     state->templateId = dialog.id;
     state->baseUnits = base;
+    state->corner = {spec.place.left, spec.place.top};
     state->defaultId = defaultButtonOf(dialog);
     if (attach) attach(made);
   });

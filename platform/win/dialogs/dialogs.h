@@ -13,6 +13,7 @@ class DialogState : public WindowState {
   DLGPROC procedure = nullptr;
   unsigned templateId = 0;
   SIZE baseUnits{6, 13};
+  POINT corner{};             ///< where its template put it on the screen
   int defaultId = 0;          ///< of the button that Enter presses
   HWND savedFocus = nullptr;  ///< the control that had the focus when the dialog was left
   LRESULT result = 0;         ///< what the procedure left as a message's answer

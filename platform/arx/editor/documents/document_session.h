@@ -3,14 +3,14 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
-#include "platform/arx/database/object_id.h"
+#include "platform/arx/database/object_id_set.h"
 #include "platform/arx/editor/documents/keywords.h"
 #include "platform/arx/editor/documents/sysvars.h"
 #include "platform/arx/editor/documents/view.h"
 #include "platform/arx/geometry/geometry.h"
+#include "platform/dxf/file_bytes.h"
 #include "platform/dxf/record_store.h"
 
 namespace kovra::arx {
@@ -38,11 +38,18 @@ struct UcsMatrices {
   AcGeMatrix3d fromWorld;
 };
 
+/// Whose place a drawing takes that was opened from a copy.
+struct RecoveredFrom {
+  std::string file;  ///< empty: it was never saved
+  /// The file as the copy continues it; nothing when that is gone, or known to be another one now.
+  std::optional<dxf::FileStamp> stamp;
+};
+
 /// What belongs to an open document and isn't part of its drawing.
 struct DocumentSession {
   bool closing = false;  ///< every prompt is cancelled until the document is idle
-  /// Of a drawing that was opened from a copy until it is saved: its file, empty without one.
-  std::optional<std::string> recoveredFile;
+  /// Of a drawing that was opened from a copy, until it is saved.
+  std::optional<RecoveredFrom> recovered;
   std::vector<std::wstring> commands;                            ///< running, outermost first
   std::wstring lastCommand;                                      ///< for a plain Enter
   std::map<std::wstring, VariableValue, std::less<>> variables;  ///< by upper-case name
@@ -50,7 +57,7 @@ struct DocumentSession {
   UcsMatrices ucs;
   std::vector<AcDbObjectId> implied;   ///< the implied selection
   std::vector<AcDbObjectId> previous;  ///< the last selection made
-  std::unordered_set<AcDbObjectId> highlighted;
+  ObjectIdSet highlighted;
   PromptControl promptControl;
   std::wstring lastInput;  ///< keyword or text for acedGetInput
   Cursor cursor;

@@ -21,7 +21,7 @@ bool SelectionSet::add(AcDbObjectId id) {
   if (!present_.empty())
     present_.insert(id);
   else if (members_.size() > kFew)
-    present_.insert(members_.begin(), members_.end());
+    for (const AcDbObjectId& member : members_) present_.insert(member);
   return true;
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <map>
-#include <unordered_set>
 #include <vector>
 
 #include "platform/arx/base/ads.h"
-#include "platform/arx/database/object_id.h"
+#include "platform/arx/database/object_id_set.h"
 
 namespace kovra::arx {
 
@@ -20,7 +19,7 @@ class SelectionSet {
 
  private:
   std::vector<AcDbObjectId> members_;
-  std::unordered_set<AcDbObjectId> present_;  ///< the members once they are more than a few
+  ObjectIdSet present_;  ///< the members once they are more than a few
 };
 
 /// The second word of a set's name; an entity's is 0.

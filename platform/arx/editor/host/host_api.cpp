@@ -9,6 +9,7 @@
 #include "platform/arx/editor/documents/document_session.h"
 #include "platform/arx/editor/host/message_hooks.h"
 #include "platform/arx/editor/prompts/prompt.h"
+#include "platform/dxf/file_bytes.h"
 #include "platform/dxf/record_store.h"
 #include "platform/win/base/pump.h"
 #include "platform/win/base/wide_text.h"
@@ -32,8 +33,8 @@ Error notOpen() {
 
 /// Where the drawing is saved; empty when nobody has said.
 const std::string& fileOf(const AcApDocument& document) {
-  const std::optional<std::string>& recovered = document.session().recoveredFile;
-  return recovered ? *recovered : document.database()->path();
+  const std::optional<RecoveredFrom>& recovered = document.session().recovered;
+  return recovered ? recovered->file : document.database()->path();
 }
 
 /// The document of a file that is open already.
@@ -70,6 +71,17 @@ bool modalOnTop() {
   return top != nullptr && top->kind == win::WaitKind::modalDialog;
 }
 
+/// A file that was changed since it was copied isn't written over.
+Result<void> mayTakePlace(const RecoveredFrom& recovered, const std::string& target) {
+  std::error_code ignored;
+  const Result<dxf::FileStamp> there = dxf::stampOf(target);
+  if (!there || (target != recovered.file && !fs::equivalent(target, recovered.file, ignored)))
+    return {};
+  if (recovered.stamp && *recovered.stamp == there.value()) return {};
+  return Error{ErrorKind::kChangedOnDisk,
+               target + ": the file was changed by another program since it was copied"};
+}
+
 }  // namespace
 
 Result<DrawingId> openDrawing(const fs::path& file) {
@@ -85,12 +97,15 @@ Result<DrawingId> newDrawing() {
   return activated(DocumentList::instance().add(std::make_unique<AcDbDatabase>(true)));
 }
 
-Result<DrawingId> recoverDrawing(const fs::path& copy, const fs::path& file) {
+Result<DrawingId> recoverDrawing(const fs::path& copy, const fs::path& file, bool unchanged) {
   if (Result<void> allowed = mayOpen(); !allowed) return allowed.error();
   auto bytes = std::make_unique<AcDbDatabase>(false);
   if (Result<void> opened = bytes->open(copy.string()); !opened) return opened.error();
   AcApDocument& document = DocumentList::instance().add(std::move(bytes));
-  document.session().recoveredFile = file.string();
+  RecoveredFrom recovered{file.string(), {}};
+  if (const auto stamp = dxf::stampOf(recovered.file); stamp && unchanged)
+    recovered.stamp = stamp.value();
+  document.session().recovered = std::move(recovered);
   if (!file.empty()) DocumentList::instance().setFile(document, file.string());
   return activated(document);
 }
@@ -113,9 +128,12 @@ Result<void> saveDrawing(DrawingId id, const fs::path* file, SaveOptions options
   how.backup = options.backup;
   how.adopt = !options.copy && (options.rename || file == nullptr || own.empty() ||
                                 fs::equivalent(own, *file, ignored));
-  Result<void> saved = database.save(file != nullptr ? file->string() : own, how);
+  const std::string target = file != nullptr ? file->string() : own;
+  if (const auto& recovered = document->session().recovered; recovered && how.adopt)
+    if (Result<void> allowed = mayTakePlace(*recovered, target); !allowed) return allowed;
+  Result<void> saved = database.save(target, how);
   if (!saved || !how.adopt) return saved;
-  document->session().recoveredFile.reset();
+  document->session().recovered.reset();
   DocumentList::instance().setFile(*document, database.path());
   return saved;
 }
@@ -123,6 +141,15 @@ Result<void> saveDrawing(DrawingId id, const fs::path* file, SaveOptions options
 Result<void> closeDrawing(DrawingId id) {
   AcApDocument* document = find(id);
   return document != nullptr ? closeDocument(*document) : notOpen();
+}
+
+Result<DrawingId> reloadDrawing(DrawingId id) {
+  AcApDocument* document = find(id);
+  if (document == nullptr) return notOpen();
+  auto database = std::make_unique<AcDbDatabase>(false);
+  if (Result<void> read = database->open(fileOf(*document)); !read) return read.error();
+  if (Result<void> closed = closeDocument(*document); !closed) return closed.error();
+  return activated(DocumentList::instance().add(std::move(database)));
 }
 
 Result<void> activateDrawing(DrawingId id) {
@@ -135,7 +162,7 @@ std::vector<DrawingInfo> drawings() {
   for (const auto& document : DocumentList::instance().all())
     infos.push_back(
         {document->serial(), fileOf(*document), document->docTitle(),
-         document->database()->isModified() || document->session().recoveredFile.has_value()});
+         document->database()->isModified() || document->session().recovered.has_value()});
   return infos;
 }
 

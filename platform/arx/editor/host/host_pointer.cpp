@@ -1,8 +1,8 @@
 #include <cmath>
-#include <unordered_set>
 
 #include "platform/arx/database/database.h"
 #include "platform/arx/database/entity_order.h"
+#include "platform/arx/database/object_id_set.h"
 #include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/documents/document_session.h"
 #include "platform/arx/editor/documents/sysvars.h"
@@ -199,9 +199,10 @@ namespace {
 /// Makes entities the implied selection, behind those that it has.
 void addImplied(AcApDocument& document, const std::vector<AcDbObjectId>& ids) {
   std::vector<AcDbObjectId>& implied = document.session().implied;
-  std::unordered_set<AcDbObjectId> present(implied.begin(), implied.end());
+  ObjectIdSet present;
+  for (const AcDbObjectId& id : implied) present.insert(id);
   for (const AcDbObjectId& id : ids)
-    if (present.insert(id).second) implied.push_back(id);
+    if (present.insert(id)) implied.push_back(id);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "platform/arx/editor/documents/document_list.h"
 #include "platform/arx/editor/documents/document_session.h"
 #include "platform/arx/editor/picks/drag.h"
+#include "platform/arx/editor/picks/hit_test.h"
 #include "platform/arx/editor/picks/jig.h"
 #include "platform/arx/editor/picks/selection_prompt.h"
 #include "platform/arx/editor/prompts/prompt.h"
@@ -14,7 +15,7 @@ PromptView promptView() {
   const AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr) return shown;
   const DocumentSession& session = document->session();
-  shown.highlighted.assign(session.highlighted.begin(), session.highlighted.end());
+  shown.highlighted = session.highlighted.ids();
   shown.selected = session.implied;
   if (const SelectionSet* selection = activeSelection(); selection != nullptr)
     shown.selected = selection->members();
@@ -31,6 +32,22 @@ PromptView promptView() {
   if (const AcEdJig* jig = activeJig(); jig != nullptr) shown.jigged = jig->entity();
   if (shown.jigged == nullptr) shown.drag = activeDrag();
   return shown;
+}
+
+std::optional<Hovered> hovered() {
+  AcApDocument* document = DocumentList::instance().current();
+  const ActivePrompt* prompt = topPrompt();
+  if (document == nullptr || prompt == nullptr || prompt->document() != document)
+    return std::nullopt;
+  const Cursor& cursor = document->session().cursor;
+  const auto& taken = prompt->question().taken;
+  if (!cursor.known || (!taken && !prompt->isIdle())) return std::nullopt;
+  const std::optional<PickHit> hit =
+      hoveredAt(*document, prompt->isIdle() ? cursor.point : cursor.effective);
+  if (!hit) return std::nullopt;
+  const AcDbObjectId part = taken ? taken(*hit) : hit->entity;
+  if (part.isNull()) return std::nullopt;
+  return Hovered{hit->entity, part};
 }
 
 }  // namespace kovra::arx::host

@@ -32,4 +32,14 @@ struct PromptView {
 /// Of the current drawing; empty with none.
 PromptView promptView();
 
+/// What a click would take where the cursor is.
+struct Hovered {
+  AcDbObjectId entity;  ///< of the current space
+  AcDbObjectId taken;   ///< the entity, or its part that is meant
+  bool operator==(const Hovered&) const = default;
+};
+/// Nothing where the prompt that waits picks nothing, and as long as nobody knows what lies near
+/// the cursor (see EntityIndex). Reads the drawing.
+std::optional<Hovered> hovered();
+
 }  // namespace kovra::arx::host

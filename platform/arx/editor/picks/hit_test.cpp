@@ -20,11 +20,15 @@ namespace {
 
 EntityIndex* entityIndex = nullptr;
 
+std::optional<std::vector<dxf::RecordIndex>> knownNear(const AcApDocument& document,
+                                                       const AcDbExtents& box) {
+  return entityIndex != nullptr ? entityIndex->entitiesIn(document, box) : std::nullopt;
+}
+
 /// What a search in a box has to look at.
 std::vector<dxf::RecordIndex> entitiesToSearch(const AcApDocument& document,
                                                const AcDbExtents& box) {
-  if (entityIndex != nullptr)
-    if (auto near = entityIndex->entitiesIn(document, box)) return std::move(*near);
+  if (auto near = knownNear(document, box)) return std::move(*near);
   std::vector<dxf::RecordIndex> all;
   forEachEntity(*document.database(), [&](dxf::RecordIndex record) { all.push_back(record); });
   return all;
@@ -278,6 +282,13 @@ std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point) 
   Picks picks = picksAt(document, {&point, 1});
   sayUnsearched(picks.unsearched);
   return std::move(picks.hits.front());
+}
+
+std::optional<PickHit> hoveredAt(AcApDocument& document, const AcGePoint3d& point) {
+  AcDbExtents place;
+  place.addPoint(point);
+  if (!knownNear(document, place)) return std::nullopt;
+  return std::move(picksAt(document, {&point, 1}).hits.front());
 }
 
 std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id) {

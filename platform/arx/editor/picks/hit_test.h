@@ -36,6 +36,10 @@ void setEntityIndex(EntityIndex* index);
 /// The last drawn visible entity within PICKBOX pixels of a world point, in plan view.
 std::optional<PickHit> pickAt(AcApDocument& document, const AcGePoint3d& point);
 
+/// The same for who only shows what a pick would give: it says nothing, and finds nothing as long
+/// as nobody knows what lies near by (see EntityIndex).
+std::optional<PickHit> hoveredAt(AcApDocument& document, const AcGePoint3d& point);
+
 /// A world point at which a pick gives the entity, or the attribute or nested entity; nothing when
 /// others cover it or it isn't drawn.
 std::optional<AcGePoint3d> pickPointOf(AcApDocument& document, AcDbObjectId id);

@@ -42,13 +42,14 @@ PickReply namedEntity(const Answer& answer) {
   return reply;
 }
 
-PickReply askPick(AcApDocument& document, const ACHAR* prompt) {
+PickReply askPick(AcApDocument& document, const ACHAR* prompt, AcDbObjectId PickHit::*taken) {
   const PromptControl control = takePromptControl();
   Question question;
   question.kind = host::WaitKind::kPick;
   question.keywords = &control.keywords;
   question.prompt = prompt != nullptr ? prompt : L"Select object: ";
   question.takesPoints = true;
+  question.taken = [taken](const PickHit& hit) { return hit.*taken; };
   for (;;) {
     const Answer answer = ask(document, question);
     PickReply reply;
@@ -112,7 +113,7 @@ using namespace kovra::arx;
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr || entity == nullptr) return RTERROR;
-  const PickReply reply = askPick(*document, prompt);
+  const PickReply reply = askPick(*document, prompt, &PickHit::entity);
   if (reply.status != RTNORM) return reply.status;
   if (acdbGetAdsName(entity, reply.hit.entity) != Acad::eOk) return RTERROR;
   giveUcsPoint(*document, reply.point, point);
@@ -123,7 +124,7 @@ int acedNEntSel(const ACHAR* prompt, ads_name entity, ads_point point, ads_point
                 resbuf** containers) {
   AcApDocument* document = DocumentList::instance().current();
   if (document == nullptr || entity == nullptr) return RTERROR;
-  const PickReply reply = askPick(*document, prompt);
+  const PickReply reply = askPick(*document, prompt, &PickHit::leaf);
   const int status = giveNested(*document, reply, entity, point, containers);
   if (status != RTNORM || xform == nullptr) return status;
   // The old form has the images of the axes and of the origin as rows.
@@ -141,7 +142,7 @@ int acedNEntSelP(const ACHAR* prompt, ads_name entity, ads_point point, int pick
   if (pickFlag != 0)
     reply = hitAt(*document, toWorld(*document, {point[0], point[1], point[2]}));
   else
-    reply = askPick(*document, prompt);
+    reply = askPick(*document, prompt, &PickHit::leaf);
   const int status = giveNested(*document, reply, entity, point, containers);
   if (status != RTNORM || xform == nullptr) return status;
   for (unsigned row = 0; row < 4; ++row)

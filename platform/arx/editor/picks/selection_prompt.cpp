@@ -45,6 +45,7 @@ class SelectionDialogue {
   bool box(const Answer& answer, std::optional<bool> crossing);
   void undo();
   bool canBeMember(AcDbObjectId id) const;
+  bool isTaken(AcDbObjectId id) const;
   AcDbObjectId memberOf(const PickHit& hit) const;
   Ids inBox(const AcGePoint3d& a, const AcGePoint3d& b, bool crossing) const;
   Attributes kindsTaken() const {
@@ -74,6 +75,10 @@ Question SelectionDialogue::question() const {
   asked.takesEntities = true;
   asked.takesAttributes = request_.attributes;
   asked.keywords = &selectionWords();
+  asked.taken = [this](const PickHit& hit) {
+    const AcDbObjectId member = memberOf(hit);
+    return isTaken(member) ? member : AcDbObjectId();
+  };
   return asked;
 }
 
@@ -99,6 +104,12 @@ bool SelectionDialogue::canBeMember(AcDbObjectId id) const {
   const dxf::RecordIndex reference =
       request_.attributes ? attributeOwner(database, id.index()) : dxf::kNoRecord;
   return isEntityOfCurrentSpace(database, reference != dxf::kNoRecord ? reference : id.index());
+}
+
+/// Whether an object counts that an answer gives; on locked layers only what is taken out.
+bool SelectionDialogue::isTaken(AcDbObjectId id) const {
+  const bool refused = request_.refuseLocked && !removing_ && onLockedLayer(id);
+  return !refused && canBeMember(id) && request_.filter.matches(*document_.database(), id.index());
 }
 
 /// What a click hit: the attribute, where attributes can be selected, else what it belongs to.

@@ -19,6 +19,8 @@ class AcApDocument;
 
 namespace kovra::arx {
 
+struct PickHit;
+
 /// Where a blank ends the input.
 enum class Blanks { kAccept, kText, kTextInQuotes };
 
@@ -34,6 +36,8 @@ struct Question {
   std::optional<AcGePoint3d> base{};      ///< world point from which ORTHOMODE works
   bool ortho = true;                      ///< false where ORTHOMODE has no effect
   std::function<void(const AcGePoint3d&)> cursorMoved{};  ///< told in world coordinates
+  /// What a click takes of what it hits; null for nothing. Unset where clicks don't pick.
+  std::function<AcDbObjectId(const PickHit&)> taken{};
 };
 
 enum class AnswerKind { kText, kPoint, kEntities, kCancel };

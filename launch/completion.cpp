@@ -1,12 +1,12 @@
-#include "host/program/completion.h"
+#include "launch/completion.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "host/program/script_text.h"
+#include "launch/quoted_text.h"
 #include "platform/win/base/wide_text.h"
 
-namespace kovra::host {
+namespace kovra::launch {
 namespace {
 
 constexpr std::wstring_view kBlanks = L" \t";
@@ -304,4 +304,29 @@ Completion complete(std::wstring_view line, const arx::host::Wait& wait, const O
   return completeFrom(0, line, wait, offers);
 }
 
-}  // namespace kovra::host
+std::vector<Offer> editorOffers(OfferKind kind) {
+  std::vector<Offer> offers;
+  const auto addNames = [&offers](arx::host::NameKind names) {
+    for (std::wstring& name : arx::host::namesOf(names)) offers.push_back({std::move(name), {}});
+  };
+  switch (kind) {
+    case OfferKind::kCommand:
+      for (arx::host::CommandInfo& command : arx::host::commands())
+        offers.push_back({std::move(command.name), std::move(command.summary)});
+      break;
+    case OfferKind::kVariable:
+      addNames(arx::host::NameKind::kVariable);
+      break;
+    case OfferKind::kLayer:
+      addNames(arx::host::NameKind::kLayer);
+      break;
+    case OfferKind::kTextStyle:
+      addNames(arx::host::NameKind::kTextStyle);
+      break;
+    default:
+      break;
+  }
+  return offers;
+}
+
+}  // namespace kovra::launch

@@ -7,8 +7,8 @@
 
 #include "platform/arx/editor/host_api.h"
 
-/// What can be typed next. Knows neither a terminal nor windows: a desktop can ask the same.
-namespace kovra::host {
+/// What can be typed next. Knows neither a terminal nor windows.
+namespace kovra::launch {
 
 /// Kinds of names that lines are made of.
 enum class OfferKind {
@@ -50,7 +50,11 @@ struct Completion {
 /// Case counts for files only. Names are put in quotes where the line takes them in quotes.
 Completion complete(std::wstring_view line, const arx::host::Wait& wait, const Offers& offers);
 
+/// The names that the editor itself knows now: commands, variables, records of the current drawing.
+/// None of the other kinds.
+std::vector<Offer> editorOffers(OfferKind kind);
+
 /// complete() with everything but the line settled.
 using Completer = std::function<Completion(std::wstring_view line)>;
 
-}  // namespace kovra::host
+}  // namespace kovra::launch
