@@ -74,6 +74,8 @@ void onRefusedAct(std::function<void(const std::string&)> told) {
 
 void addAct(HWND window, std::function<win::InputResult()> act) {
   inputQueue().add([window, act = std::move(act)] {
+    // What an act before it hid is left alone.
+    if (!IsWindowVisible(window)) return;
     const win::InputResult result = act();
     if (!result && refusalListener()) refusalListener()(result.error);
     InvalidateRect(window, nullptr, FALSE);

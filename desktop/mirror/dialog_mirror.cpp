@@ -7,6 +7,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 #include <cstdlib>
 #include <utility>
 
@@ -157,11 +158,22 @@ bool DialogWidget::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool DialogWidget::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate)
+  if (event->type() == QEvent::Show) {
+    // Some platforms make active what is shown, whatever they are asked: within a moment that is
+    // theirs and not the user's, and the focus stays where it is in memory.
+    constexpr int kMoment = 300;
+    justShown_ = true;
+    QTimer::singleShot(kMoment, this, [this] { justShown_ = false; });
+  }
+  if (event->type() == QEvent::WindowActivate && std::exchange(justShown_, false) &&
+      parentWidget() != nullptr && !win::isInside(dialog_, GetFocus())) {
+    QTimer::singleShot(0, parentWidget(), [owner = parentWidget()] { owner->activateWindow(); });
+  } else if (event->type() == QEvent::WindowActivate) {
     addAct(dialog_, [dialog = dialog_] {
       if (win::isInside(dialog, GetFocus())) return win::InputResult{};
       return win::focusControl(dialog);
     });
+  }
   return QDialog::event(event);
 }
 

@@ -42,6 +42,7 @@ class DialogWidget : public QDialog {
   HWND dialog_;
   Scale scale_;
   RECT followed_{};         ///< the place in memory that it stands for
+  bool justShown_ = false;  ///< a moment ago
   bool placed_ = false;     ///< it has had a place on the screen
   bool following_ = false;  ///< what changes now isn't the user's doing
   bool moveWaits_ = false;
