@@ -57,7 +57,9 @@ class DrawingView::Shown {
 
   PointerActs& acts() { return acts_; }
   const DrawingPicture& picture() const { return picture_; }
-  bool complete() { return list_ != nullptr ? list_->complete() && picture_.complete() : true; }
+  bool complete() const {
+    return list_ == nullptr || (list_->complete() && picture_.complete() && overlay_.complete());
+  }
   DisplayList* list() { return list_; }
 
  private:
@@ -125,7 +127,7 @@ void DrawingView::Shown::refresh() {
     changed = picture_.work(Clock::now() + (first ? kFirstSlice : kSlice)) || changed;
   }
   const bool hovers = cursor && !boxFrom && !pannedFrom && !zoomWindow;
-  changed = overlay_.refresh(list_, pixels, hovers) || changed;
+  changed = overlay_.refresh(list_, pixels, hovers, Clock::now() + kSlice) || changed;
   changed = acts_.takeSnapChanged() || changed;
   if (changed) view_.update();
   if (!complete()) wakeSoon();

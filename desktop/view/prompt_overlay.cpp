@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "desktop/loop/texts.h"
-#include "desktop/view/shape_painter.h"
 #include "platform/arx/database/entity.h"
 #include "platform/arx/editor/picks/drag.h"
 
@@ -21,8 +20,6 @@ constexpr QRgb kSnapColor = 0xff7ee02c;
 constexpr QRgb kTipGround = 0xfff4f1d8;
 constexpr QRgb kTipInk = 0xff202020;
 constexpr QRgb kBandColor = 0xffe0c46c;
-/// With more entities in a preview their texts are strokes.
-constexpr std::size_t kMostLetters = 1500;
 
 QImage emptyImage(const ViewFrame& frame) {
   QImage image(std::max(1, static_cast<int>(std::lround(frame.width))),
@@ -30,17 +27,6 @@ QImage emptyImage(const ViewFrame& frame) {
                QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   return image;
-}
-
-bool sameFrame(const ViewFrame& a, const ViewFrame& b) {
-  return a.center.x == b.center.x && a.center.y == b.center.y && a.scale == b.scale &&
-         a.width == b.width && a.height == b.height;
-}
-
-/// What lies in a rectangle of a picture as a picture of its own.
-ViewFrame partOf(const ViewFrame& frame, const QRect& place) {
-  return {frame.toWorld(QRectF(place).center()), frame.scale, static_cast<double>(place.width()),
-          static_cast<double>(place.height())};
 }
 
 void append(const std::vector<AcDbObjectId>& ids, std::vector<dxf::RecordIndex>& records) {
@@ -51,64 +37,83 @@ QTransform flat(const AcGeMatrix3d& m) {
   return {m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 3), m(1, 3)};
 }
 
-bool isShift(const QTransform& t) {
-  constexpr double kNothing = 1e-12;
-  return std::fabs(t.m11() - 1) < kNothing && std::fabs(t.m22() - 1) < kNothing &&
-         std::fabs(t.m12()) < kNothing && std::fabs(t.m21()) < kNothing;
+OverlayPicture::PieceAt piecesOf(const DisplayList& list,
+                                 const std::vector<dxf::RecordIndex>& records) {
+  return [&](std::size_t i) {
+    const Chunk* chunk = nullptr;
+    const Shown* shown = list.find(records[i], chunk);
+    return shown != nullptr ? OverlayPicture::Piece{&chunk->shapes, shown->range, shown->box}
+                            : OverlayPicture::Piece();
+  };
+}
+
+/// Each curve and each text of its own.
+OverlayPicture::PieceAt piecesOf(const Shapes& shapes) {
+  return [&](std::size_t i) {
+    const std::size_t curves = shapes.curves.size();
+    ShapeRange range;
+    if (i < curves)
+      range = {static_cast<std::uint32_t>(i), 1, 0, 0};
+    else
+      range = {0, 0, static_cast<std::uint32_t>(i - curves), 1};
+    return OverlayPicture::Piece{&shapes, range, shapes.boxOf(range)};
+  };
 }
 
 }  // namespace
 
-bool PromptOverlay::Picture::is(const std::vector<dxf::RecordIndex>& those,
-                                const ViewFrame& in) const {
-  return records == those && (records.empty() || (sameFrame(frame, in) && !image.isNull()));
-}
-
-bool PromptOverlay::refresh(DisplayList* list, const ViewFrame& frame, bool hovers) {
+bool PromptOverlay::refresh(DisplayList* list, const ViewFrame& frame, bool hovers,
+                            Clock::time_point deadline) {
   const arx::host::PromptView before = std::exchange(prompt_, arx::host::promptView());
   const bool banded = prompt_.base.has_value() && prompt_.takesPoints;
   bool changed = before.kind != prompt_.kind || before.base != prompt_.base ||
                  (banded && before.cursor != prompt_.cursor);
-  changed = refreshSelection(list, frame) || changed;
-  changed = refreshDrag(list, frame) || changed;
+  changed = refreshDrag(list, frame, deadline) || changed;
+  changed = refreshJig(frame, deadline) || changed;
   changed = refreshHovered(list, frame, hovers) || changed;
-  return refreshJig(frame) || changed;
+  return refreshSelection(list, frame, deadline) || changed;
 }
 
-bool PromptOverlay::refreshSelection(const DisplayList* list, const ViewFrame& frame) {
+bool PromptOverlay::refreshEntities(Entities& shown, std::vector<dxf::RecordIndex> records,
+                                    const DisplayList* list, const ViewFrame& frame,
+                                    const QTransform& place, const ShapePainter::Style& style,
+                                    Clock::time_point deadline) const {
+  if (list == nullptr || records.empty()) {
+    const bool showed = !shown.records.empty();
+    shown = {};
+    return showed;
+  }
+  const ViewFrame frameBefore = shown.picture.frame();
+  const QTransform placeBefore = shown.picture.place();
+  if (records != shown.records || !shown.picture.moveTo(frame, place)) {
+    shown.records = std::move(records);
+    shown.picture.begin(frame, place, shown.records.size(), piecesOf(*list, shown.records));
+  } else if (shown.picture.complete()) {
+    return placeBefore != place || frameBefore != frame;
+  }
+  shown.picture.work(piecesOf(*list, shown.records), glyphs_, style, deadline);
+  return true;
+}
+
+bool PromptOverlay::refreshSelection(const DisplayList* list, const ViewFrame& frame,
+                                     Clock::time_point deadline) {
   std::vector<dxf::RecordIndex> records;
   append(prompt_.selected, records);
   append(prompt_.highlighted, records);
-  if (selection_.is(records, frame)) return false;
-  selection_ = {std::move(records), frame, {}};
-  if (list != nullptr && !selection_.records.empty())
-    selection_.image = picture(*list, selection_.records, frame, {}, true);
-  return true;
+  ShapePainter::Style style;
+  style.color = kSelected;
+  style.dashed = true;
+  return refreshEntities(selection_, std::move(records), list, frame, {}, style, deadline);
 }
 
-/// Few entities are painted where they are now. A picture of many is moved as long as they are only
-/// shifted; it shows more than the view, for what comes into sight.
-bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame) {
+bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame,
+                                Clock::time_point deadline) {
   std::vector<dxf::RecordIndex> records;
   const arx::ActiveDrag* drag = prompt_.drag;
-  const bool shown = list != nullptr && drag != nullptr && drag->moved;
-  if (shown) append(drag->entities, records);
-  if (!shown && drag_.records.empty()) return false;
-  const QTransform place = shown ? flat(drag->place) : QTransform();
-  const bool stays = place == dragPlace_;
-  dragPlace_ = place;
-  if (stays && drag_.is(records, frame)) return false;
-  const bool moves = records.size() >= kMostLetters && isShift(place);
-  const QPointF shift(place.dx() * frame.scale, -place.dy() * frame.scale);
-  dragShift_ = moves ? shift - QPointF(frame.width / 2, frame.height / 2) : QPointF();
-  if (moves && drag_.is(records, frame)) return true;
-  drag_ = {std::move(records), frame, {}};
-  ViewFrame wide = frame;
-  wide.width *= 2;
-  wide.height *= 2;
-  if (moves) drag_.image = picture(*list, drag_.records, wide, {}, false);
-  if (shown && !moves) drag_.image = picture(*list, drag_.records, frame, place, false);
-  return true;
+  const bool moved = drag != nullptr && drag->moved;
+  if (moved) append(drag->entities, records);
+  const QTransform place = moved ? flat(drag->place) : QTransform();
+  return refreshEntities(drag_, std::move(records), list, frame, place, {}, deadline);
 }
 
 /// What a click would take. It is asked anew each time: what a prompt takes may change under a
@@ -116,7 +121,7 @@ bool PromptOverlay::refreshDrag(const DisplayList* list, const ViewFrame& frame)
 bool PromptOverlay::refreshHovered(DisplayList* list, const ViewFrame& frame, bool hovers) {
   const std::optional<arx::host::Hovered> before = hovered_;
   hovered_ = hovers && list != nullptr ? arx::host::hovered() : std::nullopt;
-  if (hovered_ == before && (!hovered_ || sameFrame(frame, hoverFrame_))) return false;
+  if (hovered_ == before && (!hovered_ || frame == hoverFrame_)) return false;
   hoverFrame_ = frame;
   const bool showed = !std::exchange(hover_, {}).isNull();
   if (!hovered_) return showed;
@@ -126,7 +131,7 @@ bool PromptOverlay::refreshHovered(DisplayList* list, const ViewFrame& frame, bo
   const QRectF all(0, 0, frame.width, frame.height);
   hoverPlace_ = frame.toPixels(box).adjusted(-4, -4, 4, 4).intersected(all).toAlignedRect();
   if (hoverPlace_.isEmpty()) return showed;
-  const ViewFrame part = partOf(frame, hoverPlace_);
+  const ViewFrame part = frame.partOf(hoverPlace_);
   hover_ = emptyImage(part);
   ShapePainter::Style style;
   style.color = kHovered;
@@ -136,54 +141,41 @@ bool PromptOverlay::refreshHovered(DisplayList* list, const ViewFrame& frame, bo
   return true;
 }
 
-bool PromptOverlay::refreshJig(const ViewFrame& frame) {
-  const Shapes before = std::exchange(jigged_, {});
-  const bool had = !jig_.isNull();
+/// The jig's entity is asked anew each time: it may have changed under a cursor that rests. If only
+/// its place has, the picture is moved.
+bool PromptOverlay::refreshJig(const ViewFrame& frame, Clock::time_point deadline) {
+  Shapes shapes;
   if (prompt_.jigged != nullptr && prompt_.cursorKnown) {
-    ShapeWriter writer(jigged_);
+    ShapeWriter writer(shapes);
     prompt_.jigged->worldDraw(&writer);
   }
-  const bool shows = !jigged_.curves.empty() || !jigged_.texts.empty();
-  if (shows == had && jigged_ == before && sameFrame(frame, jigFrame_)) return false;
-  jigFrame_ = frame;
-  jig_ = {};
-  if (!shows) return had;
-  jig_ = emptyImage(frame);
-  ShapePainter::Style style;
-  style.smooth = style.letters = jigged_.texts.size() < kMostLetters;
-  ShapePainter painter(jig_, frame, glyphs_, jig_.rect(), style);
-  painter.paint(jigged_, jigged_.all(), jigged_.boxOf(jigged_.all()));
-  return true;
-}
-
-QImage PromptOverlay::picture(const DisplayList& list, const std::vector<dxf::RecordIndex>& records,
-                              const ViewFrame& frame, const QTransform& place,
-                              bool selected) const {
-  QImage image = emptyImage(frame);
-  ShapePainter::Style style;
-  style.smooth = style.letters = records.size() < kMostLetters;
-  if (selected) style.color = kSelected;
-  style.dashed = selected && records.size() < kMostLetters;
-  ShapePainter painter(image, frame, glyphs_, image.rect(), style);
-  for (const dxf::RecordIndex record : records) {
-    const Chunk* chunk = nullptr;
-    if (const Shown* shown = list.find(record, chunk); shown != nullptr)
-      painter.paint(chunk->shapes, shown->range, shown->box, place);
+  const std::size_t pieces = shapes.curves.size() + shapes.texts.size();
+  if (pieces == 0) {
+    const bool showed = !jig_.isNull();
+    jigged_ = {};
+    jig_ = {};
+    return showed;
   }
-  return image;
+  const std::optional<Spot> way = wayBetween(jigged_, shapes);
+  const QTransform place = way ? QTransform::fromTranslate(way->x, way->y) : QTransform();
+  const ViewFrame frameBefore = jig_.frame();
+  const QTransform placeBefore = jig_.place();
+  if (!way || !jig_.moveTo(frame, place)) {
+    jigged_ = std::move(shapes);
+    jig_.begin(frame, {}, pieces, piecesOf(jigged_));
+  } else if (jig_.complete()) {
+    return placeBefore != place || frameBefore != frame;
+  }
+  jig_.work(piecesOf(jigged_), glyphs_, {}, deadline);
+  return true;
 }
 
 void PromptOverlay::paint(QPainter& painter, const ViewFrame& frame,
                           std::optional<QPointF> cursor) const {
-  const auto show = [&](const Picture& shown, QPointF shift) {
-    if (!shown.image.isNull() && sameFrame(shown.frame, frame))
-      painter.drawImage(shift, shown.image);
-  };
-  show(selection_, {});
-  show(drag_, dragShift_);
-  if (!hover_.isNull() && sameFrame(hoverFrame_, frame))
-    painter.drawImage(hoverPlace_.topLeft(), hover_);
-  if (!jig_.isNull()) painter.drawImage(QPointF(0, 0), jig_);
+  selection_.picture.paint(painter, frame);
+  drag_.picture.paint(painter, frame);
+  if (!hover_.isNull() && hoverFrame_ == frame) painter.drawImage(hoverPlace_.topLeft(), hover_);
+  jig_.paint(painter, frame);
   if (!prompt_.base || !prompt_.takesPoints || !cursor) return;
   const QPointF base = frame.toPixel({prompt_.base->x, prompt_.base->y});
   if (prompt_.corner) return paintBox(painter, QRectF(base, *cursor), cursor->x() < base.x());

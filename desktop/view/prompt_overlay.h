@@ -7,6 +7,7 @@
 
 #include "desktop/view/display_list.h"
 #include "desktop/view/glyph_masks.h"
+#include "desktop/view/overlay_picture.h"
 #include "desktop/view/snaps.h"
 #include "desktop/view/view_frame.h"
 #include "platform/arx/editor/host/prompt_view.h"
@@ -20,8 +21,13 @@ class PromptOverlay {
 
   /// Asks the editor what its prompt shows, and looks the entities up. `frame` in pixels of the
   /// screen. True when it has to be painted again. Reads the drawing.
-  /// `hovers`: the cursor is in sight and free to pick.
-  bool refresh(DisplayList* list, const ViewFrame& frame, bool hovers);
+  /// `hovers`: the cursor is in sight and free to pick. Of many entities some are painted until
+  /// about `deadline`, the others by the next calls.
+  bool refresh(DisplayList* list, const ViewFrame& frame, bool hovers, Clock::time_point deadline);
+  /// Whether all of it is painted.
+  bool complete() const {
+    return selection_.picture.complete() && drag_.picture.complete() && jig_.complete();
+  }
   /// What the list has of entities isn't what it was.
   void forget() {
     selection_ = {};
@@ -35,33 +41,30 @@ class PromptOverlay {
   void paint(QPainter& painter, const ViewFrame& frame, std::optional<QPointF> cursor) const;
 
  private:
-  /// An image of entities in one view.
-  struct Picture {
+  /// Entities of the drawing, and their image.
+  struct Entities {
     std::vector<dxf::RecordIndex> records;
-    ViewFrame frame;
-    QImage image;
-    bool is(const std::vector<dxf::RecordIndex>& those, const ViewFrame& in) const;
+    OverlayPicture picture;
   };
-  bool refreshSelection(const DisplayList* list, const ViewFrame& frame);
-  bool refreshDrag(const DisplayList* list, const ViewFrame& frame);
+  bool refreshSelection(const DisplayList* list, const ViewFrame& frame,
+                        Clock::time_point deadline);
+  bool refreshDrag(const DisplayList* list, const ViewFrame& frame, Clock::time_point deadline);
   bool refreshHovered(DisplayList* list, const ViewFrame& frame, bool hovers);
-  bool refreshJig(const ViewFrame& frame);
-  QImage picture(const DisplayList& list, const std::vector<dxf::RecordIndex>& records,
-                 const ViewFrame& frame, const QTransform& place, bool selected) const;
+  bool refreshJig(const ViewFrame& frame, Clock::time_point deadline);
+  bool refreshEntities(Entities& shown, std::vector<dxf::RecordIndex> records,
+                       const DisplayList* list, const ViewFrame& frame, const QTransform& place,
+                       const ShapePainter::Style& style, Clock::time_point deadline) const;
 
   GlyphMasks& glyphs_;
   arx::host::PromptView prompt_;
-  Picture selection_;
-  Picture drag_;       ///< where the entities stand in the drawing, if it is only moved
-  QPointF dragShift_;  ///< pixels
-  QTransform dragPlace_;
+  Entities selection_;
+  Entities drag_;
   std::optional<arx::host::Hovered> hovered_;
   ViewFrame hoverFrame_;
   QRect hoverPlace_;  ///< in the picture
   QImage hover_;
-  Shapes jigged_;
-  ViewFrame jigFrame_;
-  QImage jig_;
+  Shapes jigged_;  ///< as the jig showed it when its picture was begun
+  OverlayPicture jig_;
 };
 
 /// The box that a window or a crossing selects, or the one that a corner is asked of.

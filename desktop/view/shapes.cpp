@@ -75,6 +75,36 @@ Box Shapes::boxOf(const ShapeRange& range) const {
   return box;
 }
 
+std::optional<Spot> wayBetween(const Shapes& from, const Shapes& to) {
+  if (from.curves != to.curves || from.texts.size() != to.texts.size() ||
+      from.points.size() != to.points.size() || from.characters != to.characters)
+    return std::nullopt;
+  std::optional<Spot> way;
+  const auto shifted = [&](Spot a, Spot b) {
+    constexpr double kRounding = 1e-12;
+    if (!way) way = Spot{b.x - a.x, b.y - a.y};
+    const auto near = [](double at, double other) {
+      return std::fabs(at - other) <= kRounding * (1 + std::fabs(at) + std::fabs(other));
+    };
+    return near(a.x + way->x, b.x) && near(a.y + way->y, b.y);
+  };
+  for (const Curve& curve : from.curves) {
+    const std::size_t first = curve.firstPoint;
+    const std::size_t places = curve.kind == CurveKind::kArc ? 1 : curve.points;
+    for (std::size_t i = first; i < first + curve.points; ++i)
+      if (i < first + places ? !shifted(from.points[i], to.points[i])
+                             : from.points[i] != to.points[i])
+        return std::nullopt;
+  }
+  for (std::size_t i = 0; i < from.texts.size(); ++i) {
+    TextLine there = from.texts[i];
+    if (!shifted(there.origin, to.texts[i].origin)) return std::nullopt;
+    there.origin = to.texts[i].origin;
+    if (there != to.texts[i]) return std::nullopt;
+  }
+  return way;
+}
+
 QRgb inkColor(const AcCmEntityColor& color) {
   constexpr Adesk::UInt16 kContrast = 7;
   constexpr int kNearDark = 60;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -92,6 +93,9 @@ struct Shapes {
   /// Around everything in a range.
   Box boxOf(const ShapeRange& range) const;
 };
+
+/// How far some shapes are shifted from others; nothing when they differ in something else.
+std::optional<Spot> wayBetween(const Shapes& from, const Shapes& to);
 
 /// The corners of a text's cell, going round.
 struct TextCell {

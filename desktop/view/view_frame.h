@@ -34,6 +34,12 @@ struct ViewFrame {
   ViewFrame inPixels(double ratio) const {
     return {center, scale * ratio, width * ratio, height * ratio};
   }
+  /// What lies in a rectangle of the picture as a picture of its own.
+  ViewFrame partOf(const QRect& place) const {
+    return {toWorld(QRectF(place).center()), scale, static_cast<double>(place.width()),
+            static_cast<double>(place.height())};
+  }
+  bool operator==(const ViewFrame&) const = default;
 };
 
 }  // namespace kovra::desktop
