@@ -11,7 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr unsigned kRandomUsers = 12;
+/// Several of them found faults: focus taken by a dialog that is shown, acts on hidden dialogs.
+constexpr unsigned kRandomUsers[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 23, 67, 94, 117};
 
 struct Outcome {
   ProgramRun run;
@@ -94,7 +95,7 @@ TEST_F(PlayTest, Examples) {
 }
 
 TEST_F(PlayTest, RandomUsers) {
-  for (unsigned seed = 1; seed <= kRandomUsers; ++seed) {
+  for (const unsigned seed : kRandomUsers) {
     SCOPED_TRACE(seed);
     const auto makeWorld = [&] {
       for (const NamedFile& file : randomFiles()) write(file.name, file.bytes);
