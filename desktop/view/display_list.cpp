@@ -23,6 +23,8 @@ constexpr double kWorkEach = 20e6;
 /// Drawings with more entities show a selection of them first.
 constexpr std::size_t kManyEntities = 20 * kChunkEntities;
 constexpr std::size_t kSampled = 6000;
+/// Changes between two looks at the clock.
+constexpr std::size_t kStride = 64;
 /// More places than this are painted as one.
 constexpr std::size_t kMostBoxes = 64;
 
@@ -98,20 +100,25 @@ void DisplayList::start() {
   chunks_.clear();
   sample_ = Chunk();
   places_.assign(database_.store().count(), {});
-  const dxf::Structure& structure = database_.structure();
-  for (RecordIndex r = structure.firstEntity(space_); r != dxf::kNoRecord;
-       r = structure.nextEntity(space_, r)) {
-    if (chunks_.empty() || chunks_.back().records.size() >= kChunkEntities) {
-      chunks_.emplace_back().records.reserve(kChunkEntities);
-    }
-    std::vector<RecordIndex>& records = chunks_.back().records;
-    setPlace(r, {static_cast<std::uint32_t>(chunks_.size() - 1),
-                 static_cast<std::uint32_t>(records.size())});
-    records.push_back(r);
-  }
-  buildOrder_ = spreadOrder(chunks_.size());
+  nextToList_ = database_.structure().firstEntity(space_);
+  buildOrder_.clear();
   nextToBuild_ = 0;
   buildingAgain_ = false;
+}
+
+void DisplayList::listEntities(Clock::time_point deadline) {
+  const dxf::Structure& structure = database_.structure();
+  for (std::size_t count = 1; nextToList_ != dxf::kNoRecord; ++count) {
+    if (chunks_.empty() || chunks_.back().records.size() >= kChunkEntities)
+      chunks_.emplace_back().records.reserve(kChunkEntities);
+    std::vector<RecordIndex>& records = chunks_.back().records;
+    setPlace(nextToList_, {static_cast<std::uint32_t>(chunks_.size() - 1),
+                           static_cast<std::uint32_t>(records.size())});
+    records.push_back(nextToList_);
+    nextToList_ = structure.nextEntity(space_, nextToList_);
+    if (count % kChunkEntities == 0 && Clock::now() >= deadline) break;
+  }
+  if (listed()) buildOrder_ = spreadOrder(chunks_.size());
 }
 
 /// The color of everything may be another one, or its block.
@@ -188,17 +195,26 @@ void DisplayList::makeSample(Clock::time_point deadline) {
 
 DisplayList::Damage DisplayList::work(Clock::time_point deadline) {
   Damage damage;
-  if (arx::currentSpace(database_) != space_) {
+  const bool listing = !listed();
+  if (arx::currentSpace(database_) != space_ || (listing && !changed_.empty())) {
     start();
     damage.all = true;
   }
-  takeChanges(damage);
+  if (!listed()) listEntities(deadline);
+  if (!listed()) return damage;
+  if (listing) damage.all = true;
+  takeChanges(damage, deadline);
   if (sample_.stale && nextToBuild_ < buildOrder_.size() &&
       chunks_.size() * kChunkEntities > kManyEntities) {
     makeSample(deadline);
     damage.all = true;
     return damage;
   }
+  buildNext(damage, deadline);
+  return damage;
+}
+
+void DisplayList::buildNext(Damage& damage, Clock::time_point deadline) {
   while (nextToBuild_ < buildOrder_.size()) {
     const std::size_t number = buildOrder_[nextToBuild_++];
     if (chunks_[number].stale) build(number);
@@ -209,10 +225,9 @@ DisplayList::Damage DisplayList::work(Clock::time_point deadline) {
     if (last && (buildingAgain_ || chunks_.size() > 1)) damage.all = true;
     if (Clock::now() >= deadline) break;
   }
-  return damage;
 }
 
-void DisplayList::takeChanges(Damage& damage) {
+void DisplayList::takeChanges(Damage& damage, Clock::time_point deadline) {
   if (changed_.empty()) return;
   std::vector<RecordIndex> changed = std::move(changed_);
   changed_.clear();
@@ -220,7 +235,12 @@ void DisplayList::takeChanges(Damage& damage) {
   const auto twice = std::ranges::unique(changed);
   changed.erase(twice.begin(), twice.end());
   bool all = false;
-  for (const RecordIndex record : changed) all = !takeChange(record, damage) || all;
+  for (std::size_t i = 0; i < changed.size();) {
+    all = !takeChange(changed[i++], damage) || all;
+    if (i % kStride != 0 || Clock::now() < deadline) continue;
+    changed_.assign(changed.begin() + static_cast<std::ptrdiff_t>(i), changed.end());
+    break;
+  }
   if (all) buildAllAgain();
   if (damage.boxes.size() <= kMostBoxes) return;
   Box whole;

@@ -39,7 +39,7 @@ struct Chunk {
 
 /// The current space of a drawing as shapes. It follows the drawing's changes: an entity that
 /// changed is read again, what depends on a changed layer or block is built anew in parts. Nothing
-/// is read but in work() and upToDate(), when nobody changes the drawing.
+/// is read but in work() and shapesOf(), when nobody changes the drawing.
 class DisplayList : private dxf::StoreListener {
  public:
   /// The database must outlive this.
@@ -58,7 +58,11 @@ class DisplayList : private dxf::StoreListener {
   /// Takes over changes and goes on building until about `deadline`.
   Damage work(Clock::time_point deadline);
   /// Whether there is nothing left to build.
-  bool complete() const { return nextToBuild_ == buildOrder_.size() && changed_.empty(); }
+  bool complete() const {
+    return listed() && nextToBuild_ == buildOrder_.size() && changed_.empty();
+  }
+  /// Whether it is known what there is; before that nothing shows.
+  bool listed() const { return nextToList_ == dxf::kNoRecord; }
 
   const std::vector<Chunk>& chunks() const { return chunks_; }
   /// A thin selection of a large drawing, to be shown until it is complete.
@@ -87,13 +91,15 @@ class DisplayList : private dxf::StoreListener {
   void afterChange(dxf::RecordIndex record) override;
 
   void start();
+  void listEntities(Clock::time_point deadline);
   void makeSample(Clock::time_point deadline);
   void build(std::size_t chunk);
   void buildAllAgain();
   /// The writer's shapes are those given.
   Shown read(dxf::RecordIndex record, Shapes& shapes, ShapeWriter& writer);
   void draw(dxf::RecordIndex record, dxf::RecordIndex part, ShapeWriter& writer);
-  void takeChanges(Damage& damage);
+  void buildNext(Damage& damage, Clock::time_point deadline);
+  void takeChanges(Damage& damage, Clock::time_point deadline);
   bool takeChange(dxf::RecordIndex record, Damage& damage);
   void readAgain(PlaceOf place, Damage& damage);
   dxf::RecordIndex entityOf(dxf::RecordIndex record) const;
@@ -109,6 +115,7 @@ class DisplayList : private dxf::StoreListener {
   Chunk sample_;
   Shapes scratch_;               ///< of the chunk that is being built: has the room that they need
   std::vector<PlaceOf> places_;  ///< by record
+  dxf::RecordIndex nextToList_ = dxf::kNoRecord;
   std::vector<std::size_t> buildOrder_;
   std::size_t nextToBuild_ = 0;
   bool buildingAgain_ = false;  ///< the chunks show already, though not as they should

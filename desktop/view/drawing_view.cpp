@@ -22,8 +22,6 @@ using std::chrono::milliseconds;
 
 /// What a refresh takes at most, so that the user's next act comes soon.
 constexpr milliseconds kSlice{8};
-/// Until a drawing is seen for the first time, a little more.
-constexpr milliseconds kFirstSlice{60};
 constexpr double kWheelStep = 1.25;
 constexpr double kExtentsMargin = 1.04;
 constexpr double kKeyPan = 0.125;  ///< share of the window
@@ -120,11 +118,10 @@ void DrawingView::Shown::refresh() {
   }
   picture_.setFrame(pixels);
   if (list_ != nullptr) {
-    const Clock::time_point now = Clock::now();
-    const DisplayList::Damage damage = list_->work(now + (first ? kFirstSlice : kSlice));
+    const DisplayList::Damage damage = list_->work(Clock::now() + kSlice);
     if (damage.any()) overlay_.forget();
     picture_.damage(damage);
-    changed = picture_.work(Clock::now() + (first ? kFirstSlice : kSlice)) || changed;
+    if (list_->listed()) changed = picture_.work(Clock::now() + kSlice) || changed;
   }
   const bool hovers = cursor && !boxFrom && !pannedFrom && !zoomWindow;
   changed = overlay_.refresh(list_, pixels, hovers, Clock::now() + kSlice) || changed;

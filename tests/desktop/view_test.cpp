@@ -15,6 +15,7 @@
 #include "platform/arx/editor/editor.h"
 #include "platform/arx/editor/host/prompt_view.h"
 #include "platform/arx/editor/host_api.h"
+#include "platform/arx/lists/entity_lists.h"
 
 namespace kovra::desktop {
 namespace {
@@ -302,6 +303,47 @@ TEST_F(ViewTest, ADragShowsWhatMoves) {
          EXPECT_EQ(status_, RTCAN);
          EXPECT_EQ(ink(250, 110), 0);
        }});
+}
+
+/// Copies wait far off until they are dragged. Many of them are painted in slices and then moved.
+TEST_F(ViewTest, ManyThatLieOutOfSightShowWhereTheyAreDragged) {
+  const auto point = [this](double x, double y) {
+    return [=, this] { QTest::mouseMove(view_.get(), at(x, y)); };
+  };
+  host::bindCommand(L"MANY", [this] {
+    constexpr double kAway = 9999;
+    constexpr int kMany = 2000;
+    ads_name set;
+    ads_name last;
+    acedSSAdd(nullptr, nullptr, set);
+    for (int i = 0; i < kMany; ++i) {
+      const ads_point from = {-kAway, i % 50 - kAway, 0};
+      const ads_point to = {5 - kAway, i % 50 - kAway, 0};
+      resbuf* line = acutBuildList(RTDXF0, L"LINE", 10, from, 11, to, RTNONE);
+      acdbEntMake(line);
+      acutRelRb(line);
+      acdbEntLast(last);
+      acedSSAdd(last, set, set);
+    }
+    const auto back = [](ads_point cursor, ads_matrix transform) {
+      for (int axis = 0; axis < 2; ++axis) transform[axis][3] = cursor[axis] + kAway;
+      return RTNORM;
+    };
+    status_ = acedDragGen(set, L"Drag: ", 0, back, point_);
+    acedSSFree(set);
+  });
+  run({type(L"MANY\n"), point(250, 100),
+       [this] {
+         EXPECT_GT(ink(252, 101), 0);
+         EXPECT_GT(ink(252, 148), 0);
+         EXPECT_EQ(ink(242, 110), 0);
+       },
+       point(150, 100),
+       [this] {
+         EXPECT_EQ(ink(252, 120), 0);
+         EXPECT_GT(ink(152, 120), 0);
+       },
+       key(Qt::Key_Escape)});
 }
 
 }  // namespace
