@@ -38,6 +38,8 @@ constexpr std::array kRows{
     CaptionRow{kZoomWindow, {"Zoom &window", "窓ズーム(&W)"}},
     CaptionRow{kToolBar, {"&Toolbar", "ツールバー(&T)"}},
     CaptionRow{kHelpContents, {"&Contents", "目次(&C)"}},
+    CaptionRow{kBack, {"Back", "戻る"}},
+    CaptionRow{kForward, {"Forward", "進む"}},
     CaptionRow{kAbout, {"&About Kovra", "Kovra について(&A)"}},
     CaptionRow{kCommandLine, {"Command line", "コマンドライン"}},
     CaptionRow{kProject, {"Project", "プロジェクト"}},

@@ -36,6 +36,8 @@ enum class Caption {
   kZoomWindow,
   kToolBar,
   kHelpContents,
+  kBack,
+  kForward,
   kAbout,
   kCommandLine,
   kProject,

@@ -69,7 +69,7 @@ void DrawingFiles::openNew() {
 
 void DrawingFiles::chooseAndOpen() {
   const QStringList files = QFileDialog::getOpenFileNames(
-      &window_, {}, usualFolder(),
+      &window_, sayPlain(Caption::kOpen), usualFolder(),
       say(Caption::kDrawings) + QStringLiteral(";;") + say(Caption::kAllFiles));
   for (const QString& file : files)
     if (!open(file)) return;
@@ -95,7 +95,8 @@ bool DrawingFiles::saveAs(DrawingId id) {
   const QString begin = drawing->file.empty()
                             ? usualFolder() + QLatin1Char('/') + toQt(drawing->title)
                             : QString::fromStdString(drawing->file.string());
-  const QString name = QFileDialog::getSaveFileName(&window_, {}, begin, say(Caption::kDrawings));
+  const QString name = QFileDialog::getSaveFileName(&window_, sayPlain(Caption::kSaveAs), begin,
+                                                    say(Caption::kDrawings));
   if (name.isEmpty()) return false;
   const std::filesystem::path file = toPath(withEnding(name, ".dxf"));
   const auto saved = editor::saveDrawing(
@@ -155,7 +156,8 @@ void DrawingFiles::plot() {
   if (!drawing) return;
   const QString begin = usualFolder() + QLatin1Char('/') +
                         QFileInfo(toQt(drawing->title)).completeBaseName() + QStringLiteral(".svg");
-  const QString name = QFileDialog::getSaveFileName(&window_, {}, begin, say(Caption::kPictures));
+  const QString name = QFileDialog::getSaveFileName(&window_, sayPlain(Caption::kPlot), begin,
+                                                    say(Caption::kPictures));
   if (name.isEmpty()) return;
   // The picture shows the drawing as it is here, saved or not.
   const QTemporaryDir folder;
