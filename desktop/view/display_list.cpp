@@ -99,7 +99,8 @@ void DisplayList::start() {
   changed_.clear();
   chunks_.clear();
   sample_ = Chunk();
-  places_.assign(database_.store().count(), {});
+  places_.clear();
+  places_.reserve(database_.store().count());
   nextToList_ = database_.structure().firstEntity(space_);
   buildOrder_.clear();
   nextToBuild_ = 0;
@@ -376,7 +377,10 @@ DisplayList::PlaceOf DisplayList::placeOf(RecordIndex record) const {
 }
 
 void DisplayList::setPlace(RecordIndex record, PlaceOf place) {
-  if (record >= places_.size()) places_.resize(record + record / 8 + 64);
+  constexpr std::size_t kMore = 4096;  // all of a large drawing at once takes long
+  if (record >= places_.capacity()) places_.reserve(record + record / 8 + kMore);
+  if (record >= places_.size())
+    places_.resize(std::min<std::size_t>(record + kMore, places_.capacity()));
   places_[record] = place;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "desktop/view/shape_painter.h"
 
@@ -48,12 +49,12 @@ DrawingPicture::Task DrawingPicture::wholeTask(const QRect& clip) const {
   return {clip, 0, list_ != nullptr ? list_->chunks().size() : 0};
 }
 
-DrawingPicture::Layer DrawingPicture::newLayer() const {
+DrawingPicture::Layer DrawingPicture::newLayer(QImage image) const {
   Layer layer;
   layer.frame = frame_;
-  layer.image =
-      QImage(std::max(1, static_cast<int>(std::lround(frame_.width))),
-             std::max(1, static_cast<int>(std::lround(frame_.height))), QImage::Format_RGB32);
+  const QSize size(std::max(1, static_cast<int>(std::lround(frame_.width))),
+                   std::max(1, static_cast<int>(std::lround(frame_.height))));
+  layer.image = image.size() == size ? std::move(image) : QImage(size, QImage::Format_RGB32);
   layer.smooth =
       list_ == nullptr || !hasMany(*list_, frame_.toWorld(QRectF(layer.image.rect())), kMostSmooth);
   layer.tasks.push_back(wholeTask(layer.image.rect()));
@@ -62,7 +63,7 @@ DrawingPicture::Layer DrawingPicture::newLayer() const {
 
 void DrawingPicture::show(const DisplayList* list) {
   list_ = list;
-  front_ = newLayer();
+  front_ = newLayer(std::exchange(front_.image, {}));
   front_.image.fill(kGround);
   next_.reset();
 }

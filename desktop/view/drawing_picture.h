@@ -50,7 +50,8 @@ class DrawingPicture {
     std::deque<Task> tasks;
     bool smooth = true;
   };
-  Layer newLayer() const;
+  /// `image` is taken if it has the size.
+  Layer newLayer(QImage image = {}) const;
   Task wholeTask(const QRect& clip) const;
   void restart();
   bool paintTasks(Layer& layer, Clock::time_point deadline);
