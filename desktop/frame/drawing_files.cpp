@@ -31,7 +31,7 @@ void note(Caption caption, const std::string& file) {
 /// Where dialogs begin: beside the drawing, else in the project.
 QString usualFolder() {
   if (const auto drawing = findDrawing(editor::currentDrawing()); drawing && !drawing->file.empty())
-    return QString::fromStdString(drawing->file.parent_path().string());
+    return QFileInfo(QString::fromStdString(drawing->file.string())).absolutePath();
   return QString::fromStdString(win::runSettings().projectFolder.string());
 }
 
