@@ -41,7 +41,7 @@ pictures: demo
 	tools/make_window_picture.py $(BUILD)/bin/kovra-desktop examples/panel docs/desktop.png
 
 test: build
-	ctest --test-dir $(BUILD) --output-on-failure
+	ctest --test-dir $(BUILD) -j2 --output-on-failure
 
 # Opens and saves every drawing below DIR and compares the bytes: make corpus DIR=/some/drawings
 corpus: build

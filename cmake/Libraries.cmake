@@ -26,5 +26,6 @@ function(kovra_tests name)
   # Assertions on pointers end a test, which the compiler can't see.
   set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -Wno-null-dereference)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 1800)
+  # Programs that they start look fonts up, too.
+  set_tests_properties(${name} PROPERTIES TIMEOUT 3600 ENVIRONMENT "${KOVRA_LEAK_OPTIONS}")
 endfunction()

@@ -28,11 +28,13 @@ void note(Caption caption, const std::string& file) {
   win::interaction().print(say(caption).arg(QString::fromStdString(file)).toStdString() + "\n");
 }
 
-/// Where dialogs begin: beside the drawing, else in the project.
+/// Where dialogs begin: beside the drawing, else in the project, else where the program was
+/// started.
 QString usualFolder() {
   if (const auto drawing = findDrawing(editor::currentDrawing()); drawing && !drawing->file.empty())
     return QFileInfo(QString::fromStdString(drawing->file.string())).absolutePath();
-  return QString::fromStdString(win::runSettings().projectFolder.string());
+  const std::filesystem::path& project = win::runSettings().projectFolder;
+  return project.empty() ? QDir::currentPath() : QString::fromStdString(project.string());
 }
 
 QString withEnding(QString name, const char* ending) {
