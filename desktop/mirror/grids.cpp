@@ -88,8 +88,9 @@ class GridView : public QTableView {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
+    // The view itself would make the cell active with any button.
+    if (event->button() != Qt::LeftButton) return event->accept();
     QTableView::mousePressEvent(event);
-    if (event->button() != Qt::LeftButton) return;
     pressed_ = cellAt(event->pos());
     if ((event->modifiers() & Qt::ShiftModifier) != 0 && active_.row > 0) pressed_ = active_;
   }

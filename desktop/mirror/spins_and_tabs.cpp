@@ -3,6 +3,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "desktop/loop/texts.h"
 #include "desktop/mirror/acts.h"
@@ -63,21 +64,31 @@ class ArrowsMirror : public ControlMirror {
 /// Tabs as high as the control in memory makes them, for the page begins below.
 class TabBar : public QTabBar {
  public:
-  explicit TabBar(int height) : height_(height) {}
+  TabBar(HWND window, int height) : window_(window), height_(height) {}
 
  protected:
+  /// Turns to the next tab as others do, but in memory first.
+  void wheelEvent(QWheelEvent* event) override {
+    event->accept();
+    if (event->angleDelta().isNull()) return;
+    const bool back = event->angleDelta().y() + event->angleDelta().x() > 0;
+    const int index = currentIndex() + (back ? -1 : 1);
+    if (index < 0 || index >= count()) return;
+    addAct(window_, [window = window_, index] { return win::chooseIndex(window, index); });
+  }
   QSize tabSizeHint(int index) const override {
     return {QTabBar::tabSizeHint(index).width(), height_};
   }
 
  private:
+  HWND window_;
   int height_;
 };
 
 class Tabs : public QTabWidget {
  public:
   Tabs(HWND window, QWidget* parent, int height) : QTabWidget(parent) {
-    setTabBar(new TabBar(height));
+    setTabBar(new TabBar(window, height));
     tabBar()->setFocusPolicy(Qt::TabFocus);
     setFocusPolicy(Qt::NoFocus);
     QObject::connect(tabBar(), &QTabBar::tabBarClicked, [window](int index) {
